@@ -1,0 +1,167 @@
+#include "platform/controls.h"
+
+#include <algorithm>
+
+#include "platform/form.h"
+
+namespace kavr6 {
+
+void TextBox::SetText(const std::string& text) {
+  if (text_ == text) return;
+  text_ = text;
+  selStart_ = std::min(selStart_, text_.size());
+  selLength_ = std::min(selLength_, text_.size() - selStart_);
+  Changed();
+  Change.Raise();
+}
+
+void TextBox::SetSelection(std::size_t start, std::size_t length) {
+  selStart_ = std::min(start, text_.size());
+  selLength_ = std::min(length, text_.size() - selStart_);
+  Changed();
+}
+
+void TextBox::Type(const std::string& text) {
+  if (!Usable()) return;
+  Focus();
+  selStart_ = text.size();
+  selLength_ = 0;
+  SetText(text);
+}
+
+void ClickableControl::Click() {
+  if (!Usable()) return;
+  Focus();
+  Clicked.Raise();
+}
+
+void CheckBox::Click() {
+  if (!Usable()) return;
+  Focus();
+  SetValue(!value_);
+}
+
+OptionButton::OptionButton(Form& form, std::string name, OptionGroup& group)
+    : ClickableControl(form, std::move(name), ControlKind::OptionButton), group_(group) {
+  group_.members_.push_back(this);
+}
+
+void OptionButton::SetValue(bool value) {
+  if (value_ == value) return;
+  if (value) {
+    for (OptionButton* other : group_.members_) other->Assign(other->value_, false);
+  }
+  Assign(value_, value);
+  if (value) Clicked.Raise();
+}
+
+void OptionButton::Click() {
+  if (!Usable()) return;
+  Focus();
+  SetValue(true);
+}
+
+void ListBox::Clear() {
+  items_.clear();
+  listIndex_ = -1;
+  ++revision_;
+  Changed();
+}
+
+void ListBox::AddItem(const std::string& item, int data) {
+  items_.push_back({item, data, {}});
+  ++revision_;
+  Changed();
+}
+
+const ListBox::Row& ListBox::At(int index) const {
+  if (index < 0 || index >= Count()) RaiseInvalidProperty();
+  return items_[static_cast<std::size_t>(index)];
+}
+
+const std::string& ListBox::Item(int index) const { return At(index).text; }
+int ListBox::ItemData(int index) const { return At(index).data; }
+const std::string& ListBox::ItemToolTip(int index) const { return At(index).toolTip; }
+
+void ListBox::SetItemToolTip(int index, const std::string& text) {
+  if (At(index).toolTip == text) return;
+  items_[static_cast<std::size_t>(index)].toolTip = text;
+  ++revision_;
+  Changed();
+}
+
+void ListBox::SetListIndex(int index) {
+  if (index != -1) At(index);
+  if (Assign(listIndex_, index) && index != -1) Clicked.Raise();
+}
+
+std::string ListBox::Text() const { return listIndex_ < 0 ? std::string() : At(listIndex_).text; }
+
+void ListBox::Select(int index) {
+  if (!Usable()) return;
+  Focus();
+  SetListIndex(index);
+}
+
+void ListBox::DoubleClick(int index) {
+  if (!Usable()) return;
+  Select(index);
+  DoubleClicked.Raise();
+}
+
+bool Slider::Take(int value) { return Assign(value_, std::clamp(value, range_.min, range_.max)); }
+
+void Slider::SetValue(int value) {
+  if (Take(value)) Change.Raise();
+}
+
+void Slider::Scroll(int value) {
+  if (!Usable()) return;
+  Focus();
+  const int before = value_;
+  if (!Take(value)) return;
+  Scrolled.Raise();
+  // A handler of Scrolled that has put the slider elsewhere has raised Change for that place already.
+  if (value_ != before && value_ == std::clamp(value, range_.min, range_.max)) Change.Raise();
+}
+
+void PercentPanel::SetFloodPercent(int percent) { Assign(percent_, std::clamp(percent, 0, 100)); }
+
+Timer::~Timer() {
+  if (waiting_) Owner().Screen().Cancel(pending_);
+}
+
+void Timer::SetEnabled(bool enabled) {
+  if (Enabled() == enabled) return;
+  Control::SetEnabled(enabled);
+  Restart();
+}
+
+void Timer::SetInterval(int milliseconds) {
+  if (interval_ == milliseconds) return;
+  interval_ = milliseconds;
+  Restart();
+}
+
+void Timer::Restart() {
+  if (waiting_) Owner().Screen().Cancel(pending_);
+  waiting_ = Enabled() && interval_ > 0;
+  if (waiting_) pending_ = Owner().Screen().CallAfter(interval_ / 1000.0, [this] { Fire(); });
+}
+
+void Timer::Fire() {
+  waiting_ = false;
+  if (!running_) {
+    running_ = true;
+    try {
+      Tick.Raise();
+    } catch (...) {
+      running_ = false;
+      throw;
+    }
+    running_ = false;
+  }
+  if (!waiting_) Restart();
+}
+
+}  // namespace kavr6

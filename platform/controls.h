@@ -1,0 +1,302 @@
+// The control models that windows are made of.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/control.h"
+#include "platform/scheduler.h"
+
+namespace kavr6 {
+
+/// 0xBBGGRR: red in the low byte.
+using Colour = int;
+inline constexpr Colour kGreen = 49152;
+
+class Label : public Control {
+ public:
+  Label(Form& form, std::string name, std::string caption = {})
+      : Control(form, std::move(name), ControlKind::Label), caption_(std::move(caption)) {}
+  /// A doubled ampersand stands for one shown ampersand.
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(const std::string& caption) {
+    if (Assign(caption_, caption)) Change.Raise();
+  }
+  Event<> Change;
+
+ private:
+  std::string caption_;
+};
+
+class Frame : public Control {
+ public:
+  Frame(Form& form, std::string name) : Control(form, std::move(name), ControlKind::Frame) {}
+};
+
+class TextBox : public Control {
+ public:
+  TextBox(Form& form, std::string name) : Control(form, std::move(name), ControlKind::TextBox) {}
+  const std::string& Text() const { return text_; }
+  void SetText(const std::string& text);
+  /// Selection in characters of UTF-8 code units, from the start of the text.
+  std::size_t SelStart() const { return selStart_; }
+  std::size_t SelLength() const { return selLength_; }
+  void SetSelection(std::size_t start, std::size_t length);
+  Event<> Change;
+
+  /// The user enters the field and replaces what stands in it.
+  void Type(const std::string& text);
+
+ protected:
+  void Entered() override { SetSelection(0, text_.size()); }
+
+ private:
+  std::string text_;
+  std::size_t selStart_ = 0;
+  std::size_t selLength_ = 0;
+};
+
+/// What can be clicked. Takes the focus before the click counts.
+class ClickableControl : public Control {
+ public:
+  using Control::Control;
+  Event<> Clicked;
+  virtual void Click();
+};
+
+class Button : public ClickableControl {
+ public:
+  enum class Role { Plain, Default, Cancel };
+  Button(Form& form, std::string name, std::string caption = {}, Role role = Role::Plain)
+      : ClickableControl(form, std::move(name), ControlKind::Button),
+        caption_(std::move(caption)),
+        role_(role) {}
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(const std::string& caption) { Assign(caption_, caption); }
+  /// The default button is clicked by Enter, the cancel button by Esc.
+  Role ButtonRole() const { return role_; }
+
+ private:
+  std::string caption_;
+  Role role_;
+};
+
+/// A button that is a picture, with another picture while it is pressed.
+class ImageButton : public ClickableControl {
+ public:
+  ImageButton(Form& form, std::string name, std::string up, std::string down)
+      : ClickableControl(form, std::move(name), ControlKind::ImageButton),
+        up_(std::move(up)),
+        down_(std::move(down)),
+        picture_(up_) {}
+  /// Name of the picture on show.
+  const std::string& Picture() const { return picture_; }
+  void MouseDown() {
+    if (Usable()) Assign(picture_, down_);
+  }
+  void MouseUp() { Assign(picture_, up_); }
+
+ private:
+  std::string up_;
+  std::string down_;
+  std::string picture_;
+};
+
+class HotSpot : public ClickableControl {
+ public:
+  HotSpot(Form& form, std::string name) : ClickableControl(form, std::move(name), ControlKind::HotSpot) {}
+};
+
+/// A menu command. It does not take the focus.
+class MenuItem : public Control {
+ public:
+  MenuItem(Form& form, std::string name, std::string caption)
+      : Control(form, std::move(name), ControlKind::MenuItem), caption_(std::move(caption)) {}
+  const std::string& Caption() const { return caption_; }
+  Event<> Clicked;
+  void Click() {
+    if (Usable()) Clicked.Raise();
+  }
+
+ private:
+  std::string caption_;
+};
+
+class CheckBox : public ClickableControl {
+ public:
+  CheckBox(Form& form, std::string name) : ClickableControl(form, std::move(name), ControlKind::CheckBox) {}
+  bool Value() const { return value_; }
+  void SetValue(bool value) {
+    if (Assign(value_, value)) Clicked.Raise();
+  }
+  void Click() override;
+
+ private:
+  bool value_ = false;
+};
+
+class OptionButton;
+
+/// The option buttons of which one at most is set.
+class OptionGroup {
+ private:
+  friend class OptionButton;
+  std::vector<OptionButton*> members_;
+};
+
+class OptionButton : public ClickableControl {
+ public:
+  OptionButton(Form& form, std::string name, OptionGroup& group);
+  bool Value() const { return value_; }
+  /// Setting it clears the others of the group without a click of theirs, then raises its own.
+  void SetValue(bool value);
+  void Click() override;
+
+ private:
+  OptionGroup& group_;
+  bool value_ = false;
+};
+
+/// A list or a drop-down list.
+class ListBox : public Control {
+ public:
+  ListBox(Form& form, std::string name) : Control(form, std::move(name), ControlKind::ListBox) {}
+  void Clear();
+  void AddItem(const std::string& item, int data = 0);
+  int Count() const { return static_cast<int>(items_.size()); }
+  /// `index` from 0 to Count() - 1, else RuntimeError.
+  const std::string& Item(int index) const;
+  int ItemData(int index) const;
+  const std::string& ItemToolTip(int index) const;
+  void SetItemToolTip(int index, const std::string& text);
+  /// -1: nothing is selected.
+  int ListIndex() const { return listIndex_; }
+  /// From -1 to Count() - 1, else RuntimeError. A change raises Clicked, unless it takes the selection away.
+  void SetListIndex(int index);
+  /// Text of the selected row, empty without one.
+  std::string Text() const;
+  /// Grows with every change of the rows, so that a view knows when to fill itself again.
+  int Revision() const { return revision_; }
+  Event<> Clicked;
+  Event<> DoubleClicked;
+
+  /// The user picks a row.
+  void Select(int index);
+  void DoubleClick(int index);
+
+ private:
+  struct Row {
+    std::string text;
+    int data = 0;
+    std::string toolTip;
+  };
+  const Row& At(int index) const;
+
+  std::vector<Row> items_;
+  int listIndex_ = -1;
+  int revision_ = 0;
+};
+
+struct SliderRange {
+  int min = 0;
+  int max = 10;
+  int smallStep = 1;
+  int largeStep = 5;
+  int tickSpacing = 1;
+};
+
+class Slider : public Control {
+ public:
+  Slider(Form& form, std::string name, SliderRange range)
+      : Control(form, std::move(name), ControlKind::Slider), range_(range), value_(range.min) {}
+  const SliderRange& Range() const { return range_; }
+  int Value() const { return value_; }
+  /// A value beyond the range is brought to its nearer end.
+  void SetValue(int value);
+  Event<> Change;
+  /// Raised before Change, and only by a user's move.
+  Event<> Scrolled;
+  /// The user moves the slider.
+  void Scroll(int value);
+
+ private:
+  bool Take(int value);
+
+  SliderRange range_;
+  int value_;
+};
+
+/// A named picture of the artwork; an empty name shows nothing.
+class Picture : public Control {
+ public:
+  Picture(Form& form, std::string name, std::string image = {})
+      : Control(form, std::move(name), ControlKind::Picture), image_(std::move(image)) {}
+  const std::string& Image() const { return image_; }
+  void SetImage(const std::string& image) { Assign(image_, image); }
+
+ private:
+  std::string image_;
+};
+
+class Lamp : public Control {
+ public:
+  enum class State { Off, Green, Yellow, Red };
+  Lamp(Form& form, std::string name) : Control(form, std::move(name), ControlKind::Lamp) {}
+  State Light() const { return light_; }
+  void SetLight(State light) { Assign(light_, light); }
+
+ private:
+  State light_ = State::Off;
+};
+
+/// A bar from 0 to 100 percent.
+class PercentPanel : public Control {
+ public:
+  PercentPanel(Form& form, std::string name) : Control(form, std::move(name), ControlKind::PercentPanel) {}
+  int FloodPercent() const { return percent_; }
+  /// Held within 0 to 100.
+  void SetFloodPercent(int percent);
+  Colour FloodColor() const { return colour_; }
+  void SetFloodColor(Colour colour) { Assign(colour_, colour); }
+
+ private:
+  int percent_ = 0;
+  Colour colour_ = kGreen;
+};
+
+/// A line on the drive picture from a connector to the part of the setup that it stands for.
+class ConnectorLine : public Control {
+ public:
+  ConnectorLine(Form& form, std::string name) : Control(form, std::move(name), ControlKind::ConnectorLine) {}
+  Colour BorderColor() const { return colour_; }
+  void SetBorderColor(Colour colour) { Assign(colour_, colour); }
+
+ private:
+  Colour colour_ = 0x808080;
+};
+
+/// Fires again and again while it is enabled and its interval is above 0, and never while its own handler
+/// still runs. Enabling it and changing the interval start the interval anew.
+class Timer : public Control {
+ public:
+  Timer(Form& form, std::string name) : Control(form, std::move(name), ControlKind::Timer) {
+    SetEnabled(false);
+  }
+  ~Timer() override;
+  void SetEnabled(bool enabled);
+  /// Milliseconds.
+  int Interval() const { return interval_; }
+  void SetInterval(int milliseconds);
+  Event<> Tick;
+
+ private:
+  void Restart();
+  void Fire();
+
+  int interval_ = 0;
+  Scheduler::TaskId pending_ = 0;
+  bool waiting_ = false;
+  bool running_ = false;
+};
+
+}  // namespace kavr6

@@ -1,0 +1,84 @@
+// The windowing services of the machine, as the logic sees them.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "platform/message_box.h"
+#include "platform/runtime_error.h"
+#include "platform/scheduler.h"
+
+namespace kavr6 {
+
+class Form;
+
+/// Screen measures are in twips, 1440 to the inch.
+struct TwipSize {
+  int width = 0;
+  int height = 0;
+};
+
+struct ProgramVersion {
+  int major = 0;
+  int minor = 0;
+  int revision = 0;
+};
+
+/// Windows, boxes, the event pump and the end of the process.
+///
+/// The front window is the front one among the program's own windows: a message box or a file dialog is
+/// none of them, and switching to another program changes nothing.
+///
+/// Code after a pump, a box or a modal window must look at ports, windows and buffers anew.
+class Desktop : public Scheduler {
+ public:
+  /// Lets what is pending at this moment run, and returns.
+  virtual void PumpEvents() = 0;
+  /// Lets events run until `done` holds or `limit` seconds have passed, sleeping in between; `done` is asked
+  /// after each event. Returns what `done` said last.
+  virtual bool PumpEventsUntil(const std::function<bool()>& done, double limit) = 0;
+
+  /// Shows a box and waits for the answer; events keep running meanwhile.
+  virtual BoxAnswer Ask(const MessageBox& box) = 0;
+  virtual void Beep() = 0;
+  virtual bool ShiftDown() const = 0;
+  virtual TwipSize ScreenSize() const = 0;
+  virtual std::filesystem::path ProgramDirectory() const = 0;
+  virtual ProgramVersion Version() const = 0;
+  /// Ends the process at once, from whatever depth. Does not return.
+  [[noreturn]] virtual void EndProgram(int exitCode) = 0;
+
+  /// Shows a form that is not shown, or brings a shown one to the front. Used by Form.
+  void ShowForm(Form& form, bool modal);
+  /// Hides a form; the front goes to the form shown before it. Used by Form.
+  void HideForm(Form& form);
+  /// Takes a form that ends its life off the screen, without events. Used by Form.
+  void ForgetForm(Form& form);
+  /// Tells that the user has brought a shown form to the front. A form that is not shown is ignored.
+  void BroughtToFront(Form& form);
+  /// Name of the front window, empty without one.
+  std::string ActiveFormName() const;
+  /// The shown forms, the front one last.
+  const std::vector<Form*>& ShownForms() const { return shown_; }
+
+  /// Runs one event's work. A RuntimeError that leaves it is reported in a box and ends the program.
+  void Enter(const Task& work);
+  /// The report of an error that nobody handles: one box, then the end with exit code 1.
+  [[noreturn]] void ReportError(const RuntimeError& error);
+
+ protected:
+  virtual void OpenWindow(Form& form, bool modal) = 0;
+  virtual void CloseWindow(Form& form) = 0;
+
+ private:
+  void FrontChanged(Form* before);
+  Form* Front() const { return shown_.empty() ? nullptr : shown_.back(); }
+
+  std::vector<Form*> shown_;
+};
+
+/// The general wait: lets every user and port event run for `seconds`.
+void Delay(Desktop& desktop, double seconds);
+
+}  // namespace kavr6

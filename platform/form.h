@@ -1,0 +1,100 @@
+// A window's logic: its controls, its life, its focus.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/control.h"
+#include "platform/desktop.h"
+
+namespace kavr6 {
+
+/// Base of all windows. A window holds its controls as members and wires their events in its constructor.
+/// It is created hidden; what stands on the screen is made when it is first shown.
+class Form {
+ public:
+  Form(Desktop& desktop, std::string name);
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+  virtual ~Form();
+
+  const std::string& Name() const { return name_; }
+  Desktop& Screen() const { return desktop_; }
+  const std::vector<Control*>& Controls() const { return controls_; }
+  /// The control of that name, or null.
+  Control* Find(std::string_view name) const;
+
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(const std::string& caption);
+
+  /// Place and size in twips. A size below the least one is brought up to it.
+  int Left() const { return left_; }
+  int Top() const { return top_; }
+  int Width() const { return width_; }
+  int Height() const { return height_; }
+  int MinWidth() const { return minWidth_; }
+  int MinHeight() const { return minHeight_; }
+  /// False until the form has been given another size than it began with; its window's design decides then.
+  bool Sized() const { return sized_; }
+  void SetMinSize(int width, int height);
+  void Move(int left, int top);
+  void Resize(int width, int height);
+
+  /// Runs the load step of this window unless it has run before. Showing loads as well.
+  void EnsureLoaded();
+  /// True from the beginning of the load step.
+  bool Loaded() const { return loaded_; }
+  bool Visible() const { return visible_; }
+  void Show();
+  /// Shows the window and returns when it has been hidden again.
+  void ShowModal();
+  void Hide();
+  /// The user asks to close the window, by its frame or its system menu.
+  void RequestClose();
+  /// A typed character on its way to the focused control; true when the window keeps it for itself.
+  virtual bool KeyPressed(char /*character*/) { return false; }
+
+  Control* FocusedControl() const { return focused_; }
+
+  Event<> Activate;
+  Event<> Deactivate;
+
+  /// Called after caption, place, size or least size have changed.
+  void SetView(std::function<void()> refresh) { view_ = std::move(refresh); }
+
+ protected:
+  virtual void Load() {}
+  /// Answers a close request: true hides the window, false leaves it.
+  virtual bool MayClose() { return true; }
+
+ private:
+  friend class Control;
+  void Register(Control& control);
+  void MoveFocus(Control& control);
+  void Changed() const {
+    if (view_) view_();
+  }
+
+  Desktop& desktop_;
+  std::string name_;
+  std::string caption_;
+  std::vector<Control*> controls_;
+  Control* focused_ = nullptr;
+  int left_ = 0;
+  int top_ = 0;
+  int width_ = 6000;
+  int height_ = 4500;
+  int minWidth_ = 0;
+  int minHeight_ = 0;
+  bool sized_ = false;
+  bool loaded_ = false;
+  bool visible_ = false;
+  std::function<void()> view_;
+};
+
+/// Places `dialog` over the middle of `main`.
+void CenterOn(const Form& main, Form& dialog);
+/// Places `form` in the middle of the screen.
+void CenterOnScreen(Form& form);
+
+}  // namespace kavr6

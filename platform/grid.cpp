@@ -1,0 +1,53 @@
+#include "platform/grid.h"
+
+#include "platform/runtime_error.h"
+
+namespace kavr6 {
+
+Grid::Grid(Form& form, std::string name, int rows, int columns)
+    : Control(form, std::move(name), ControlKind::Grid),
+      rows_(rows),
+      columns_(columns),
+      content_(static_cast<std::size_t>(rows)),
+      widths_(static_cast<std::size_t>(columns)) {
+  for (Row& row : content_) row.cells.resize(static_cast<std::size_t>(columns));
+}
+
+const Grid::Row& Grid::RowAt(int row) const {
+  if (row < 0 || row >= rows_) RaiseSubscript();
+  return content_[static_cast<std::size_t>(row)];
+}
+
+const Grid::Cell& Grid::At(int row, int column) const {
+  if (column < 0 || column >= columns_) RaiseSubscript();
+  return RowAt(row).cells[static_cast<std::size_t>(column)];
+}
+
+void Grid::SetText(int row, int column, const std::string& text) { Assign(CellAt(row, column).text, text); }
+void Grid::SetPicture(int row, int column, const std::string& picture) {
+  Assign(CellAt(row, column).picture, picture);
+}
+void Grid::SetAlignment(int row, int column, Alignment alignment) {
+  Assign(CellAt(row, column).alignment, alignment);
+}
+void Grid::SetMergeRow(int row, bool merged) { Assign(RowAt(row).merged, merged); }
+void Grid::SetRowHeight(int row, int height) { Assign(RowAt(row).height, height); }
+
+int Grid::ColumnWidth(int column) const {
+  if (column < 0 || column >= columns_) RaiseSubscript();
+  return widths_[static_cast<std::size_t>(column)];
+}
+
+void Grid::SetColumnWidth(int column, int width) {
+  ColumnWidth(column);
+  Assign(widths_[static_cast<std::size_t>(column)], width);
+}
+
+void Grid::DoubleClick(int row) {
+  RowAt(row);
+  if (!Usable()) return;
+  Focus();
+  DoubleClicked.Raise(row);
+}
+
+}  // namespace kavr6

@@ -1,0 +1,59 @@
+// The grid control of the main screen.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/control.h"
+
+namespace kavr6 {
+
+/// A grid of text cells that cannot be edited. Rows can be merged: neighbouring cells of such a row that hold
+/// the same text are shown as one. Cells outside the grid are a RuntimeError.
+class Grid : public Control {
+ public:
+  enum class Alignment { Left, Centre, Right };
+  struct Cell {
+    std::string text;
+    std::string picture;  ///< name in the artwork, behind the text
+    Alignment alignment = Alignment::Left;
+    bool operator==(const Cell&) const = default;
+  };
+
+  Grid(Form& form, std::string name, int rows, int columns);
+  int Rows() const { return rows_; }
+  int Columns() const { return columns_; }
+  const Cell& At(int row, int column) const;
+  const std::string& Text(int row, int column) const { return At(row, column).text; }
+  void SetText(int row, int column, const std::string& text);
+  void SetPicture(int row, int column, const std::string& picture);
+  void SetAlignment(int row, int column, Alignment alignment);
+  bool MergeRow(int row) const { return RowAt(row).merged; }
+  void SetMergeRow(int row, bool merged);
+  /// Twips; 0 leaves the height to the view.
+  int RowHeight(int row) const { return RowAt(row).height; }
+  void SetRowHeight(int row, int height);
+  int ColumnWidth(int column) const;
+  void SetColumnWidth(int column, int width);
+
+  /// Row of the last double click.
+  Event<int> DoubleClicked;
+  void DoubleClick(int row);
+
+ private:
+  struct Row {
+    std::vector<Cell> cells;
+    bool merged = false;
+    int height = 0;
+  };
+  const Row& RowAt(int row) const;
+  Row& RowAt(int row) { return const_cast<Row&>(std::as_const(*this).RowAt(row)); }
+  Cell& CellAt(int row, int column) { return const_cast<Cell&>(At(row, column)); }
+
+  int rows_;
+  int columns_;
+  std::vector<Row> content_;
+  std::vector<int> widths_;
+};
+
+}  // namespace kavr6

@@ -1,0 +1,90 @@
+// A desktop without a screen, on virtual time: for tests and benchmarks.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/desktop.h"
+
+namespace kavr6 {
+
+/// The scene that a test has set does not fit what the program does.
+class HeadlessFault : public std::logic_error {
+ public:
+  using std::logic_error::logic_error;
+};
+
+/// The program has ended itself.
+struct ProgramEnded {
+  int exitCode = 0;
+};
+
+/// How a test answers the next box.
+struct ExpectedBox {
+  std::string textPart;  ///< must stand in the box's text
+  BoxAnswer answer = BoxAnswer::Ok;
+  double after = 0.0;           ///< seconds for which the box stands open, events running
+  Scheduler::Task during = {};  ///< done while the box stands open, before the time passes
+};
+
+/// One queue, ordered by time and then by the order of entry, holds everything that will happen: timers, the
+/// simulated line, the user's actions. The clock moves only when nothing is due, straight to the next entry.
+class HeadlessDesktop : public Desktop {
+ public:
+  double Now() const override { return now_; }
+  TaskId CallAfter(double seconds, Task task) override;
+  void Cancel(TaskId id) override;
+  void PumpEvents() override;
+  /// Waiting for ever with nothing left to happen is a HeadlessFault that names the front window.
+  bool PumpEventsUntil(const std::function<bool()>& done, double limit) override;
+  /// Answered by the next expected box; without one, or with another text, a HeadlessFault.
+  BoxAnswer Ask(const MessageBox& box) override;
+  void Beep() override { ++beeps_; }
+  bool ShiftDown() const override { return shift_; }
+  TwipSize ScreenSize() const override { return screen_; }
+  std::filesystem::path ProgramDirectory() const override { return directory_; }
+  ProgramVersion Version() const override { return version_; }
+  /// Throws ProgramEnded.
+  [[noreturn]] void EndProgram(int exitCode) override;
+
+  void Expect(ExpectedBox box) { expected_.push_back(std::move(box)); }
+  /// From now on a box that nobody expects is answered with OK or Yes.
+  void AnswerAnything() { answerAnything_ = true; }
+  /// All boxes shown so far.
+  const std::vector<MessageBox>& Boxes() const { return boxes_; }
+  /// HeadlessFault when an expected box has not come.
+  void CheckNothingLeft() const;
+
+  int Beeps() const { return beeps_; }
+  void SetShift(bool down) { shift_ = down; }
+  void SetScreen(TwipSize screen) { screen_ = screen; }
+  void SetProgramDirectory(std::filesystem::path directory) { directory_ = std::move(directory); }
+  void SetVersion(ProgramVersion version) { version_ = version; }
+
+ protected:
+  void OpenWindow(Form&, bool) override {}
+  void CloseWindow(Form&) override {}
+
+ private:
+  void RunFirst();
+
+  std::map<std::pair<double, TaskId>, Task> queue_;
+  std::map<TaskId, double> times_;
+  double now_ = 0.0;
+  TaskId lastId_ = 0;
+  int runsAtThisTime_ = 0;
+  std::deque<ExpectedBox> expected_;
+  std::vector<MessageBox> boxes_;
+  bool answerAnything_ = false;
+  int beeps_ = 0;
+  bool shift_ = false;
+  TwipSize screen_{20490, 11520};
+  std::filesystem::path directory_ = ".";
+  ProgramVersion version_{1, 0, 0};
+};
+
+}  // namespace kavr6

@@ -1,0 +1,60 @@
+#include "platform/mscomm.h"
+
+#include <utility>
+
+#include "platform/runtime_error.h"
+
+namespace kavr6 {
+
+MSComm::~MSComm() {
+  if (notificationQueued_) scheduler_.Cancel(notification_);
+}
+
+void MSComm::SetCommPort(int number) {
+  if (open_) throw RuntimeError(8000, "The port cannot be changed while it is open");
+  if (number < 1 || number > 8) throw RuntimeError(8002, "Invalid port number");
+  commPort_ = number;
+}
+
+void MSComm::SetPortOpen(bool open) {
+  if (open == open_) {
+    if (open) throw RuntimeError(8005, "The port is already open");
+    return;
+  }
+  if (open) {
+    OpenDevice(commPort_);
+  } else {
+    CloseDevice();
+  }
+  buffer_.clear();
+  open_ = open;
+  StateChanged.Raise();
+}
+
+void MSComm::Output(std::span<const std::uint8_t> bytes) {
+  if (open_) Send(bytes);
+}
+
+void MSComm::Output(std::string_view text) {
+  Output(std::span(reinterpret_cast<const std::uint8_t*>(text.data()), text.size()));
+}
+
+Bytes MSComm::Input() { return std::exchange(buffer_, {}); }
+
+void MSComm::Arrived(std::span<const std::uint8_t> bytes) {
+  buffer_.insert(buffer_.end(), bytes.begin(), bytes.end());
+  if (threshold_ == 0 || InBufferCount() < threshold_ || notificationQueued_) return;
+  notificationQueued_ = true;
+  notification_ = scheduler_.Post([this] { Notify(); });
+}
+
+void MSComm::LineLost() {
+  if (open_) SetPortOpen(false);
+}
+
+void MSComm::Notify() {
+  notificationQueued_ = false;
+  if (threshold_ > 0 && InBufferCount() >= threshold_) OnComm.Raise(kEventReceive);
+}
+
+}  // namespace kavr6

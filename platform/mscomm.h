@@ -1,0 +1,84 @@
+// The serial control: one port, its receive buffer and its receive notification.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/event.h"
+#include "platform/scheduler.h"
+
+namespace kavr6 {
+
+using Bytes = std::vector<std::uint8_t>;
+
+/// A serial port in binary mode.
+///
+/// Arriving bytes wait in a buffer. When an arrival brings their number to RThreshold or above, the receive
+/// notification is queued; it is delivered from the event pump, at any depth of nesting, if by then the
+/// threshold still is not 0 and as many bytes still wait. A threshold of 0 turns it off. Raising or lowering
+/// the threshold notifies of nothing by itself.
+class MSComm {
+ public:
+  /// The event code of received data; the only one that is ever raised.
+  static constexpr int kEventReceive = 2;
+
+  explicit MSComm(Scheduler& scheduler) : scheduler_(scheduler) {}
+  MSComm(const MSComm&) = delete;
+  MSComm& operator=(const MSComm&) = delete;
+  virtual ~MSComm();
+
+  int CommPort() const { return commPort_; }
+  /// 1 to 8, with the port closed; else RuntimeError.
+  void SetCommPort(int number);
+  const std::string& Settings() const { return settings_; }
+  void SetSettings(const std::string& settings) { settings_ = settings; }
+  bool PortOpen() const { return open_; }
+  /// Opening a port that cannot be opened is a RuntimeError whose text is a plain sentence without its full
+  /// stop. Opening and closing empty the buffer; closing keeps RThreshold and ParityReplace.
+  void SetPortOpen(bool open);
+  int RThreshold() const { return threshold_; }
+  void SetRThreshold(int count) { threshold_ = count; }
+  /// Empty: bytes with parity errors are delivered unchanged.
+  void SetParityReplace(const std::string& replacement) { parityReplace_ = replacement; }
+
+  /// Queues bytes for sending and returns at once. With the port closed nothing is sent: a cable may be
+  /// pulled between any two statements of an exchange, whose wait then runs into its limit.
+  void Output(std::span<const std::uint8_t> bytes);
+  void Output(std::string_view text);
+  /// Takes all waiting bytes.
+  Bytes Input();
+  int InBufferCount() const { return static_cast<int>(buffer_.size()); }
+
+  Event<int> OnComm;
+  /// The port has been opened, closed, or lost.
+  Event<> StateChanged;
+  /// What a person calls the device behind port `number`, such as "/dev/ttyUSB0"; empty without one.
+  virtual std::string DeviceName(int number) const = 0;
+
+ protected:
+  virtual void OpenDevice(int number) = 0;
+  virtual void CloseDevice() = 0;
+  virtual void Send(std::span<const std::uint8_t> bytes) = 0;
+  /// For the implementation: bytes have come in.
+  void Arrived(std::span<const std::uint8_t> bytes);
+  /// For the implementation: the device is gone. Closes the port, quietly.
+  void LineLost();
+
+ private:
+  void Notify();
+
+  Scheduler& scheduler_;
+  int commPort_ = 1;
+  std::string settings_;
+  std::string parityReplace_;
+  int threshold_ = 0;
+  bool open_ = false;
+  Bytes buffer_;
+  bool notificationQueued_ = false;
+  Scheduler::TaskId notification_ = 0;
+};
+
+}  // namespace kavr6
