@@ -1,0 +1,40 @@
+// Conversions between numbers and between numbers and texts.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "core/settings.h"
+
+namespace kavr6 {
+
+/// Nearest integer, an exact half to the even neighbour. RuntimeError Overflow outside the result's range and
+/// for infinity or a not-a-number.
+Long ToLong(double value);
+Integer ToInteger(double value);
+/// 0 to 255, else RuntimeError Overflow.
+std::uint8_t ToByte(double value);
+/// `numerator / denominator`. A denominator of 0 is a RuntimeError: Division by zero, or Overflow for 0 / 0.
+double Divide(double numerator, double denominator);
+
+/// Shortest plain decimal text: at most 15 significant digits for a double, 7 for a float, no trailing zeros,
+/// exponent form such as 1E-05 below 1E-04 and from 1E+15. RuntimeError Overflow for what is not finite.
+std::string NumberText(double value);
+std::string NumberText(float value);
+std::string NumberText(Long value);
+
+/// A number by a picture such as "0.00", "#0.000" or "#.0##": 0 is a digit always shown, # one shown when
+/// significant. The decimal text of the value is rounded, a half away from zero.
+std::string FormatNumber(double value, std::string_view picture);
+std::string FormatNumber(float value, std::string_view picture);
+
+/// Character codes of a text, one byte each; a character without a code below 256 becomes "?".
+std::string CharacterCodes(std::string_view utf8);
+/// The one-character text of a code from 0 to 255.
+std::string CharacterOf(std::uint8_t code);
+/// Drops each character outside " " to "~", then the trailing blanks.
+std::string NoBadChars(std::string_view text);
+std::string TrimTrailingBlanks(std::string_view text);
+
+}  // namespace kavr6

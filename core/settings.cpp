@@ -1,0 +1,146 @@
+#include "core/settings.h"
+
+#include <array>
+
+namespace kavr6 {
+namespace {
+
+void InitMotor(MotorRecord& motor) {
+  motor.RatedCurrent = 2.0;
+  motor.RatedTorque = 118.0;
+  motor.RotorInertia = 300.0;
+  motor.MaxVoltsPct = 16000.0 / 170.0;
+  motor.MotorR = 3.6;
+  motor.MotorL = 10.0;
+  motor.MotorName = "custom motor";
+  motor.InertiaUnit = 1;
+  motor.LeadAngleDeg = 120;
+  motor.LeadAngleRps = 25;
+}
+
+void InitMotion(Settings& s) {
+  s.ControlMode = 7;
+  s.PowerUpMode = 21;
+  s.CmdScale = 10.0;
+  s.AnalogGain = 8000;
+  s.OpMode = 3;
+  s.StepsPerRev = 25000;
+  s.AnalogFilter = 500.0;
+  s.StepFilterFreq = 1000;
+  s.NoiseFilter = 1000;
+  s.MaxAccel = 3000.0;
+  s.MaxSpeed = 50.0;
+  s.Speed = 10.0;
+  s.Accel = 100.0;
+  s.Decel = 100.0;
+  s.RunStop = true;
+  s.Speed2 = 5.0;
+  s.AnalogTypeFlag = true;
+  s.AnalogRange = 1;
+  s.AnalogDeadband = 5;
+}
+
+void InitMotorUse(Settings& s) {
+  s.RunCurrent = 1.4;
+  s.IdlePercent = 50;
+  s.IdleDelay = 0.4;
+  s.LoadInertiaUnit = 1;
+  s.InertiaRatio = 1.0;
+  s.InertiaIsRatio = true;
+  s.SmoothingOn = true;
+  s.DampingOn = true;
+  s.MaxTorquePct = 100;
+  s.EncoderCounts = 4000;
+  s.StallFaultMs = 20;
+  s.StallSpeed = 25.0F;
+  s.StallAccel = 120.0F;
+  s.RegenOhms = 40.0;
+  s.RegenWatts = 50.0;
+  s.RegenSecs = 0.3125;
+}
+
+void InitConnections(Settings& s) {
+  s.BrakeDelay = 200;
+  s.BrakeEngage = 200;
+  s.RS485Addr = "!";
+  s.EnableMode = 3;
+  s.AlarmResetMode = 3;
+  s.AlarmOutMode = 3;
+  s.BrakeMode = 3;
+  s.MotionOutMode = 3;
+  s.LimitMode = 1;
+  s.ProtocolFlags = 1;
+  s.BitRateCode = 1;
+  s.SpareLong = 10;
+  s.TuneWord1 = 625;
+  s.TuneWord2 = 30;
+  s.TuneWord3 = 5000;
+  s.TuneWord4 = 250;
+  s.TuneWord5 = 250;
+}
+
+template <std::size_t N>
+std::string NameOf(const std::array<const char*, N>& names, int index) {
+  return index >= 0 && index < static_cast<int>(N) ? names[static_cast<std::size_t>(index)] : names.back();
+}
+
+std::string PulseName(Long pulseType) {
+  switch (pulseType) {
+    case 0:
+      return "Pulse && Direction";
+    case 2:
+      return "Quadrature Following";
+    default:
+      return "CW/CCW Pulse";
+  }
+}
+
+}  // namespace
+
+void InitVars(Settings& settings) {
+  settings = {};
+  InitMotor(settings);
+  InitMotion(settings);
+  InitMotorUse(settings);
+  InitConnections(settings);
+}
+
+void DecodeControlMode(Settings& settings) {
+  if (settings.ControlMode < 11 || settings.ControlMode > 18) return;
+  const Long options = settings.ControlMode - 11;
+  settings.ControlMode = 11;
+  settings.AnalogVelocity = (options & 4) == 0;
+  settings.TwoSpeeds = (options & 2) != 0;
+  settings.RunStop = (options & 1) != 0;
+}
+
+std::string ModeName(const Settings& settings, const std::string& present) {
+  switch (settings.OpMode) {
+    case 1:
+      return "Zu Program";
+    case 2:
+      return "VTL Mode";
+    case 4:
+      return "Zulink Hub";
+    case 7:
+      return "Wy Program";
+    case 3:
+      if (settings.ControlMode == 11) return "Velocity Mode";
+      if (settings.ControlMode == 7) return PulseName(settings.PulseType);
+      return present;
+    default:
+      return {};
+  }
+}
+
+std::string TorqueUnitName(int index) {
+  static constexpr std::array kNames{"oz in", "lb in", "g cm", "kg cm", "N m"};
+  return NameOf(kNames, index);
+}
+
+std::string InertiaUnitName(int index) {
+  static constexpr std::array kNames{"oz in sec2", "g cm2", "kg cm2", "kg m2"};
+  return NameOf(kNames, index);
+}
+
+}  // namespace kavr6
