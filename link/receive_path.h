@@ -1,0 +1,51 @@
+// Everything that the drive sends outside a block transfer arrives here.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "core/main_screen.h"
+#include "link/rx_ring.h"
+#include "platform/mscomm.h"
+
+namespace kavr6 {
+
+/// Splits the received bytes into reply text, which goes to GlobalBuffer, and three-byte binary messages,
+/// which go to HandleMsg; while a live tool is active and in front, every byte goes to that tool instead.
+class ReceivePath {
+ public:
+  using ProcessChar = std::function<void(char)>;
+
+  /// Takes over the receive notification of `comm`.
+  ReceivePath(MainScreen& screen, MSComm& comm);
+  ReceivePath(const ReceivePath&) = delete;
+  ReceivePath& operator=(const ReceivePath&) = delete;
+
+  /// The tool's window name and its sink, called once for each byte while LiveToolActive holds and the window
+  /// is the front one. Events are let through after each byte.
+  void AddLiveTool(const std::string& windowName, ProcessChar sink);
+  /// Called with the 14-bit alarm word of an alarm message, unless AlarmPopupOff holds.
+  std::function<void(int)> ServoError152;
+
+  /// Empties GlobalBuffer and the ring.
+  void Clear();
+  void HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b3);
+  RxRing& Ring() { return ring_; }
+
+ private:
+  void OnComm();
+  void FeedLiveTool();
+  void ScanRing();
+  void ScanForHeader();
+  void ScanForPacket();
+  void PowerUp(int revision, int model);
+
+  MainScreen& screen_;
+  MSComm& comm_;
+  RxRing ring_;
+  std::map<std::string, ProcessChar> tools_;
+};
+
+}  // namespace kavr6

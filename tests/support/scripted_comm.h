@@ -1,0 +1,82 @@
+// A serial port whose far end follows a script.
+#pragma once
+
+#include <map>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/mscomm.h"
+#include "platform/runtime_error.h"
+#include "platform/scheduler.h"
+
+namespace kavr6 {
+
+/// Bytes of a text; one with a zero byte inside needs a length or an sv literal.
+inline Bytes TextBytes(std::string_view text) { return {text.begin(), text.end()}; }
+
+class ScriptedComm : public MSComm {
+ public:
+  explicit ScriptedComm(Scheduler& scheduler) : MSComm(scheduler), scheduler_(scheduler) {}
+
+  /// Opening this port fails with `why` from now on.
+  void Refuse(int port, std::string why) { refused_[port] = std::move(why); }
+  void Accept(int port) { refused_.erase(port); }
+  void NameDevice(int port, std::string name) { names_[port] = std::move(name); }
+  std::string DeviceName(int number) const override {
+    const auto found = names_.find(number);
+    return found == names_.end() ? std::string() : found->second;
+  }
+  /// The ports opened so far, in order.
+  const std::vector<int>& Opened() const { return opened_; }
+
+  /// Bytes arrive now, or after a time. With the port closed by then they are lost.
+  void Feed(Bytes bytes, double after = 0.0) {
+    if (after > 0.0) {
+      scheduler_.CallAfter(after, [this, late = std::move(bytes)] { Feed(late); });
+    } else if (PortOpen()) {
+      Arrived(bytes);
+    }
+  }
+  void Feed(std::string_view text, double after = 0.0) { Feed(TextBytes(text), after); }
+  /// Each write of exactly `written` is answered after a time. A later script for it replaces this one.
+  void Reply(std::string_view written, std::string_view answer, double after = 0.01) {
+    replies_[std::string(written)] = {std::string(answer), after};
+  }
+  /// The adapter is pulled out.
+  void Unplug() { LineLost(); }
+
+  /// All that has been written since the last call.
+  std::string TakeWritten() { return std::exchange(written_, {}); }
+
+ protected:
+  void OpenDevice(int number) override {
+    if (const auto found = refused_.find(number); found != refused_.end())
+      throw RuntimeError(8005, found->second);
+    opened_.push_back(number);
+  }
+  void CloseDevice() override {}
+  void Send(std::span<const std::uint8_t> bytes) override {
+    const std::string text(bytes.begin(), bytes.end());
+    written_ += text;
+    if (const auto found = replies_.find(text); found != replies_.end())
+      Feed(found->second.text, found->second.after);
+  }
+
+ private:
+  struct Answer {
+    std::string text;
+    double after = 0.0;
+  };
+
+  Scheduler& scheduler_;
+  std::map<int, std::string> refused_;
+  std::map<int, std::string> names_;
+  std::map<std::string, Answer> replies_;
+  std::vector<int> opened_;
+  std::string written_;
+};
+
+}  // namespace kavr6
