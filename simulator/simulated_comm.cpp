@@ -1,0 +1,42 @@
+#include "simulator/simulated_comm.h"
+
+#include "platform/runtime_error.h"
+
+namespace kavr6 {
+
+SimulatedComm::SimulatedComm(Scheduler& scheduler) : MSComm(scheduler), line_(scheduler) {
+  line_.ToTool = [this](std::uint8_t byte) { Arrived(std::span(&byte, 1)); };
+  line_.HungUp = [this] { LineLost(); };
+}
+
+void SimulatedComm::Connect(int port, SimulatedDrive* drive) {
+  ports_[port] = {drive};
+  if (port == openPort_) line_.Connect(drive);
+}
+
+void SimulatedComm::Refuse(int port, const std::string& reason) { ports_[port].refusal = reason; }
+
+std::string SimulatedComm::DeviceName(int number) const {
+  return ports_.contains(number) ? "simulated port " + std::to_string(number) : std::string();
+}
+
+void SimulatedComm::OpenDevice(int number) {
+  const auto port = ports_.find(number);
+  if (port == ports_.end())
+    throw RuntimeError(8002, "There is no port COM" + std::to_string(number) + " on this machine");
+  if (port->second.refusal) throw RuntimeError(8005, *port->second.refusal);
+  openPort_ = number;
+  line_.Connect(port->second.drive);
+}
+
+void SimulatedComm::CloseDevice() {
+  openPort_ = 0;
+  line_.Connect(nullptr);
+}
+
+void SimulatedComm::Send(std::span<const std::uint8_t> bytes) {
+  written_.append(bytes.begin(), bytes.end());
+  line_.FromTool(bytes);
+}
+
+}  // namespace kavr6

@@ -1,0 +1,55 @@
+// The tool's end of a simulated serial line.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "platform/mscomm.h"
+#include "simulator/simulated_drive.h"
+#include "simulator/simulated_line.h"
+
+namespace kavr6 {
+
+/// Serial ports 1 to 8 of a machine, some with a drive behind them. Bytes travel at line speed in both
+/// directions. Closing the port or hanging up drops what is on the way.
+class SimulatedComm : public MSComm {
+ public:
+  explicit SimulatedComm(Scheduler& scheduler);
+
+  /// Puts a drive behind a port; while the port is open the drive's Transmit is taken over. Null leaves a
+  /// port that opens with nothing behind it. Ports never named cannot be opened. A connected drive must be
+  /// there whenever a port is opened or closed.
+  void Connect(int port, SimulatedDrive* drive);
+  /// The port exists and cannot be opened, with this text; Connect lifts that.
+  void Refuse(int port, const std::string& reason);
+
+  /// Of each direction the fault armed last counts.
+  void Arm(const FaultAt& fault) { line_.Arm(fault); }
+  void ClearFault() { line_.ClearFaults(); }
+  /// All bytes that the tool has written, in order, over all ports.
+  const std::string& Written() const { return written_; }
+  void ForgetWritten() { written_.clear(); }
+  /// The adapter is pulled out of the machine.
+  void Unplug() { LineLost(); }
+
+  std::string DeviceName(int number) const override;
+
+ protected:
+  void OpenDevice(int number) override;
+  void CloseDevice() override;
+  void Send(std::span<const std::uint8_t> bytes) override;
+
+ private:
+  struct Port {
+    SimulatedDrive* drive = nullptr;
+    std::optional<std::string> refusal = {};
+  };
+
+  std::map<int, Port> ports_;
+  SimulatedLine line_;
+  int openPort_ = 0;
+  std::string written_;
+};
+
+}  // namespace kavr6
