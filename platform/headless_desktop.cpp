@@ -25,10 +25,9 @@ void HeadlessDesktop::Cancel(TaskId id) {
 
 void HeadlessDesktop::RunFirst() {
   const auto first = queue_.begin();
-  const double time = std::max(now_, first->first.first);
-  runsAtThisTime_ = time > now_ ? 0 : runsAtThisTime_ + 1;
-  if (runsAtThisTime_ > kMostRunsAtOneTime) throw HeadlessFault("the same moment never ends");
-  now_ = time;
+  now_ = std::max(now_, first->first.first);
+  if (std::exchange(lastRun_, now_) != now_) runsAtThisTime_ = 0;
+  if (++runsAtThisTime_ > kMostRunsAtOneTime) throw HeadlessFault("the same moment never ends");
   const Task task = std::move(first->second);
   times_.erase(first->first.second);
   queue_.erase(first);

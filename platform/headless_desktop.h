@@ -76,6 +76,7 @@ class HeadlessDesktop : public Desktop {
   std::map<TaskId, double> times_;
   double now_ = 0.0;
   TaskId lastId_ = 0;
+  double lastRun_ = 0.0;
   int runsAtThisTime_ = 0;
   std::deque<ExpectedBox> expected_;
   std::vector<MessageBox> boxes_;

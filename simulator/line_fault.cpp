@@ -11,6 +11,7 @@ void FaultyWay::Arm(const FaultAt& fault) {
 
 void FaultyWay::ClearFault() {
   fault_.reset();
+  swapped_.reset();
   carried_ = 0;
   silent_ = false;
   delay_ = 0.0;
@@ -20,6 +21,7 @@ void FaultyWay::Carry(std::uint8_t byte) {
   if (silent_) return;
   if (!fault_ || carried_++ != fault_->byte) {
     Deliver(byte);
+    if (const auto before = std::exchange(swapped_, std::nullopt)) Deliver(*before);
     return;
   }
   Happen(*std::exchange(fault_, std::nullopt), byte);
@@ -49,6 +51,9 @@ void FaultyWay::Happen(const FaultAt& fault, std::uint8_t byte) {
       break;
     case LineFault::HangUp:
       beyond_(fault.fault);
+      break;
+    case LineFault::Swapped:
+      swapped_ = byte;
       break;
     case LineFault::Restart:
       Deliver(byte);

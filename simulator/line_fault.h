@@ -9,10 +9,10 @@
 
 namespace kavr6 {
 
-enum class LineFault { Lost, Doubled, Flipped, Inserted, Late, Silence, HangUp, Restart };
+enum class LineFault { Lost, Doubled, Flipped, Inserted, Late, Silence, HangUp, Restart, Swapped };
 
 /// One thing that goes wrong on the line, at one byte. Lost, HangUp and the first byte of a Silence do not
-/// arrive; a Restart of the drive comes just after the byte.
+/// arrive; a Restart of the drive comes just after the byte; Swapped puts the byte behind its successor.
 struct FaultAt {
   enum class Direction { ToDrive, ToTool };
   Direction direction = Direction::ToTool;
@@ -44,6 +44,7 @@ class FaultyWay {
   std::function<void(LineFault)> beyond_;
   ByteLine late_;
   std::optional<FaultAt> fault_;
+  std::optional<std::uint8_t> swapped_;
   int carried_ = 0;
   bool silent_ = false;
   double delay_ = 0.0;

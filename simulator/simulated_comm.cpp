@@ -1,12 +1,24 @@
 #include "simulator/simulated_comm.h"
 
+#include <utility>
+
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
 
-SimulatedComm::SimulatedComm(Scheduler& scheduler) : MSComm(scheduler), line_(scheduler) {
-  line_.ToTool = [this](std::uint8_t byte) { Arrived(std::span(&byte, 1)); };
+SimulatedComm::SimulatedComm(Scheduler& scheduler)
+    : MSComm(scheduler), scheduler_(scheduler), line_(scheduler) {
+  line_.ToTool = [this](std::uint8_t byte) { Gather(byte); };
   line_.HungUp = [this] { LineLost(); };
+}
+
+void SimulatedComm::Gather(std::uint8_t byte) {
+  gathered_.push_back(byte);
+  if (latency_ == 0.0) {
+    Arrived(std::exchange(gathered_, {}));
+  } else if (gathered_.size() == 1) {
+    scheduler_.CallAfter(latency_, [this] { Arrived(std::exchange(gathered_, {})); });
+  }
 }
 
 void SimulatedComm::Connect(int port, SimulatedDrive* drive) {
@@ -31,6 +43,7 @@ void SimulatedComm::OpenDevice(int number) {
 
 void SimulatedComm::CloseDevice() {
   openPort_ = 0;
+  gathered_.clear();
   line_.Connect(nullptr);
 }
 

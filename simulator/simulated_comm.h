@@ -30,6 +30,8 @@ class SimulatedComm : public MSComm {
   /// All bytes that the tool has written, in order, over all ports.
   const std::string& Written() const { return written_; }
   void ForgetWritten() { written_.clear(); }
+  /// The adapter gathers what comes in for this long, in seconds, and hands it over in one piece.
+  void SetLatency(double seconds) { latency_ = seconds; }
   /// The adapter is pulled out of the machine.
   void Unplug() { LineLost(); }
 
@@ -46,6 +48,11 @@ class SimulatedComm : public MSComm {
     std::optional<std::string> refusal = {};
   };
 
+  void Gather(std::uint8_t byte);
+
+  Scheduler& scheduler_;
+  double latency_ = 0.0;
+  Bytes gathered_;
   std::map<int, Port> ports_;
   SimulatedLine line_;
   int openPort_ = 0;
