@@ -1,0 +1,63 @@
+// Any bytes as the block that a drive has sent: they become settings within their limits, which can be
+// written again, or end in a RuntimeError.
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+
+#include "image/parameter_image.h"
+#include "platform/headless_desktop.h"
+#include "platform/runtime_error.h"
+#include "tests/support/catalogue.h"
+
+namespace kavr6 {
+namespace {
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+bool Within(Long value, Long least, Long most) { return value >= least && value <= most; }
+
+void RequireLimits(const Settings& s) {
+  Require(Within(s.IdlePercent, 0, 90) && Within(s.BitRateCode, 1, 5) && Within(s.MotionOutMode, 1, 8));
+  for (const Long code : {s.EnableMode, s.AlarmResetMode, s.AlarmOutMode, s.BrakeMode, s.LimitMode})
+    Require(Within(code, 1, 3));
+  Require(!Within(s.ControlMode, 12, 18) && (s.ProtocolFlags & ~0x37) == 0);
+  Require(s.NoiseFilter > 0 && s.RunCurrent > 0 && std::isfinite(s.AnalogFilter));
+  Require(!s.MotorName.empty() && s.MotorName.size() <= 13 && !s.RS485Addr.empty());
+}
+
+void UploadAndWriteAgain(std::span<const Byte> buffer) {
+  static HeadlessDesktop desktop;
+  static MainScreen screen(desktop);
+  static MemoryTable table = CatalogueTable();
+  table.MoveFirst();
+  MotorTable row(table);
+  Settings settings;
+  MotorCalculations calculations(settings, screen, row);
+  const UploadedMotor uploaded = DecodeImage(buffer, settings);
+  Require(buffer.size() >= 159 && Within(uploaded.ARfreq, 0, 65535) && uploaded.Motor.MotorName.size() <= 13);
+  RequireLimits(settings);
+
+  ParameterImage image{};
+  DownloadString(image, settings, row, calculations);
+  StoreChecksum(image);
+  Require(ChecksumHolds(image));
+  Settings again;
+  DecodeImage(image, again);
+  RequireLimits(again);
+  Require(again.Speed == settings.Speed && again.CmdScale == settings.CmdScale &&
+          again.RunCurrent == settings.RunCurrent && again.MotorName == settings.MotorName);
+}
+
+}  // namespace
+}  // namespace kavr6
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  try {
+    kavr6::UploadAndWriteAgain({data, size});
+  } catch (const kavr6::RuntimeError&) {
+    // The other allowed end.
+  }
+  return 0;
+}

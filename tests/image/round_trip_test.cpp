@@ -1,0 +1,207 @@
+#include <cmath>
+#include <random>
+
+#include "core/numbers.h"
+#include "image/image_layout.h"
+#include "tests/image/image_fixture.h"
+
+namespace kavr6 {
+namespace {
+
+/// What comes back within half a step, or as it was where there is no step.
+struct Survivor {
+  Field field;
+  double least, most, step;
+};
+const Survivor kSurvivors[] = {  // in the order of the image
+    {&S::MaxTorquePct, 0, 65535, 0},    {&S::Speed, 0, 270, 1 / 240.0},
+    {&S::StepFilterFreq, 0, 6553, 0},   {&S::DampingOn, 0, 1, 0},
+    {&S::SmoothingOn, 0, 1, 0},         {&S::LoadInertiaUnit, 0, 7, 0},
+    {&S::EncoderCW, 0, 1, 0},           {&S::InertiaIsRatio, 0, 1, 0},
+    {&S::RunCurrent, 0.1, 10, 0.01},    {&S::Speed2, 0, 270, 1 / 240.0},
+    {&S::MaxAccel, 0, 10900, 1 / 6.0},  {&S::StallDetect, 0, 1, 0},
+    {&S::StallPrevent, 0, 1, 0},        {&S::StallFaultOn, 0, 1, 0},
+    {&S::EncoderSingleEnded, 0, 1, 0},  {&S::EncoderCounts, 0, 65535, 0},
+    {&S::StallFaultMs, 0, 65535, 0},    {&S::CmdScale, -136, 136, 1 / 240.0},
+    {&S::CmdOffset, -16384, 16383, 0},  {&S::Accel, 0, 10900, 1 / 6.0},
+    {&S::Decel, 0, 10900, 1 / 6.0},     {&S::AnalogRange, 0, 127, 0},
+    {&S::AnalogTypeFlag, 0, 1, 0},      {&S::AnalogDeadband, 0, 255, 0},
+    {&S::BrakeDelay, 0, 65535, 0},      {&S::BrakeEngage, 0, 65535, 0},
+    {&S::PulseType, 0, 3, 0},           {&S::DirIsCW, 0, 1, 0},
+    {&S::StepsPerRev, 0, 65535, 0},     {&S::LimitMode, 1, 3, 0},
+    {&S::AnalogGain, -32768, 32767, 0}, {&S::TxDelay, 0, 65535, 0},
+    {&S::BitRateCode, 1, 5, 0},         {&S::RegenExternal, 0, 1, 0},
+    {&S::IdleDelay, 0, 65, 0.001},      {&S::TuneWord1, 0, 65535, 0},
+    {&S::TuneWord2, 0, 65535, 0},       {&S::TuneWord3, 0, 65535, 0},
+    {&S::TuneWord4, 0, 65535, 0},       {&S::TuneWord5, 0, 65535, 0},
+    {&S::HarmonicGain, 0, 65535, 0},    {&S::HarmonicPhase, -32768, 32767, 0},
+    {&S::RatedCurrent, 0, 655, 0.01},   {&S::TorqueUnit, 0, 255, 0},
+    {&S::InertiaUnit, 0, 255, 0},       {&S::RatedTorque, 1, 300, 1e-4},
+    {&S::RotorInertia, 10, 20000, .01}, {&S::MaxVoltsPct, 0, 6553, 0.1},
+    {&S::CustomMotor, 0, 1, 0}};
+/// Nothing but 3 for a hub.
+const Survivor kHubCodes[] = {{&S::EnableMode, 1, 3, 0},
+                              {&S::AlarmResetMode, 1, 3, 0},
+                              {&S::AlarmOutMode, 1, 3, 0},
+                              {&S::BrakeMode, 1, 3, 0},
+                              {&S::MotionOutMode, 1, 8, 0}};
+const Survivor kRegen[] = {
+    {&S::RegenWatts, 0, 65535, 1}, {&S::RegenOhms, 0, 65535, 1}, {&S::RegenSecs, 0, 16, 1 / 4000.0}};
+/// Sent in a way of their own, or not at all.
+const Survivor kOthers[] = {
+    {&S::TwoSpeeds, 0, 1, 0},         {&S::RunStop, 0, 1, 0},           {&S::AnalogVelocity, 0, 1, 0},
+    {&S::NoiseFilter, 100, 15000, 0}, {&S::IdlePercent, 0, 100, 0},     {&S::LeadAngleRps, 0, 273, 0},
+    {&S::LeadAngleDeg, 0, 65535, 0},  {&S::ProtocolFlags, 0, 65535, 0}, {&S::AnalogFilter, 10, 2000, 0},
+    {&S::PowerUpMode, 0, 21, 0},      {&S::MaxSpeed, 0, 80, 0},         {&S::InertiaRatio, 0, 10, 0}};
+
+class Dice {
+ public:
+  Long Number(Long least, Long most) { return std::uniform_int_distribution<Long>(least, most)(random_); }
+  double Real(double least, double most) { return std::uniform_real_distribution<>(least, most)(random_); }
+  Long OneOf(std::initializer_list<Long> values) {
+    return values.begin()[Number(0, static_cast<Long>(values.size()) - 1)];
+  }
+  std::string Text(Long most) {
+    std::string text(static_cast<std::size_t>(Number(0, most)), ' ');
+    for (char& c : text) c = static_cast<char>(Number(0, 3) == 0 ? ' ' : Number(' ', '~'));
+    return text;
+  }
+
+ private:
+  std::mt19937 random_{161};
+};
+
+Settings RandomSettings(Dice& dice) {
+  Settings s;
+  for (const std::span<const Survivor> fields :
+       {std::span<const Survivor>(kSurvivors), {kHubCodes}, {kRegen}, {kOthers}})
+    for (const auto& [field, least, most, step] : fields) {
+      const bool whole = !std::holds_alternative<double S::*>(field);
+      Set(s, field,
+          whole ? dice.Number(static_cast<Long>(least), static_cast<Long>(most)) : dice.Real(least, most));
+    }
+  s.OpMode = dice.OneOf({1, 2, 3, 3, 3, 4, 5, 7});
+  s.ControlMode = dice.OneOf({2, 7, 11, 21});
+  s.RS485Addr = CharacterOf(static_cast<Byte>(dice.Number(0, 255)));
+  s.MotorName = dice.Text(20);
+  return s;
+}
+
+MemoryTable RandomRow(Dice& dice, const std::string& name) {
+  const auto whole = [&](Long least, Long most) { return Variant(std::int64_t{dice.Number(least, most)}); };
+  MemoryTable table;
+  table.Add({name, name, dice.Real(0, 655), dice.Real(1, 300), whole(0, 255), dice.Real(10, 20000),
+             whole(0, 255), whole(0, 65535), whole(-32768, 32767), whole(0, 273), whole(0, 65535),
+             dice.Real(0, 100)});
+  table.MoveFirst();
+  return table;
+}
+
+void ExpectNear(double sent, double& expected, double decoded, double step) {
+  EXPECT_NEAR(decoded, sent, step / 2 * (1 + 1e-9));
+  expected = decoded;
+}
+
+void ExpectSurvivors(std::span<const Survivor> fields, const Settings& sent, Settings& expected,
+                     const Settings& decoded) {
+  for (const Survivor& f : fields) {
+    EXPECT_NEAR(Get(decoded, f.field), Get(sent, f.field), f.step / 2 * (1 + 1e-9));
+    Set(expected, f.field, Get(decoded, f.field));
+  }
+}
+
+/// The fields that are coded by a law of their own, each with the resolution that its law gives.
+void ExpectByLaw(const Settings& sent, Settings& expected, const Settings& decoded) {
+  // The byte is 15000 / value to the nearest, the value then a whole number.
+  EXPECT_NEAR(15000.0 / decoded.NoiseFilter, 15000.0 / sent.NoiseFilter,
+              0.5 + 0.5 * 15000 / std::pow(decoded.NoiseFilter - 0.5, 2));
+  expected.NoiseFilter = decoded.NoiseFilter;
+  // Slope of the value over the word, a word away on the steep side, and whole hertz.
+  const double word = 72090 / (1400 / sent.AnalogFilter + 2.2) + 1;
+  ExpectNear(sent.AnalogFilter, expected.AnalogFilter, decoded.AnalogFilter,
+             1 + 1400 * 72090 / std::pow(72090 - 2.2 * word, 2));
+  // Both currents are sent in hundredths of an ampere.
+  EXPECT_NEAR(decoded.IdlePercent, std::min<Long>(sent.IdlePercent, 90),
+              0.5 + (0.5 + 0.005 * sent.IdlePercent) / decoded.RunCurrent);
+  expected.IdlePercent = decoded.IdlePercent;
+}
+
+Settings ExpectedSettings(const Settings& sent, const MotorTable& row, const Settings& before,
+                          const Settings& decoded) {
+  Settings expected = before;
+  ExpectSurvivors(kSurvivors, sent, expected, decoded);
+  ExpectByLaw(sent, expected, decoded);
+  for (const Survivor& f : kHubCodes) Set(expected, f.field, sent.OpMode == 4 ? 3 : Get(sent, f.field));
+  expected.RegenWatts = 50, expected.RegenOhms = 40, expected.RegenSecs = 0.3125;
+  if (sent.RegenExternal) ExpectSurvivors(kRegen, sent, expected, decoded);
+  expected.OpMode = sent.OpMode;
+  expected.ControlMode = sent.ControlMode;
+  if (sent.ControlMode == 11) {
+    // Outside OpMode 3 the options are not sent, but the plain 11 is taken apart all the same.
+    const bool packed = sent.OpMode == 3;
+    expected.TwoSpeeds = packed && sent.TwoSpeeds;
+    expected.RunStop = packed && sent.RunStop;
+    expected.AnalogVelocity = !packed || sent.AnalogVelocity;
+  }
+  expected.ProtocolFlags = sent.ProtocolFlags & 0x37;
+  expected.RS485Addr = sent.RS485Addr;
+  expected.MotorName = TrimTrailingBlanks(sent.MotorName.substr(0, 13));
+  if (expected.MotorName.empty()) expected.MotorName = "custom motor";
+  expected.MotorR = sent.LeadAngleRps * 240 / 100.0;
+  expected.MotorL = sent.LeadAngleDeg / 100.0;
+  expected.StallSpeed = static_cast<float>(sent.CustomMotor ? sent.LeadAngleRps : row.Whole("leadangle rps"));
+  const Long degrees = sent.CustomMotor ? sent.LeadAngleDeg : row.Whole("leadangle deg");
+  expected.StallAccel = static_cast<float>(degrees / 60.0 * 10);
+  return expected;
+}
+
+MotorRecord ExpectedMotor(const MotorTable& row, const MotorRecord& decoded) {
+  MotorRecord expected;
+  ExpectNear(row.Number("current"), expected.RatedCurrent, decoded.RatedCurrent, 0.0101);  // through a float
+  ExpectNear(row.Number("Torque"), expected.RatedTorque, decoded.RatedTorque, 1e-4);
+  ExpectNear(row.Number("inertia"), expected.RotorInertia, decoded.RotorInertia, 1e-2);
+  ExpectNear(row.Number("PWMmaxPct"), expected.MaxVoltsPct, decoded.MaxVoltsPct, 0.1);
+  expected.MotorR = row.Whole("leadangle rps") * 240 / 100.0;
+  expected.MotorL = row.Whole("leadangle deg") / 100.0;
+  expected.MotorName = TrimTrailingBlanks(row.Text("PartNoX").substr(0, 13));
+  expected.HarmonicGain = row.Whole("harmonic gain");
+  expected.HarmonicPhase = row.Whole("harmonic phase");
+  expected.TorqueUnit = static_cast<Integer>(row.Whole("TorqueUnit"));
+  expected.InertiaUnit = static_cast<Integer>(row.Whole("InertiaUnit"));
+  return expected;
+}
+
+TEST(RoundTrip, RandomSettingsComeBackButForTheKnownDifferences) {
+  HeadlessDesktop desktop;
+  MainScreen screen{desktop};
+  Dice dice;
+  for (int i = 0; i < 10000; ++i) {
+    SCOPED_TRACE(i);
+    Settings sent = RandomSettings(dice);
+    MemoryTable table = RandomRow(dice, dice.Text(20));
+    const MotorTable row{table};
+    MotorTable cursor{table};
+    const MotorCalculations calculations(sent, screen, cursor);
+    ParameterImage image{};
+    DownloadString(image, sent, row, calculations);
+    const Settings before = RandomSettings(dice);
+    Settings decoded = before;
+    const UploadedMotor uploaded = DecodeImage(image, decoded);
+    EXPECT_TRUE(decoded == ExpectedSettings(sent, row, before, decoded));
+    EXPECT_TRUE(uploaded.Motor == ExpectedMotor(row, uploaded.Motor));
+    EXPECT_EQ(uploaded.ARfreq, calculations.ARfreq());
+
+    // What was read is written the same way again, but for the fields that say why not.
+    ParameterImage again{};
+    DownloadString(again, decoded, row, calculations);
+    for (const ImageField& field : ImageLayout()) {
+      if (!field.why.empty()) continue;
+      const auto* bytes = image.data() + field.position;
+      EXPECT_TRUE(std::equal(bytes, bytes + field.width, again.data() + field.position)) << field.name;
+    }
+    ASSERT_FALSE(testing::Test::HasFailure());
+  }
+}
+
+}  // namespace
+}  // namespace kavr6
