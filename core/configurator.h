@@ -1,0 +1,30 @@
+// The whole program on top of a desktop, a serial port and a motor table.
+#pragma once
+
+#include "core/main_form.h"
+#include "core/settings.h"
+#include "core/start_form.h"
+#include "dialogs/io_dialog.h"
+#include "motor/motor_dialog.h"
+#include "motor/motor_table.h"
+
+namespace kavr6 {
+
+/// Owns the settings and every window, and hands each what it needs. One instance is one program.
+class Configurator {
+ public:
+  Configurator(Desktop& desktop, MSComm& comm, TableAccess& table);
+
+  /// Shows the splash, loads the main screen and shows it. Events run meanwhile.
+  void Start() { Splash.EnsureLoaded(); }
+
+  Settings settings;
+  MotorTable motorTable;
+  MainForm Main;
+  MotorDialog MotorSetup;
+  IOdialog IOSetup;
+  StartForm Splash;
+  About Credits;
+};
+
+}  // namespace kavr6

@@ -1,0 +1,88 @@
+// The main screen at work.
+#pragma once
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "core/main_screen.h"
+#include "dialogs/io_dialog.h"
+#include "image/transfers.h"
+#include "link/comm_ports.h"
+#include "link/drive_identity.h"
+#include "link/receive_path.h"
+#include "motor/motor_calculations.h"
+#include "motor/motor_dialog.h"
+#include "reports/summary_grid.h"
+
+namespace kavr6 {
+
+/// What the main screen works with; all of it outlives the main screen.
+struct MainFormParts {
+  Settings& settings;
+  MSComm& comm;
+  MotorTable& motorTable;
+  MotorDialog& motorDialog;
+  IOdialog& ioDialog;
+};
+
+/// What opens from the main screen. An empty opener does nothing, and its menu command is greyed.
+struct MainFormOpeners {
+  std::function<void()> Motion, Motor, Encoder, IO, Regen;
+  std::function<void()> Open, Save, SaveAs, Print;
+  std::function<void()> History, ClearFault, IOStatus, Restore, Terminal, SelfTest;
+  std::function<void()> Contents, ContactUs, WebSite, About;
+  std::function<void(const std::string& hotSpot)> HelpOn;
+};
+
+/// A dialog whose OK a download presses first, as the user would, when it is open.
+struct CommittedDialog {
+  Form* form;
+  Button* OK;
+};
+
+/// The window "MainForm": start of the link and the motor data, dispatch of all buttons and menu commands,
+/// the question before changes are thrown away, and the status line.
+class MainForm : public MainScreen {
+ public:
+  MainForm(Desktop& desktop, const MainFormParts& parts);
+
+  /// To be set before the window is loaded.
+  MainFormOpeners Openers;
+  /// In the order in which a download commits them.
+  std::vector<CommittedDialog> CommittedDialogs;
+
+  /// Leaves the program, after the question when there are changes; returns when the user stays.
+  void Leave();
+  bool KeyPressed(char character) override;
+
+  MotorCalculations Calculations;
+  SummaryGrid Report;
+  ReceivePath Receive;
+  DriveIdentity Identity;
+
+ protected:
+  void Load() override;
+  bool MayClose() override;
+
+ private:
+  void StartSharedValues();
+  void PlaceWindow();
+  void WireButtons();
+  void WireMenus();
+  void WireStatusLine();
+  void WhenPortOpen(const std::function<void()>& opener);
+  void LoadModelList();
+  void ModelListClick();
+  void PressOpenOks();
+  void ShowPortStatus();
+  void ShowDriveStatus();
+  void ShowSettingsStatus();
+
+  MainFormParts p_;
+  std::vector<std::pair<MenuItem*, std::function<void()> MainFormOpeners::*>> greyWithoutOpener_;
+  CommPorts ports_;
+  Transfers transfers_;
+};
+
+}  // namespace kavr6

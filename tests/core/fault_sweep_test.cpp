@@ -1,0 +1,277 @@
+// Every kind of fault at every byte of the image, in both directions, against what plain arithmetic on the
+// bytes says must come of it.
+#include <iostream>
+#include <map>
+#include <memory>
+
+#include <gtest/gtest.h>
+
+#include "tests/support/scene.h"
+
+namespace kavr6 {
+namespace {
+
+using Direction = FaultAt::Direction;
+
+constexpr int kImageBytes = static_cast<int>(kImageSize);
+constexpr int kBeforeImageToDrive = 5;  // S C y 142 d
+constexpr int kBeforeAnswerToTool = 6;  // the identity of 2 bytes, the letter of 4
+constexpr int kBeforeImageToTool = 8;   // two identities, the letter
+constexpr double kLongestDownload = 0.5 + 0.5 + 1.0 + 0.1;
+constexpr double kLongestUpload = 0.5 + (0.5 + 0.5) + 0.5 + (0.5 + 0.5);
+constexpr double kMarker = 33.0;  // a speed that no image of the sweep holds
+
+struct Kind {
+  LineFault fault;
+  std::uint8_t value = 0;
+};
+
+std::vector<Kind> AllKinds() {
+  std::vector<Kind> kinds{{LineFault::Lost},    {LineFault::Doubled}, {LineFault::Late},
+                          {LineFault::Silence}, {LineFault::HangUp},  {LineFault::Restart},
+                          {LineFault::Swapped}};
+  for (unsigned bit = 0; bit < 8; ++bit)
+    kinds.push_back({LineFault::Flipped, static_cast<std::uint8_t>(1U << bit)});
+  for (const int value : {0x00, 0x01, 0x55, 0x80, 0xFF})
+    kinds.push_back({LineFault::Inserted, static_cast<std::uint8_t>(value)});
+  return kinds;
+}
+
+const char* NameOf(LineFault fault) {
+  const char* const names[] = {"lost",    "doubled", "flipped", "inserted", "late",
+                               "silence", "hang-up", "restart", "swapped"};
+  return names[static_cast<int>(fault)];
+}
+
+SimulatedDrive::Image ImageOf(const Bytes& bytes) {
+  SimulatedDrive::Image image{};
+  std::copy_n(bytes.begin(), image.size(), image.begin());
+  return image;
+}
+
+/// The bytes that arrive of an image in one go.
+Bytes Received(const Kind& kind, Bytes image, int at) {
+  const auto place = image.begin() + at;
+  switch (kind.fault) {
+    case LineFault::Lost:
+      image.erase(place);
+      break;
+    case LineFault::Flipped:
+      *place ^= kind.value;
+      break;
+    case LineFault::Doubled:
+      image.insert(place, *place);
+      break;
+    case LineFault::Inserted:
+      image.insert(place, kind.value);
+      break;
+    case LineFault::Swapped:
+      // The last byte waits for a successor in vain.
+      if (place + 1 == image.end()) {
+        image.erase(place);
+      } else {
+        std::swap(*place, *(place + 1));
+      }
+      break;
+    case LineFault::Restart:
+      // The byte itself has passed; behind it comes the announcement.
+      image.erase(place + 1, image.end());
+      image.insert(image.end(), {255, 52, 41});
+      break;
+    default:
+      image.erase(place, image.end());
+      break;
+  }
+  return image;
+}
+
+class FaultSweep : public testing::Test {
+ protected:
+  FaultSweep() { Begin(); }
+
+  /// A program at work with a drive that holds a known image.
+  void Begin() {
+    scene = std::make_unique<Scene>();
+    scene->desktop.AnswerAnything();
+    scene->Start();
+    scene->main.InertiaSet = true;
+    scene->main.Upload.Click();
+    scene->settings.CustomMotor = true;
+    base = scene->settings;
+    scene->main.Download.Click();
+    const SimulatedDrive::Image& image = scene->drive.StoredImage();
+    good.assign(image.begin(), image.end());
+  }
+
+  ~FaultSweep() override {
+    if (ended > 0) std::cout << ended << " of the following ended in the error report; ";
+    std::cout << cases << " cases; let through because the sum cannot see them:";
+    for (const auto& [fault, count] : letThrough) std::cout << ' ' << count << ' ' << NameOf(fault);
+    std::cout << (letThrough.empty() ? " none\n" : "\n");
+  }
+
+  /// Clicks with the fault armed; the boxes that came.
+  std::string Act(ImageButton MainScreen::*button, const FaultAt& fault, double bound) {
+    ++cases;
+    const std::size_t before = scene->desktop.Boxes().size();
+    const double start = scene->desktop.Now();
+    scene->comm.Arm(fault);
+    try {
+      (scene->main.*button).Click();
+    } catch (const RuntimeError& error) {
+      return error.what();
+    }
+    EXPECT_LE(scene->desktop.Now() - start, bound + 1e-9);
+    scene->ExpectCalm();
+    std::string texts;
+    for (std::size_t i = before; i < scene->desktop.Boxes().size(); ++i)
+      texts += scene->desktop.Boxes()[i].text;
+    return texts;
+  }
+
+  /// After the fault has gone, the main job works again within four clicks, the drive's power cycled before
+  /// the third.
+  void ExpectRecovery() {
+    scene->comm.ClearFault();
+    scene->comm.SetLatency(0);
+    Delay(scene->desktop, 3.0);
+    if (!scene->comm.PortOpen()) {
+      scene->main.Download.Click();
+      EXPECT_EQ(scene->desktop.Boxes().back().text, "Cannot download to drive: there is no comm port open.");
+      scene->main.CommList.Select(1);  // cannot be opened: the program goes back to COM1 and opens that
+      EXPECT_TRUE(scene->comm.PortOpen());
+    }
+    scene->drive.StoreImage(ImageOf(good));
+    for (int click = 0; click < 4; ++click) {
+      scene->settings.Speed = kMarker;
+      scene->main.Upload.Click();
+      if (scene->settings.Speed != kMarker) return;
+      Delay(scene->desktop, 0.5);  // nobody clicks faster
+      // Bytes of a torn image are commands to a drive that has restarted: it can be left in text mode.
+      if (click == 1) scene->drive.Restart();
+    }
+    FAIL() << "uploads no longer work";
+  }
+
+  std::unique_ptr<Scene> scene;
+  Settings base;
+  Bytes good;
+  std::map<LineFault, int> letThrough;
+  int cases = 0;
+  int ended = 0;
+};
+
+FaultAt Fault(const Kind& kind, Direction direction, int byte) {
+  return {.direction = direction, .fault = kind.fault, .byte = byte, .value = kind.value, .seconds = 2.0};
+}
+
+bool Has(const std::string& text, const char* part) { return text.find(part) != std::string::npos; }
+
+TEST_F(FaultSweep, DownloadEndsRightWhateverHappensToAnyByteOfTheImage) {
+  Bytes old = good;
+  old[4] ^= 1U;  // not what is sent
+  for (const Kind& kind : AllKinds()) {
+    for (int at = 0; at < kImageBytes && !HasFailure(); ++at) {
+      SCOPED_TRACE(std::string(NameOf(kind.fault)) + " " + std::to_string(kind.value) + " at " +
+                   std::to_string(at));
+      scene->settings = base;
+      scene->drive.StoreImage(ImageOf(old));
+      const std::string boxes = Act(
+          &MainScreen::Download, Fault(kind, Direction::ToDrive, kBeforeImageToDrive + at), kLongestDownload);
+      Bytes received = Received(kind, good, at);
+      received.resize(std::min(received.size(), kImageSize));  // one too many is a command to the drive
+      const Bytes stored(scene->drive.StoredImage().begin(), scene->drive.StoredImage().end());
+      if (kind.fault == LineFault::Restart) {
+        // What follows the restart are commands to the drive, which may answer them.
+        EXPECT_EQ(stored, at == kImageBytes - 1 ? good : old);
+      } else if (received.size() < kImageSize) {
+        EXPECT_TRUE(Has(boxes, "The download did not work.")) << boxes;
+        EXPECT_EQ(stored, old);
+      } else if (!ChecksumHolds(received)) {
+        EXPECT_TRUE(Has(boxes, "The data did not download correctly.")) << boxes;
+        EXPECT_EQ(stored, old);
+      } else {
+        EXPECT_EQ(boxes, "");
+        EXPECT_EQ(stored, received);
+        if (stored != good) ++letThrough[kind.fault];
+      }
+      EXPECT_FALSE(scene->main.Modified);
+      ExpectRecovery();
+    }
+  }
+}
+
+TEST_F(FaultSweep, AnswerToADownloadMayBeSpoiltInAnyWay) {
+  for (const Kind& kind : AllKinds()) {
+    SCOPED_TRACE(std::string(NameOf(kind.fault)) + " " + std::to_string(kind.value));
+    scene->settings = base;
+    const std::string boxes =
+        Act(&MainScreen::Download, Fault(kind, Direction::ToTool, kBeforeAnswerToTool), kLongestDownload);
+    const bool none = kind.fault == LineFault::Lost || kind.fault == LineFault::Late ||
+                      kind.fault == LineFault::Silence || kind.fault == LineFault::HangUp ||
+                      kind.fault == LineFault::Swapped;
+    EXPECT_EQ(Has(boxes, "The download did not work."), none) << boxes;
+    ExpectRecovery();
+  }
+}
+
+class UploadSweep : public FaultSweep {
+ protected:
+  /// One upload with this fault; `inHand` is what the tool has read when the wait ends.
+  void Try(const Kind& kind, int at, const Bytes& inHand) {
+    SCOPED_TRACE(std::string(NameOf(kind.fault)) + " " + std::to_string(kind.value) + " at " +
+                 std::to_string(at));
+    scene->settings = base;
+    scene->settings.Speed = kMarker;
+    const Settings before = scene->settings;
+    const std::string boxes =
+        Act(&MainScreen::Upload, Fault(kind, Direction::ToTool, kBeforeImageToTool + at), kLongestUpload);
+    if (inHand.size() < kImageSize) {
+      EXPECT_TRUE(Has(boxes, "We are having trouble uploading")) << boxes;
+      EXPECT_EQ(scene->settings, before);
+    } else if (!ChecksumHolds(inHand)) {
+      EXPECT_TRUE(Has(boxes, "Your program did not upload correctly.")) << boxes;
+      EXPECT_EQ(scene->settings, before);
+    } else {
+      if (inHand != good) ++letThrough[kind.fault];
+      Settings decoded = before;
+      try {
+        DecodeImage(inHand, decoded);
+      } catch (const RuntimeError& error) {
+        EXPECT_EQ(boxes, error.what());
+        ++ended;
+        Begin();
+        return;
+      }
+      EXPECT_FALSE(Has(boxes, "upload")) << boxes;
+      EXPECT_EQ(scene->settings.Accel, decoded.Accel);
+      EXPECT_EQ(scene->settings.Speed, decoded.Speed);
+    }
+    ExpectRecovery();
+  }
+};
+
+TEST_F(UploadSweep, NoWrongRecordIsTakenWhateverHappensToAnyByteOfTheImage) {
+  for (const Kind& kind : AllKinds()) {
+    for (int at = 0; at < kImageBytes && !HasFailure(); ++at) {
+      Bytes inHand = Received(kind, good, at);
+      // The read takes the first 161, and a 162nd only when the last two come in one arrival.
+      const bool twoAtOnce = kind.fault == LineFault::Doubled || kind.fault == LineFault::Inserted;
+      if (at != kImageBytes - 1 || !twoAtOnce) inHand.resize(std::min(inHand.size(), kImageSize));
+      Try(kind, at, inHand);
+    }
+  }
+}
+
+TEST_F(UploadSweep, AdapterThatHandsEverythingOverAtOnceShowsWhatTheSumCannotSee) {
+  for (const Kind& kind : AllKinds()) {
+    if (kind.fault == LineFault::Late) continue;
+    for (int at = 0; at < kImageBytes && !HasFailure(); ++at) {
+      scene->comm.SetLatency(0.2);
+      Try(kind, at, kind.fault == LineFault::HangUp ? Bytes() : Received(kind, good, at));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace kavr6

@@ -1,0 +1,252 @@
+#include "image/transfers.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/scene.h"
+
+namespace kavr6 {
+namespace {
+
+class TransfersTest : public testing::Test {
+ protected:
+  TransfersTest() {
+    scene.Start();
+    main.InertiaSet = true;
+  }
+  void TearDown() override { scene.ExpectCalm(); }
+
+  double TimeOf(const std::function<void()>& action) {
+    const double start = scene.desktop.Now();
+    action();
+    return scene.desktop.Now() - start;
+  }
+
+  Scene scene;
+  MainForm& main = scene.main;
+};
+
+TEST_F(TransfersTest, DownloadPutsExactlyThisOnTheWire) {
+  main.Modified = true;
+  int most = 0;
+  main.ProgBar.SetView([&] { most = std::max(most, main.ProgBar.FloodPercent()); });
+  main.Download.Click();
+  const SimulatedDrive::Image& stored = scene.drive.StoredImage();
+  const std::string image(stored.begin(), stored.end());
+  EXPECT_EQ(scene.comm.Written(),
+            "SCy\x8E"
+            "d" +
+                image);
+  EXPECT_TRUE(ChecksumHolds(stored));
+  EXPECT_EQ(stored[12] * 256 + stored[13], 140);
+  EXPECT_EQ(most, 100);
+  EXPECT_FALSE(main.Modified);
+  EXPECT_EQ(main.ModelList.ListIndex(), 0);
+  EXPECT_EQ(main.DriveVersion.Caption(), "1.52 k");
+  EXPECT_EQ(main.StatusDrive.Caption(), "KAVR6-Bx, firmware 1.52 k");
+}
+
+TEST_F(TransfersTest, UploadPutsExactlyThisOnTheWireAndShowsTheSettings) {
+  main.Download.Click();
+  const Settings sent = scene.settings;
+  scene.settings.Speed = 77;
+  scene.comm.ForgetWritten();
+  main.FileName = "kept.cnf";
+  main.InertiaSet = false;
+  main.Upload.Click();
+  EXPECT_EQ(scene.comm.Written(),
+            "SCCy\x8E"
+            "uCy\x8E");
+  EXPECT_DOUBLE_EQ(scene.settings.Speed, sent.Speed);
+  EXPECT_EQ(main.Summary.Text(1, 0), "1.4");
+  EXPECT_EQ(main.MotorLine1.BorderColor(), kGreen);
+  EXPECT_EQ(main.FileName, "kept.cnf");
+  EXPECT_FALSE(main.InertiaSet) << "an upload does not confirm the load inertia";
+}
+
+TEST_F(TransfersTest, InertiaQuestionReturnsUntilAnsweredYes) {
+  main.InertiaSet = false;
+  scene.desktop.Expect({.textPart = "You have not set the load inertia", .answer = BoxAnswer::No});
+  main.Download.Click();
+  EXPECT_EQ(scene.comm.Written(), "");
+  scene.desktop.Expect({.textPart = "You have not set the load inertia", .answer = BoxAnswer::Yes});
+  main.Download.Click();
+  main.Download.Click();
+  EXPECT_EQ(scene.desktop.Boxes().size(), 2U);
+}
+
+TEST_F(TransfersTest, OpenDialogsAreCommittedFirstInTheirOrder) {
+  struct Dialog : Form {
+    Dialog(Desktop& desktop, const std::string& name, std::string& log) : Form(desktop, name) {
+      OK.Clicked.Set([this, &log] {
+        log += Name();
+        Hide();
+      });
+    }
+    Button OK{*this, "OK"};
+  };
+  std::string log;
+  Dialog a(scene.desktop, "a", log);
+  Dialog b(scene.desktop, "b", log);
+  Dialog c(scene.desktop, "c", log);
+  main.CommittedDialogs = {{&c, &c.OK}, {&b, &b.OK}, {&a, &a.OK}};
+  a.Show();
+  c.Show();
+  main.Download.Click();
+  EXPECT_EQ(log, "ca");
+}
+
+TEST_F(TransfersTest, LimitsAreCheckedBeforeAnythingIsSent) {
+  struct Case {
+    int revision, model;
+    double current;
+    Long motionOut;
+    const char* box;  // null: goes through
+  };
+  const Case cases[] = {{52, 42, 6.1, 3, "The motor current setting exceeds"},
+                        {52, 41, 7.0, 3, nullptr},
+                        {52, 44, 3.2, 3, nullptr},
+                        {1, 41, 1.4, 5, "You need DSP firmware 1.02 or later"},
+                        {2, 41, 1.4, 5, nullptr},
+                        {0, 41, 1.4, 4, nullptr}};
+  for (const Case& c : cases) {
+    scene.drive.SetIdentity(c.revision, c.model, 'k');
+    // The model list pulls the current down when it changes; the check is for what is set afterwards.
+    main.ModelList.SetListIndex(c.model - 41);
+    scene.settings.RunCurrent = c.current;
+    scene.settings.MotionOutMode = c.motionOut;
+    scene.comm.ForgetWritten();
+    main.Modified = true;
+    if (c.box != nullptr) scene.desktop.Expect({.textPart = c.box});
+    main.Download.Click();
+    EXPECT_EQ(scene.comm.Written().find('d') == std::string::npos, c.box != nullptr)
+        << c.revision << ' ' << c.model;
+    EXPECT_EQ(main.Modified, c.box != nullptr);
+  }
+}
+
+TEST_F(TransfersTest, SilentDriveIsToldWithinTheLimitAndNothingIsSent) {
+  scene.drive.SetSilent(true);
+  main.Modified = true;
+  scene.desktop.Expect({.textPart = "The drive is not responding."});
+  EXPECT_NEAR(TimeOf([&] { main.Download.Click(); }), 0.5, 1e-9);
+  EXPECT_EQ(scene.desktop.Boxes().back().title, "CheckDrive 0");
+  scene.desktop.Expect({.textPart = "Do you really want to upload and replace your program?"});
+  scene.desktop.Expect({.textPart = "The drive is not responding."});
+  EXPECT_NEAR(TimeOf([&] { main.Upload.Click(); }), 0.5, 1e-9);
+  EXPECT_EQ(scene.desktop.Boxes().back().title, "Communication Error");
+  EXPECT_EQ(scene.comm.Written(), "SCSC");
+  EXPECT_TRUE(main.Modified);
+}
+
+TEST_F(TransfersTest, UnknownModelGetsNothingAndNoMessage) {
+  scene.drive.SetIdentity(20, 18, 'b');
+  main.Download.Click();
+  main.Upload.Click();
+  EXPECT_EQ(scene.comm.Written(),
+            "SCy\x8E"
+            "SC");
+  EXPECT_TRUE(scene.desktop.Boxes().empty());
+}
+
+TEST_F(TransfersTest, RefusedDownloadIsToldAndClearsTheFlagAllTheSame) {
+  scene.drive.SetRefusing(true);
+  main.Modified = true;
+  scene.desktop.Expect({.textPart = "The data did not download correctly."});
+  main.Download.Click();
+  EXPECT_EQ(scene.desktop.Boxes().back().title, "Checksum Error");
+  EXPECT_FALSE(main.Modified);
+}
+
+TEST_F(TransfersTest, AnswerOtherThanTheTwoGetsNoBoxAndOnlyTheFirstByteCounts) {
+  for (const char* answer : {"\x07", "\x06\x15", "\x06tail"}) {
+    scene.drive.SetRefusing(true);
+    scene.comm.Arm({.direction = FaultAt::Direction::ToTool, .fault = LineFault::Silence, .byte = 6});
+    scene.desktop.CallAfter(0.4, [&] {
+      scene.comm.ClearFault();
+      scene.drive.SendRaw(answer);
+    });
+    main.Download.Click();
+    scene.drive.SetRefusing(false);
+  }
+  EXPECT_TRUE(scene.desktop.Boxes().empty());
+}
+
+TEST_F(TransfersTest, LateUploadIsRejectedAndItsBytesDoNotSpoilTheNextOne) {
+  const Settings before = scene.settings;
+  scene.drive.SetReplyDelay(0.4);
+  scene.desktop.Expect({.textPart = "We are having trouble uploading tuning data"});
+  main.Upload.Click();
+  const std::string title = scene.desktop.Boxes().back().title;
+  EXPECT_EQ(title.substr(0, 21), "Tuner Upload Problem ");
+  EXPECT_EQ(title.substr(title.size() - 2), " 0") << title;
+  EXPECT_EQ(scene.settings, before);
+  scene.drive.SetReplyDelay(0);
+  Delay(scene.desktop, 1.0);
+  main.Upload.Click();
+  EXPECT_NE(scene.settings, before);
+}
+
+TEST_F(TransfersTest, UploadHeldUpByABoxCountsAsLateAlthoughAllBytesAreThere) {
+  const Settings before = scene.settings;
+  scene.desktop.CallAfter(0.1, [&] { scene.desktop.Ask({.text = "something else"}); });
+  scene.desktop.Expect({.textPart = "something else", .after = 1.0});
+  scene.desktop.Expect({.textPart = "We are having trouble uploading tuning data"});
+  // The image that nobody has read runs over the ring in front of the last reply: what that says is chance.
+  scene.desktop.AnswerAnything();
+  main.Upload.Click();
+  EXPECT_EQ(scene.settings, before);
+}
+
+TEST_F(TransfersTest, SecondClickInsideATransferEndsCalmly) {
+  for (const double when : {0.001, 0.004, 0.01, 0.05, 0.15, 0.2}) {
+    for (ImageButton* first : {&main.Download, &main.Upload}) {
+      for (ImageButton* second : {&main.Download, &main.Upload}) {
+        Scene other;
+        other.Start();
+        other.main.InertiaSet = true;
+        const auto same = [&](ImageButton* b) {
+          return b == &main.Download ? &other.main.Download : &other.main.Upload;
+        };
+        other.desktop.CallAfter(when, [&] { same(second)->Click(); });
+        other.desktop.AnswerAnything();
+        same(first)->Click();
+        Delay(other.desktop, 5.0);
+        EXPECT_EQ(other.comm.RThreshold(), 1) << when;
+        EXPECT_EQ(other.main.ProgBar.FloodPercent(), 0) << when;
+      }
+    }
+  }
+}
+
+TEST_F(TransfersTest, ClosingTheWindowInsideATransferEndsTheProgramAtOnce) {
+  scene.desktop.CallAfter(0.05, [&] { main.RequestClose(); });
+  EXPECT_THROW(main.Download.Click(), ProgramEnded);
+  scene.comm.SetRThreshold(1);
+  main.ProgBar.SetFloodPercent(0);
+  main.CommandActive = false;
+}
+
+TEST_F(TransfersTest, ValueThatDoesNotFitStopsBeforeTheFirstByteOfTheImage) {
+  scene.settings.RS485Addr.clear();
+  EXPECT_THROW(main.Download.Click(), RuntimeError);
+  EXPECT_EQ(scene.comm.Written(),
+            "SCy\x8E"
+            "d");
+  scene.comm.SetRThreshold(1);
+  main.CommandActive = false;
+}
+
+TEST_F(TransfersTest, PowerUpMessageDuringADownloadReachesTheScreen) {
+  main.Download.Click();
+  scene.desktop.CallAfter(0.1, [&] {
+    scene.drive.SetIdentity(60, 43, 'm');
+    scene.drive.Restart();
+  });
+  scene.desktop.Expect({.textPart = "The download did not work."});
+  main.Download.Click();
+  EXPECT_EQ(main.DriveVersion.Caption(), "1.60");
+  EXPECT_EQ(main.ModelList.ListIndex(), 2);
+}
+
+}  // namespace
+}  // namespace kavr6

@@ -1,0 +1,46 @@
+// The whole program in virtual time, with a simulated drive on COM1.
+#pragma once
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "core/configurator.h"
+#include "platform/headless_desktop.h"
+#include "simulator/simulated_comm.h"
+#include "simulator/simulated_drive.h"
+#include "tests/support/catalogue.h"
+
+namespace kavr6 {
+
+/// Everything a test of the whole program needs. COM1 has a KAVR6-Bx with firmware 1.52k behind it.
+struct Scene {
+  HeadlessDesktop desktop;
+  SimulatedDrive drive{desktop};
+  SimulatedComm comm{desktop};
+  MemoryTable table = CatalogueTable();
+  Configurator program{desktop, comm, table};
+  MainForm& main = program.Main;
+  Settings& settings = program.settings;
+
+  Scene() {
+    drive.SetIdentity(52, 41, 'k');
+    comm.Connect(1, &drive);
+  }
+
+  /// Starts the program and forgets what was written to the line meanwhile.
+  void Start() {
+    program.Start();
+    comm.ForgetWritten();
+  }
+
+  /// What must hold whenever the program is at rest.
+  void ExpectCalm() const {
+    desktop.CheckNothingLeft();
+    EXPECT_EQ(comm.RThreshold(), 1);
+    EXPECT_EQ(main.ProgBar.FloodPercent(), 0);
+    EXPECT_FALSE(main.CommandActive);
+  }
+};
+
+}  // namespace kavr6
