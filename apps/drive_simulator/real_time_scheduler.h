@@ -1,0 +1,33 @@
+// Tasks on the machine's own clock.
+#pragma once
+
+#include <map>
+#include <utility>
+
+#include "platform/scheduler.h"
+
+namespace kavr6 {
+
+/// Runs nothing by itself: a loop sleeps until SecondsToNext have passed and then calls RunDue.
+class RealTimeScheduler : public Scheduler {
+ public:
+  RealTimeScheduler();
+
+  /// Seconds on the monotonic clock since the construction.
+  double Now() const override;
+  TaskId CallAfter(double seconds, Task task) override;
+  void Cancel(TaskId id) override;
+
+  /// Runs the tasks that are due at this moment. What they add waits for the next call.
+  void RunDue();
+  /// 0 when a task is due, kForever when there is none.
+  double SecondsToNext() const;
+
+ private:
+  double start_;
+  std::map<std::pair<double, TaskId>, Task> queue_;
+  std::map<TaskId, double> times_;
+  TaskId lastId_ = 0;
+};
+
+}  // namespace kavr6
