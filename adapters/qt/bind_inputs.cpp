@@ -1,0 +1,127 @@
+// Lists, check boxes, option buttons, sliders.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QSlider>
+
+#include "adapters/qt/bind_kinds.h"
+#include "adapters/qt/text.h"
+#include "platform/controls.h"
+
+namespace kavr6 {
+namespace {
+
+void FillRow(QComboBox& combo, const ListBox& list, int row) {
+  combo.addItem(ToQt(list.Item(row)));
+  combo.setItemData(row, ToQt(list.ItemToolTip(row)), Qt::ToolTipRole);
+}
+
+void FillRow(QListWidget& view, const ListBox& list, int row) {
+  auto* const item = new QListWidgetItem(ToQt(list.Item(row)), &view);
+  item->setToolTip(ToQt(list.ItemToolTip(row)));
+}
+
+int SelectedRow(const QListWidget& view) {
+  const QList<QListWidgetItem*> selected = view.selectedItems();
+  return selected.isEmpty() ? -1 : view.row(selected.first());
+}
+int SelectedRow(const QComboBox& combo) { return combo.currentIndex(); }
+
+void SelectRow(QListWidget& view, int row) {
+  view.setCurrentRow(row);
+  if (row < 0) view.clearSelection();
+}
+void SelectRow(QComboBox& combo, int row) { combo.setCurrentIndex(row); }
+
+template <class W>
+RefreshView ShowList(const ListBox& list, W& widget) {
+  return [&list, &widget, shownRevision = -1]() mutable {
+    const QSignalBlocker silence(widget);
+    if (shownRevision != list.Revision()) {
+      shownRevision = list.Revision();
+      widget.clear();
+      for (int row = 0; row < list.Count(); ++row) FillRow(widget, list, row);
+    }
+    if (SelectedRow(widget) != list.ListIndex()) SelectRow(widget, list.ListIndex());
+  };
+}
+
+RefreshView BindCombo(ListBox& list, QComboBox& combo, const UserAction& act) {
+  QObject::connect(&combo, &QComboBox::activated, &combo,
+                   [&list, act](int row) { act([&list, row] { list.Select(row); }); });
+  return ShowList(list, combo);
+}
+
+RefreshView BindListView(ListBox& list, QListWidget& view, const UserAction& act) {
+  view.setSelectionMode(QAbstractItemView::SingleSelection);
+  view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  QObject::connect(&view, &QListWidget::itemSelectionChanged, &view, [&list, &view, act] {
+    act([&list, &view] {
+      if (const int row = SelectedRow(view); row >= 0) list.Select(row);
+    });
+  });
+  QObject::connect(&view, &QListWidget::itemDoubleClicked, &view,
+                   [&list, &view, act](const QListWidgetItem* item) {
+                     act([&list, row = view.row(item)] { list.DoubleClick(row); });
+                   });
+  return ShowList(list, view);
+}
+
+}  // namespace
+
+RefreshView BindListBox(Control& control, QObject& target, const UserAction& act) {
+  auto& list = static_cast<ListBox&>(control);
+  if (auto* const combo = qobject_cast<QComboBox*>(&target); combo != nullptr && !combo->isEditable())
+    return BindCombo(list, *combo, act);
+  if (auto* const view = qobject_cast<QListWidget*>(&target)) return BindListView(list, *view, act);
+  return {};
+}
+
+RefreshView BindCheckBox(Control& control, QObject& target, const UserAction& act) {
+  auto* const box = qobject_cast<QCheckBox*>(&target);
+  if (box == nullptr) return {};
+  auto& check = static_cast<CheckBox&>(control);
+  QObject::connect(box, &QCheckBox::clicked, box, [&check, act] { act([&check] { check.Click(); }); });
+  return [&check, box] {
+    const QSignalBlocker silence(box);
+    box->setChecked(check.Value());
+  };
+}
+
+// Whichever buttons the toolkit groups: the model alone says which one of them is set. The toolkit's own
+// exclusiveness stays on between refreshes, for its arrow keys.
+RefreshView BindOptionButton(Control& control, QObject& target, const UserAction& act) {
+  auto* const button = qobject_cast<QRadioButton*>(&target);
+  if (button == nullptr) return {};
+  auto& option = static_cast<OptionButton&>(control);
+  QObject::connect(button, &QRadioButton::clicked, button,
+                   [&option, act] { act([&option] { option.Click(); }); });
+  return [&option, button] {
+    if (button->isChecked() == option.Value()) return;
+    const QSignalBlocker silence(button);
+    button->setAutoExclusive(false);
+    button->setChecked(option.Value());
+    button->setAutoExclusive(true);
+  };
+}
+
+RefreshView BindSlider(Control& control, QObject& target, const UserAction& act) {
+  auto* const view = qobject_cast<QSlider*>(&target);
+  if (view == nullptr) return {};
+  auto& slider = static_cast<Slider&>(control);
+  QObject::connect(view, &QSlider::valueChanged, view,
+                   [&slider, act](int value) { act([&slider, value] { slider.Scroll(value); }); });
+  return [&slider, view] {
+    const QSignalBlocker silence(view);
+    const SliderRange& range = slider.Range();
+    view->setRange(range.min, range.max);
+    view->setSingleStep(range.smallStep);
+    view->setPageStep(range.largeStep);
+    view->setTickInterval(range.tickSpacing);
+    view->setValue(slider.Value());
+  };
+}
+
+}  // namespace kavr6

@@ -1,0 +1,46 @@
+#include "adapters/qt/forms.h"
+
+#include <QDialog>
+#include <QMainWindow>
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "ui_About.h"
+#include "ui_MainForm.h"
+#include "ui_StartForm.h"
+
+namespace kavr6 {
+namespace {
+
+template <class Base, class Design>
+std::unique_ptr<QWidget> Build() {
+  auto window = std::make_unique<Base>();
+  Design().setupUi(window.get());
+  return window;
+}
+
+struct FormRow {
+  std::string_view name;
+  std::unique_ptr<QWidget> (*build)();
+  Qt::WindowFlags flags = {};
+};
+
+const std::array kForms{
+    FormRow{"StartForm", Build<QWidget, Ui::StartForm>, Qt::SplashScreen | Qt::FramelessWindowHint},
+    FormRow{"MainForm", Build<QMainWindow, Ui::MainForm>},
+    FormRow{"About", Build<QDialog, Ui::About>},
+};
+
+}  // namespace
+
+std::unique_ptr<QWidget> BuildWindow(const std::string& formName) {
+  const auto* const row =
+      std::find_if(kForms.begin(), kForms.end(), [&](const FormRow& r) { return r.name == formName; });
+  if (row == kForms.end()) return nullptr;
+  std::unique_ptr<QWidget> window = row->build();
+  if (row->flags != Qt::WindowFlags()) window->setWindowFlags(row->flags);
+  return window;
+}
+
+}  // namespace kavr6

@@ -1,0 +1,158 @@
+#include "adapters/qt/qt_desktop.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QMainWindow>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QVersionNumber>
+#include <QWindow>
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+
+#include "adapters/qt/ask.h"
+#include "adapters/qt/entry.h"
+#include "adapters/qt/form_window.h"
+#include "adapters/qt/twips.h"
+#include "platform/form.h"
+
+namespace kavr6 {
+namespace {
+
+// Events that keep making new ones do not hold up whoever only wanted to let the waiting ones run.
+constexpr int kMostPumpRounds = 8;
+// A splash that is not on the screen by then is not waited for.
+constexpr double kSplashWaitSeconds = 0.25;
+
+/// A task that is forgotten when its owner's block is left.
+class ScopedTask {
+ public:
+  ScopedTask(Scheduler& scheduler, double seconds, Scheduler::Task task) : scheduler_(scheduler) {
+    if (seconds != kForever) id_ = scheduler.CallAfter(seconds, std::move(task));
+  }
+  ScopedTask(const ScopedTask&) = delete;
+  ScopedTask& operator=(const ScopedTask&) = delete;
+  ~ScopedTask() { scheduler_.Cancel(id_); }
+
+ private:
+  Scheduler& scheduler_;
+  Scheduler::TaskId id_ = 0;
+};
+
+}  // namespace
+
+QtDesktop::QtDesktop(WindowBuilder build)
+    : build_(std::move(build)), tasks_([this](const Task& task) { EnterLogic(*this, task); }) {
+  // The logic decides when the program ends.
+  QApplication::setQuitOnLastWindowClosed(false);
+}
+
+QtDesktop::~QtDesktop() = default;
+
+void QtDesktop::PumpEvents() {
+  QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
+  const TaskId newest = tasks_.Newest();
+  for (int rounds = 0;;) {
+    const bool any = dispatcher->processEvents(QEventLoop::AllEvents);
+    if (!tasks_.IsDueUpTo(newest) && (!any || ++rounds == kMostPumpRounds)) return;
+  }
+}
+
+bool QtDesktop::PumpEventsUntil(const std::function<bool()>& done, double limit) {
+  bool expired = false;
+  const ScopedTask deadline(*this, limit, [&expired] { expired = true; });
+  while (!done()) {
+    if (expired) return false;
+    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+  }
+  return true;
+}
+
+BoxAnswer QtDesktop::Ask(const MessageBox& box) {
+  QWidget* const active = QApplication::activeWindow();
+  return ShowMessageBox(box, active != nullptr ? active : FrontWindow());
+}
+
+void QtDesktop::Beep() { QApplication::beep(); }
+
+bool QtDesktop::ShiftDown() const {
+  return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
+}
+
+TwipSize QtDesktop::ScreenSize() const {
+  const QSize size = QGuiApplication::primaryScreen()->size();
+  return {ToTwips(size.width()), ToTwips(size.height())};
+}
+
+std::filesystem::path QtDesktop::ProgramDirectory() const {
+  return QCoreApplication::applicationDirPath().toStdU16String();
+}
+
+ProgramVersion QtDesktop::Version() const {
+  const QVersionNumber version = QVersionNumber::fromString(QCoreApplication::applicationVersion());
+  return {version.majorVersion(), version.minorVersion(), version.microVersion()};
+}
+
+void QtDesktop::EndProgram(int exitCode) {
+  for (const Task& task : std::exchange(atEnd_, {})) {
+    try {
+      task();
+    } catch (const std::exception& fault) {
+      std::fprintf(stderr, "At the program's end: %s\n", fault.what());
+    }
+  }
+  std::fflush(nullptr);
+  std::_Exit(exitCode);
+}
+
+QWidget* QtDesktop::WindowOf(const Form& form) const {
+  const auto found = windows_.find(&form);
+  return found == windows_.end() ? nullptr : &found->second->Window();
+}
+
+QWidget* QtDesktop::FrontWindow() const {
+  return ShownForms().empty() ? nullptr : WindowOf(*ShownForms().back());
+}
+
+FormWindow& QtDesktop::Built(Form& form) {
+  if (const auto found = windows_.find(&form); found != windows_.end()) return *found->second;
+  std::unique_ptr<QWidget> window = build_(form.Name());
+  if (window == nullptr) throw std::logic_error("The window " + form.Name() + " has no design.");
+  // Dialogs stay above the main window.
+  if (mainWindow_ != nullptr) window->setParent(mainWindow_, window->windowFlags() | Qt::Dialog);
+  const bool isMain = qobject_cast<QMainWindow*>(window.get()) != nullptr;
+  auto built = std::make_unique<FormWindow>(form, std::move(window), [this, &form] { UserActivated(form); });
+  if (isMain) mainWindow_ = &built->Window();
+  return *windows_.emplace(&form, std::move(built)).first->second;
+}
+
+void QtDesktop::OpenWindow(Form& form, bool modal) {
+  FormWindow& opened = Built(form);
+  {
+    const QScopedValueRollback arranging(arranging_, true);
+    // A window that opens above a modal one or above a box would otherwise be blocked by it.
+    const QWidget* const modalAbove = QApplication::activeModalWidget();
+    opened.Open(modal || (modalAbove != nullptr && modalAbove != &opened.Window()));
+  }
+  if (!opened.Window().windowFlags().testFlag(Qt::SplashScreen)) return;
+  const QWindow* const handle = opened.Window().windowHandle();
+  PumpEventsUntil([handle] { return handle->isExposed(); }, kSplashWaitSeconds);
+  opened.Window().repaint();
+}
+
+void QtDesktop::CloseWindow(Form& form) {
+  QWidget* const window = WindowOf(form);
+  if (window == nullptr) return;
+  const QScopedValueRollback arranging(arranging_, true);
+  window->hide();
+  if (QWidget* const front = FrontWindow()) front->activateWindow();
+}
+
+void QtDesktop::UserActivated(Form& form) {
+  // What the window system activates because the program has just opened or closed a window is no choice of
+  // the user's.
+  if (!arranging_) EnterLogic(*this, [&] { BroughtToFront(form); });
+}
+
+}  // namespace kavr6

@@ -1,0 +1,36 @@
+// Which device stands behind COM1 to COM8.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace kavr6 {
+
+/// Orders names as a person does: "ttyUSB2" before "ttyUSB10".
+bool NaturalLess(const std::string& a, const std::string& b);
+
+/// The device for port `number` (1 to 8), empty without one. A link "COMn" in the folder `links` pins its
+/// target to that number, whether or not the target is there; `systemPorts` without the pinned ones fill the
+/// other numbers in their order.
+std::string DeviceForPort(int number, const std::filesystem::path& links,
+                          const std::vector<std::string>& systemPorts);
+
+/// The assignment as it stands at the moment of asking; adapters come and go.
+class PortNames {
+ public:
+  /// `links`: the folder of the links; it need not exist.
+  explicit PortNames(std::filesystem::path links) : links_(std::move(links)) {}
+  /// The device for port `number` (1 to 8), empty without one. On Windows the port of that name, and no
+  /// links.
+  std::string Device(int number) const;
+
+ private:
+  const std::vector<std::string>& SystemPorts() const;
+
+  std::filesystem::path links_;
+  mutable std::vector<std::string> systemPorts_;
+  mutable std::filesystem::file_time_type listed_{};
+};
+
+}  // namespace kavr6

@@ -1,0 +1,102 @@
+#include "adapters/qt/serial/serial_comm.h"
+
+#include <QFileInfo>
+
+#include "adapters/qt/serial/line_settings.h"
+#include "adapters/qt/serial/open_failure.h"
+
+#ifdef Q_OS_UNIX
+#include <poll.h>
+#include <sys/ioctl.h>
+#endif
+
+namespace kavr6 {
+namespace {
+
+/// The lock that keeps a device from being opened twice goes by the name, so links are resolved first.
+QString WithoutLinks(const std::string& device) {
+  const QString name = QString::fromStdString(device);
+  const QString real = QFileInfo(name).canonicalFilePath();
+  return real.isEmpty() ? name : real;
+}
+
+/// A pseudo-terminal that is opened for exclusive use keeps that mark when its user is killed, and then
+/// refuses every later one for as long as the program at its other end lives. The lock file does not have
+/// this fault.
+void ShareIfPseudoTerminal([[maybe_unused]] QSerialPort& port, [[maybe_unused]] const QString& name) {
+#ifdef Q_OS_LINUX
+  if (name.startsWith("/dev/pts/")) ioctl(port.handle(), TIOCNXCL);
+#endif
+}
+
+}  // namespace
+
+SerialComm::SerialComm(Scheduler& scheduler, std::filesystem::path links)
+    : MSComm(scheduler), scheduler_(scheduler), names_(std::move(links)) {
+  QObject::connect(&port_, &QSerialPort::readyRead, [this] { TakeBytes(); });
+  QObject::connect(&port_, &QSerialPort::errorOccurred, [this](QSerialPort::SerialPortError error) {
+    if (error != QSerialPort::NoError && port_.isOpen()) PortFailed();
+  });
+}
+
+void SerialComm::Release() {
+  port_.disconnect();
+  CloseDevice();
+}
+
+void SerialComm::OpenDevice(int number) {
+  const std::string device = names_.Device(number);
+  if (device.empty()) throw RuntimeError(8002, "There is no serial port for COM" + std::to_string(number));
+  const QString name = WithoutLinks(device);
+  port_.setPortName(name);
+  ApplyLineSettings(port_, Settings());
+  if (!port_.open(QIODevice::ReadWrite)) throw OpenFailure(name.toStdString(), port_);
+  ShareIfPseudoTerminal(port_, name);
+  // Not every device has these two lines.
+  port_.setDataTerminalReady(true);
+  port_.setRequestToSend(true);
+  port_.clear();  // what came in before is none of ours
+}
+
+void SerialComm::CloseDevice() {
+  if (port_.isOpen()) {
+    const QSignalBlocker unheard(port_);  // whether the line is dead matters no more
+    port_.flush();
+    port_.close();
+  }
+  scheduler_.Cancel(lossReport_);
+}
+
+void SerialComm::Send(std::span<const std::uint8_t> bytes) {
+  if (!port_.isOpen()) return;  // lost; the report is on its way
+  port_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+  port_.flush();
+}
+
+void SerialComm::TakeBytes() {
+  const QByteArray bytes = port_.readAll();
+  Arrived(
+      std::span(reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())));
+}
+
+void SerialComm::PortFailed() {
+  // Reading also wakes a port that has gone deaf over an error that was none, such as a peer that has stopped
+  // reading, or bytes announced twice.
+  TakeBytes();
+  if (!HungUp()) return;
+  // A dead port left open fails without end. Closing it here is safe; telling the program is not, since its
+  // handlers must not run from inside the port's signal.
+  port_.close();
+  lossReport_ = scheduler_.Post([this] { LineLost(); });
+}
+
+bool SerialComm::HungUp() const {
+#ifdef Q_OS_UNIX
+  pollfd device{port_.handle(), 0, 0};
+  return poll(&device, 1, 0) > 0 && (device.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+#else
+  return port_.error() == QSerialPort::ResourceError;
+#endif
+}
+
+}  // namespace kavr6

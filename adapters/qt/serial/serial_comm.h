@@ -1,0 +1,45 @@
+// The serial control on a real port.
+#pragma once
+
+#include <QSerialPort>
+#include <filesystem>
+#include <span>
+#include <string>
+
+#include "adapters/qt/serial/port_names.h"
+#include "platform/mscomm.h"
+
+namespace kavr6 {
+
+/// COM1 to COM8 as PortNames assigns them. Needs an application object and an event loop. A device opened by
+/// this program or, as far as the system can tell, by another one cannot be opened a second time under any
+/// name.
+class SerialComm : public MSComm {
+ public:
+  /// `links`: the folder with the links that pin a device to a port number.
+  SerialComm(Scheduler& scheduler, std::filesystem::path links);
+  ~SerialComm() override { Release(); }
+
+  /// Hands what was written to the system and lets go of the device and its lock file, telling nobody. For
+  /// the end of a process that runs no destructors; the object is of no use afterwards.
+  void Release();
+
+  std::string DeviceName(int number) const override { return names_.Device(number); }
+
+ protected:
+  void OpenDevice(int number) override;
+  void CloseDevice() override;
+  void Send(std::span<const std::uint8_t> bytes) override;
+
+ private:
+  void TakeBytes();
+  void PortFailed();
+  bool HungUp() const;
+
+  Scheduler& scheduler_;
+  PortNames names_;
+  QSerialPort port_;
+  Scheduler::TaskId lossReport_ = 0;
+};
+
+}  // namespace kavr6

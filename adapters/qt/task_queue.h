@@ -1,0 +1,49 @@
+// The scheduler's tasks on the event loop of the toolkit.
+#pragma once
+
+#include <QBasicTimer>
+#include <QObject>
+#include <functional>
+#include <map>
+#include <utility>
+
+#include "platform/scheduler.h"
+
+namespace kavr6 {
+
+/// Runs its tasks in order of time and then of entry, one per event, so that whoever waits looks at the world
+/// after each. The next event is under way before a task starts: an event loop inside a task goes on with the
+/// tasks that follow.
+class TaskQueue : public QObject {
+ public:
+  using Runner = std::function<void(const Scheduler::Task&)>;
+
+  /// `run` is called for each task and lets no exception out.
+  explicit TaskQueue(Runner run) : run_(std::move(run)) {}
+
+  /// Seconds of the machine's monotonic clock.
+  static double Now();
+  /// `seconds` is finite.
+  Scheduler::TaskId Add(double seconds, Scheduler::Task task);
+  void Cancel(Scheduler::TaskId id);
+  Scheduler::TaskId Newest() const { return newest_; }
+  /// Whether a task is due that is no newer than `id`.
+  bool IsDueUpTo(Scheduler::TaskId id) const;
+
+ protected:
+  bool event(QEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+
+ private:
+  void Arm();
+  void RunFirst();
+
+  Runner run_;
+  std::map<std::pair<double, Scheduler::TaskId>, Scheduler::Task> queue_;
+  std::map<Scheduler::TaskId, double> times_;
+  Scheduler::TaskId newest_ = 0;
+  QBasicTimer timer_;
+  bool eventPosted_ = false;
+};
+
+}  // namespace kavr6

@@ -1,0 +1,18 @@
+// Texts between the logic (UTF-8, doubled ampersands) and the widgets.
+#pragma once
+
+#include <QString>
+#include <string>
+
+namespace kavr6 {
+
+inline QString ToQt(const std::string& text) { return QString::fromStdString(text); }
+inline std::string FromQt(const QString& text) { return text.toStdString(); }
+
+/// A caption as a person reads it: mnemonics gone, a doubled ampersand a single one.
+QString ShownCaption(const QString& caption);
+
+/// The text that makes a widget with mnemonics show `shown` as it stands.
+inline QString WithoutMnemonic(QString shown) { return shown.replace('&', "&&"); }
+
+}  // namespace kavr6

@@ -1,0 +1,25 @@
+// The left part of the main screen, with the lines between its controls and the drive.
+#pragma once
+
+#include <QWidget>
+
+namespace kavr6::widgets {
+
+/// Holds controls in a layout, among them one DriveStage, and owns the ConnectorLines MotorLine1, MotorLine2,
+/// MotionLine, RegenLine1, RegenLine2, IOLine, EncoderLine, CommLine, DriveLine1 and DriveLine2, which follow
+/// the controls wherever these stand.
+class DrivePanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit DrivePanel(QWidget* parent = nullptr);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  bool event(QEvent* event) override;
+
+ private:
+  void Route();
+};
+
+}  // namespace kavr6::widgets

@@ -1,0 +1,27 @@
+// A signal lamp.
+#pragma once
+
+#include <QWidget>
+
+namespace kavr6::widgets {
+
+/// Off is an empty ring, green a full disc, yellow a triangle, red a square with a cross: the shape alone
+/// tells the state. A screen reader hears the state as the description.
+class Lamp : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit Lamp(QWidget* parent = nullptr);
+  /// 0 off, 1 green, 2 yellow, 3 red.
+  void setState(int state);
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  int state_ = 0;
+};
+
+}  // namespace kavr6::widgets

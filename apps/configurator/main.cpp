@@ -1,0 +1,31 @@
+// The KAVR6 Configurator: the program on the desktop, the serial port and the motor database of the machine.
+#include <QApplication>
+#include <QIcon>
+#include <QLocale>
+#include <clocale>
+
+#include "adapters/qt/forms.h"
+#include "adapters/qt/qt_desktop.h"
+#include "adapters/qt/serial/serial_comm.h"
+#include "adapters/sqlite/sqlite_table.h"
+#include "core/configurator.h"
+
+int main(int argc, char** argv) {
+  using namespace kavr6;
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(kProgramTitle);
+  QApplication::setApplicationVersion(KAVR6_VERSION);
+  QApplication::setDesktopFileName("kavr6-configurator");
+  QApplication::setWindowIcon(QIcon(":/artwork/kavr6.svg"));
+  // Numbers have a decimal point on every machine.
+  std::setlocale(LC_NUMERIC, "C");
+  QLocale::setDefault(QLocale::c());
+
+  QtDesktop desktop(BuildWindow);
+  SerialComm comm(desktop, desktop.ProgramDirectory() / "ports");
+  desktop.AtEnd([&comm] { comm.Release(); });
+  SqliteTable motors;
+  Configurator configurator(desktop, comm, motors);
+  desktop.Post([&configurator] { configurator.Start(); });
+  return QApplication::exec();
+}
