@@ -1,0 +1,147 @@
+#include "apps/tour/stage.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QPixmap>
+#include <QTest>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+
+namespace kavr6 {
+namespace {
+
+constexpr int kPollMs = 10;
+constexpr double kWindowSeconds = 5.0;
+
+}  // namespace
+
+Stage::Stage(std::filesystem::path folder) : folder_(std::move(folder)) {
+  std::filesystem::remove_all(folder_ / "ports");
+  std::filesystem::create_directories(folder_);
+  log_.open(folder_ / "tour.log");
+  QObject::connect(&boxTimer_, &QTimer::timeout, [this] { LookForBox(); });
+  boxTimer_.start(kPollMs);
+}
+
+void Stage::Note(const std::string& text) {
+  std::cout << text << std::endl;
+  log_ << text << std::endl;
+}
+
+void Stage::Step(const std::string& what) {
+  if (!boxes_.empty()) Fail("this box has not come: " + boxes_.front().text);
+  Note(std::to_string(++steps_) + ". " + what);
+}
+
+void Stage::Check(bool holds, const std::string& what) {
+  if (!holds) Fail("not so: " + what);
+  Note("   " + what);
+}
+
+void Stage::Fail(const std::string& why) {
+  Note("!! " + why);
+  if (QWidget* front = QApplication::activeWindow())
+    front->grab().save(QString::fromStdString((folder_ / "failed.png").string()));
+  std::_Exit(1);
+}
+
+void Stage::WaitFor(const std::function<bool()>& done, double seconds, const std::string& what) {
+  QElapsedTimer time;
+  time.start();
+  while (!done()) {
+    if (static_cast<double>(time.elapsed()) > seconds * 1000.0) Fail("waited in vain: " + what);
+    QTest::qWait(kPollMs);
+  }
+}
+
+void Stage::Pause(double seconds) { QTest::qWait(static_cast<int>(seconds * 1000.0)); }
+
+QWidget& Stage::Window(const std::string& form) {
+  QWidget* found = nullptr;
+  WaitFor(
+      [&] {
+        for (QWidget* window : QApplication::topLevelWidgets())
+          if (window->isVisible() && window->objectName().toStdString() == form) found = window;
+        return found != nullptr;
+      },
+      kWindowSeconds, "window " + form);
+  return *found;
+}
+
+void Stage::Click(QWidget& window, const char* name) {
+  auto* const widget = window.findChild<QWidget*>(name);
+  if (widget == nullptr || !widget->isVisible()) Fail(std::string("nothing to click: ") + name);
+  QTest::mouseClick(widget, Qt::LeftButton);
+}
+
+void Stage::Command(QWidget& window, const char* name) {
+  auto* const action = window.findChild<QAction*>(name);
+  if (action == nullptr || !action->isEnabled()) Fail(std::string("no such command: ") + name);
+  action->trigger();
+}
+
+void Stage::Choose(QWidget& window, const char* name, int row) {
+  auto* const list = window.findChild<QComboBox*>(name);
+  if (list == nullptr) Fail(std::string("no list: ") + name);
+  list->setFocus();
+  // A row of its own for each key: a slow list must not be hurried past the row in between.
+  while (list->currentIndex() != row) {
+    const int before = list->currentIndex();
+    QTest::keyClick(list, before < row ? Qt::Key_Down : Qt::Key_Up);
+    if (list->currentIndex() == before) return;
+  }
+}
+
+void Stage::AnswerNextBox(const std::string& text, QMessageBox::StandardButton answer,
+                          const std::string& picture) {
+  boxes_.push_back({text, answer, picture});
+}
+
+void Stage::LookForBox() {
+  auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+  if (box == nullptr || !box->isVisible() || box == answered_) return;
+  const std::string shown = box->text().toStdString();
+  if (boxes_.empty() || shown.find(boxes_.front().text) == std::string::npos)
+    Fail("unexpected box: " + shown);
+  const BoxToCome expected = boxes_.front();
+  boxes_.pop_front();
+  if (!expected.picture.empty()) Picture(*box, expected.picture);
+  QAbstractButton* const button = box->button(expected.answer);
+  if (button == nullptr) Fail("the box has no such button: " + shown);
+  Note("   box: " + expected.text);
+  answered_ = box;
+  button->click();
+}
+
+void Stage::Picture(QWidget& window, const std::string& name) {
+  const std::filesystem::path file = folder_ / (name + ".png");
+  if (!window.grab().save(QString::fromStdString(file.string()))) Fail("cannot write " + file.string());
+  ++pictures_;
+  Note("   picture: " + file.filename().string());
+}
+
+DriveProgram::DriveProgram(Stage& stage, const QString& program) : stage_(stage) {
+  process_.setStandardOutputFile(QString::fromStdString((stage.Folder() / "drive.log").string()));
+  process_.setProcessChannelMode(QProcess::MergedChannels);
+  process_.start(program, {"--port", "COM1", "--dir", QString::fromStdString(stage.Folder().string())});
+  if (!process_.waitForStarted()) stage.Fail("the simulated drive does not start");
+  stage.WaitFor([&] { return std::filesystem::is_symlink(stage_.Folder() / "ports" / "COM1"); }, 5.0,
+                "the link to the drive");
+}
+
+DriveProgram::~DriveProgram() {
+  process_.terminate();
+  process_.waitForFinished();
+}
+
+void DriveProgram::Order(const char* line) {
+  process_.write(line);
+  process_.write("\n");
+  process_.waitForBytesWritten();
+}
+
+}  // namespace kavr6

@@ -1,0 +1,243 @@
+// What a person at the machine feels: start, transfers over a line of true speed, processor time at rest,
+// memory. Usage: program_bench              measures, with the simulated drive as a program of its own
+//        program_bench --child ...  one measured process; started by the first form
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QTimer>
+#include <QWidget>
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <vector>
+
+#include <sys/resource.h>
+
+#include "adapters/qt/forms.h"
+#include "adapters/qt/qt_desktop.h"
+#include "adapters/qt/serial/serial_comm.h"
+#include "adapters/sqlite/sqlite_table.h"
+#include "core/configurator.h"
+
+namespace kavr6 {
+namespace {
+
+constexpr int kStarts = 9;
+constexpr double kLineMs = 168.75;  // 161 bytes and the answer at 9600 baud
+constexpr double kRestSeconds = 3.0;
+
+double NowMs() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC, &now);
+  return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
+}
+
+double ProcessorMs() {
+  rusage use{};
+  getrusage(RUSAGE_SELF, &use);
+  return static_cast<double>(use.ru_utime.tv_sec + use.ru_stime.tv_sec) * 1e3 +
+         static_cast<double>(use.ru_utime.tv_usec + use.ru_stime.tv_usec) / 1e3;
+}
+
+double PeakMemoryMiB() {
+  rusage use{};
+  getrusage(RUSAGE_SELF, &use);
+  return static_cast<double>(use.ru_maxrss) / 1024.0;
+}
+
+/// A folder as program directory, and every box answered with OK or Yes.
+class BenchDesktop : public QtDesktop {
+ public:
+  explicit BenchDesktop(std::filesystem::path folder) : QtDesktop(BuildWindow), folder_(std::move(folder)) {}
+  std::filesystem::path ProgramDirectory() const override { return folder_; }
+  BoxAnswer Ask(const MessageBox& box) override {
+    return box.buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
+  }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+struct Program {
+  explicit Program(const std::filesystem::path& folder)
+      : desktop(folder), comm(desktop, folder / "ports"), configurator(desktop, comm, table) {}
+  BenchDesktop desktop;
+  SerialComm comm;
+  SqliteTable table;
+  Configurator configurator;
+};
+
+/// Tells how long after `startMs` the first window of this process was painted, then ends it.
+class FirstPaint : public QObject {
+ public:
+  FirstPaint(double startMs, QString window) : startMs_(startMs), window_(std::move(window)) {
+    qApp->installEventFilter(this);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint && watched->objectName() == window_) {
+      QTimer::singleShot(0, this, [this] {
+        std::printf("%.2f\n", NowMs() - startMs_);
+        std::fflush(stdout);
+        std::_Exit(0);
+      });
+    }
+    return false;
+  }
+
+ private:
+  double startMs_;
+  QString window_;
+};
+
+int StartEmpty(double startMs) {
+  QWidget window;
+  window.setObjectName("Empty");
+  FirstPaint paint(startMs, "Empty");
+  window.resize(800, 600);
+  window.show();
+  return QApplication::exec();
+}
+
+int StartMain(double startMs, const std::filesystem::path& folder) {
+  FirstPaint paint(startMs, "MainForm");
+  Program program(folder);
+  program.configurator.Start();
+  return QApplication::exec();
+}
+
+void MeasureRest(Program& program, const char* when) {
+  Delay(program.desktop, 0.5);
+  const double before = ProcessorMs();
+  Delay(program.desktop, kRestSeconds);
+  std::printf("at rest %-22s %6.1f ms of processor time in %.0f s\n", when, ProcessorMs() - before,
+              kRestSeconds);
+}
+
+int Work(const std::filesystem::path& folder) {
+  Program program(folder);
+  program.configurator.Start();
+  MainForm& main = program.configurator.Main;
+  MeasureRest(program, "with a drive");
+  main.InertiaSet = true;
+  std::vector<double> downloads;
+  std::vector<double> uploads;
+  for (int i = 0; i < 5; ++i) {
+    double start = NowMs();
+    main.Download.Click();
+    downloads.push_back(NowMs() - start);
+    start = NowMs();
+    main.Upload.Click();
+    uploads.push_back(NowMs() - start);
+  }
+  std::sort(downloads.begin(), downloads.end());
+  std::sort(uploads.begin(), uploads.end());
+  std::printf("download click, median of 5: %.1f ms; upload click: %.1f ms\n", downloads[2], uploads[2]);
+  // The bare exchange: 161 bytes and one answer, without checks and the fixed pause.
+  std::vector<double> exchanges;
+  const ParameterImage image = [&] {
+    ParameterImage built{};
+    DownloadString(built, program.configurator.settings, program.configurator.motorTable, main.Calculations);
+    StoreChecksum(built);
+    return built;
+  }();
+  for (int i = 0; i < 5; ++i) {
+    program.comm.SetRThreshold(3);
+    program.comm.Output("d");
+    Delay(program.desktop, 0.01);
+    const double start = NowMs();
+    for (const Byte byte : image) {
+      WriteByte(program.comm, byte);
+      program.desktop.PumpEvents();
+    }
+    program.desktop.PumpEventsUntil([&] { return program.comm.InBufferCount() > 0; }, 1.0);
+    exchanges.push_back(NowMs() - start);
+    program.comm.Input();
+    program.comm.SetRThreshold(1);
+  }
+  std::sort(exchanges.begin(), exchanges.end());
+  std::printf("161 bytes and the answer, median of 5: %.2f ms, %.4f times the line's %.2f ms\n", exchanges[2],
+              exchanges[2] / kLineMs, kLineMs);
+  std::printf("unplug\n");
+  std::fflush(stdout);
+  program.desktop.PumpEventsUntil([&] { return !program.comm.PortOpen(); }, 5.0);
+  MeasureRest(program, program.comm.PortOpen() ? "(NOT hung up)" : "after a hang-up");
+  std::printf("peak memory %.1f MiB\n", PeakMemoryMiB());
+  std::fflush(stdout);
+  std::_Exit(0);
+}
+
+int RestWithoutDrive(const std::filesystem::path& folder) {
+  Program program(folder);
+  program.configurator.Start();
+  MeasureRest(program, "without a port");
+  std::fflush(stdout);
+  std::_Exit(0);
+}
+
+std::string RunChild(const QStringList& arguments, QProcess* drive = nullptr) {
+  QProcess child;
+  child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+  QStringList all = arguments;
+  all.prepend("--child");
+  all << QString::number(NowMs(), 'f', 3);
+  child.start(QCoreApplication::applicationFilePath(), all);
+  std::string output;
+  while (child.state() != QProcess::NotRunning || child.bytesAvailable() > 0) {
+    child.waitForReadyRead(100);
+    const QByteArray read = child.readAllStandardOutput();
+    if (drive != nullptr && read.contains("unplug\n")) {
+      drive->write("unplug\n");
+      drive->waitForBytesWritten();
+    }
+    output += QByteArray(read).replace("unplug\n", "").toStdString();
+  }
+  return output;
+}
+
+double MedianStart(const QStringList& arguments) {
+  std::vector<double> times;
+  for (int i = 0; i < kStarts; ++i) times.push_back(std::stod(RunChild(arguments)));
+  std::sort(times.begin(), times.end());
+  return times[kStarts / 2];
+}
+
+int MeasureAll() {
+  QTemporaryDir folder;
+  const QString bin = QCoreApplication::applicationDirPath();
+  QFile::copy(bin + "/" + kMotorFile, folder.filePath(kMotorFile));
+  std::fputs(RunChild({"rest", folder.path()}).c_str(), stdout);
+  QProcess drive;
+  drive.start(bin + "/drive_simulator", {"--port", "COM1", "--quiet", "--dir", folder.path()});
+  while (!QFileInfo(folder.filePath("ports/COM1")).isSymLink()) QThread::msleep(20);
+  const double empty = MedianStart({"empty", folder.path()});
+  const double main = MedianStart({"main", folder.path()});
+  std::printf("start to first paint, medians of %d: empty window %.1f ms, main screen %.1f ms, %.2f times\n",
+              kStarts, empty, main, main / empty);
+  std::fflush(stdout);
+  std::fputs(RunChild({"work", folder.path()}, &drive).c_str(), stdout);
+  drive.terminate();
+  drive.waitForFinished();
+  return 0;
+}
+
+}  // namespace
+}  // namespace kavr6
+
+int main(int argc, char** argv) {
+  using namespace kavr6;
+  if (argc < 5) {
+    QCoreApplication application(argc, argv);
+    return MeasureAll();
+  }
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(kProgramTitle);
+  QApplication::setApplicationVersion("1.0.0");
+  const std::string what = argv[2];
+  const std::filesystem::path folder = argv[3];
+  const double startMs = std::stod(argv[4]);
+  if (what == "empty") return StartEmpty(startMs);
+  if (what == "main") return StartMain(startMs, folder);
+  return what == "work" ? Work(folder) : RestWithoutDrive(folder);
+}
