@@ -1,7 +1,10 @@
 #include "adapters/qt/ask.h"
 
 #include <QCoreApplication>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
+#include <algorithm>
 
 #include "adapters/qt/text.h"
 
@@ -43,6 +46,18 @@ Choice ChoiceOf(BoxButtons buttons) {
   return {BoxAnswer::Ok, QMessageBox::Ok, BoxAnswer::Ok, QMessageBox::Ok};
 }
 
+/// Room for a sentence of usual length on one line: the toolkit's own width leaves a word or two for the
+/// next.
+void WidenText(const QMessageBox& window) {
+  constexpr int kCharactersInALine = 84;
+  auto* const label = window.findChild<QLabel*>("qt_msgbox_label");
+  if (label == nullptr) return;
+  const QFontMetrics metrics = label->fontMetrics();
+  const int most =
+      std::min(kCharactersInALine * metrics.averageCharWidth(), window.screen()->size().width() / 2);
+  label->setMinimumWidth(std::min(metrics.size(0, window.text()).width() + 1, most));
+}
+
 }  // namespace
 
 BoxAnswer ShowMessageBox(const MessageBox& box, QWidget* parent) {
@@ -57,6 +72,7 @@ BoxAnswer ShowMessageBox(const MessageBox& box, QWidget* parent) {
   window.setEscapeButton(choice.refuseButton);
   // The box knows its size only when it is shown, and not every window manager centres it over a splash.
   window.setWindowModality(Qt::ApplicationModal);
+  WidenText(window);
   window.show();
   if (parent != nullptr) window.move(parent->frameGeometry().center() - window.rect().center());
   return window.exec() == choice.acceptButton ? choice.accept : choice.refuse;

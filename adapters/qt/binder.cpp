@@ -184,7 +184,8 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     const bool comesBack = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
     if (!comesBack || form_.FocusedControl() == nullptr) UserEntered(*static_cast<const QWidget*>(watched));
   } else if (event->type() == QEvent::Wheel && TakesWheel(*watched) &&
-             !static_cast<const QWidget*>(watched)->hasFocus()) {
+             (watched->inherits("QComboBox") || !static_cast<const QWidget*>(watched)->hasFocus())) {
+    // A closed drop-down list never takes the wheel: a notch too many would change the serial port.
     event->ignore();
     return true;
   }

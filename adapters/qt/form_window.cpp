@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QStyle>
 #include <QWindow>
 #include <algorithm>
 #include <optional>
@@ -35,6 +36,16 @@ Button* ButtonWithRole(const Form& form, Button::Role role) {
     if (button->ButtonRole() == role && button->Enabled() && button->Visible()) return button;
   }
   return nullptr;
+}
+
+/// The button that ends a dialog by Esc: Cancel, or the only one of a window that merely tells something.
+Button* EscapeButton(const Form& form) {
+  if (Button* const cancel = ButtonWithRole(form, Button::Role::Cancel)) return cancel;
+  const auto& controls = form.Controls();
+  const bool single = std::count_if(controls.begin(), controls.end(), [](const Control* control) {
+                        return control->Kind() == ControlKind::Button;
+                      }) == 1;
+  return single ? ButtonWithRole(form, Button::Role::Default) : nullptr;
 }
 
 /// Where on the screen the form's place 0, 0 is.
@@ -77,7 +88,9 @@ FormWindow::Place FormWindow::PlaceOfForm() const {
 // A form without a size of its own takes that of the design; both give way to what the contents need and to
 // the screen. What is centred stays so.
 void FormWindow::SettleFirstPlace() {
-  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry().translated(-Origin());
+  QRect screen = QGuiApplication::primaryScreen()->availableGeometry().translated(-Origin());
+  if (!window_->windowFlags().testFlag(Qt::FramelessWindowHint))
+    screen.setTop(screen.top() + window_->style()->pixelMetric(QStyle::PM_TitleBarHeight));
   if (!window_->testAttribute(Qt::WA_Resized)) window_->adjustSize();
   QSize size = form_.Sized() ? QSize(ToPixels(form_.Width()), ToPixels(form_.Height()))
                              : window_->size().expandedTo(window_->sizeHint());
@@ -168,7 +181,7 @@ bool FormWindow::EndsDialog(const QKeyEvent& event) {
   if (auto* const focused = qobject_cast<QPushButton*>(window_->focusWidget()); enter && focused != nullptr) {
     focused->click();
   } else if (Button* const button =
-                 ButtonWithRole(form_, enter ? Button::Role::Default : Button::Role::Cancel)) {
+                 enter ? ButtonWithRole(form_, Button::Role::Default) : EscapeButton(form_)) {
     EnterLogic(form_.Screen(), [button] { button->Click(); });
   }
   return true;

@@ -7,7 +7,8 @@ QString ShownCaption(const QString& caption) {
   shown.reserve(caption.size());
   for (qsizetype i = 0; i < caption.size(); ++i) {
     if (caption[i] == '&' && ++i == caption.size()) break;
-    shown += caption[i];
+    // What a disturbed line has made of a drive's letter must not show as a box or a second line.
+    if (caption[i].isPrint()) shown += caption[i];
   }
   return shown;
 }

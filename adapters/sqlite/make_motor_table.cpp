@@ -1,5 +1,6 @@
 // Makes the motor database file from the catalogue: make_motor_table CATALOGUE.csv DATABASE
 #include <exception>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 
@@ -16,7 +17,15 @@ int main(int argc, char** argv) {
       std::cerr << argv[1] << ": cannot be opened\n";
       return 1;
     }
-    kavr6::WriteMotorFile(kavr6::ReadCatalogue(text), argv[2]);
+    const auto rows = kavr6::ReadCatalogue(text);
+    // Motors that files and drives have brought along live in the database only: the file before is kept.
+    const std::filesystem::path database = argv[2];
+    if (std::filesystem::exists(database)) {
+      std::filesystem::copy_file(database, database.string() + ".before",
+                                 std::filesystem::copy_options::overwrite_existing);
+      std::cout << "the motor database before is kept as " << database.string() << ".before\n";
+    }
+    kavr6::WriteMotorFile(rows, database);
   } catch (const kavr6::CatalogueError& error) {
     std::cerr << argv[1] << ": " << error.what() << '\n';
     return 1;

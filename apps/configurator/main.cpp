@@ -16,7 +16,6 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(kProgramTitle);
   QApplication::setApplicationVersion(KAVR6_VERSION);
   QApplication::setDesktopFileName("kavr6-configurator");
-  QApplication::setWindowIcon(QIcon(":/artwork/kavr6.svg"));
   // Numbers have a decimal point on every machine.
   std::setlocale(LC_NUMERIC, "C");
   QLocale::setDefault(QLocale::c());
@@ -26,6 +25,8 @@ int main(int argc, char** argv) {
   desktop.AtEnd([&comm] { comm.Release(); });
   SqliteTable motors;
   Configurator configurator(desktop, comm, motors);
+  // Drawing the icon costs milliseconds; the main screen comes first.
+  desktop.CallAfter(0.3, [] { QApplication::setWindowIcon(QIcon(":/artwork/kavr6.svg")); });
   desktop.Post([&configurator] { configurator.Start(); });
   return QApplication::exec();
 }

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QPalette>
 #include <QTimer>
+#include <iostream>
 
 #include "adapters/qt/forms.h"
 #include "adapters/qt/qt_desktop.h"
@@ -18,12 +19,14 @@ namespace {
 /// The tour's folder is the program's directory: its ports and its motor table are its own.
 class TourDesktop : public QtDesktop {
  public:
-  TourDesktop(WindowBuilder build, std::filesystem::path folder)
-      : QtDesktop(std::move(build)), folder_(std::move(folder)) {}
-  std::filesystem::path ProgramDirectory() const override { return folder_; }
+  TourDesktop(WindowBuilder build, Stage& stage) : QtDesktop(std::move(build)), stage_(stage) {}
+  std::filesystem::path ProgramDirectory() const override { return stage_.Folder(); }
+  [[noreturn]] void EndProgram(int exitCode) override {
+    stage_.Fail("the program has ended with exit code " + std::to_string(exitCode));
+  }
 
  private:
-  std::filesystem::path folder_;
+  Stage& stage_;
 };
 
 class Tour {
@@ -31,7 +34,7 @@ class Tour {
   explicit Tour(Stage& stage)
       : stage_(stage),
         drive_(stage, QCoreApplication::applicationDirPath() + "/drive_simulator"),
-        desktop_(BuildWindow, stage.Folder()),
+        desktop_(BuildWindow, stage),
         comm_(desktop_, stage.Folder() / "ports"),
         program_(desktop_, comm_, table_) {}
 
@@ -134,7 +137,7 @@ void Tour::FindItAgain() {
   stage_.Check(comm_.PortOpen() && program_.Main.CommNumber == 1, "COM1 is open again");
   stage_.Pause(0.3);
   stage_.Click(Main(), "Upload");
-  stage_.Check(program_.Main.StatusDrive.Caption().starts_with("KAVR6-Bx"),
+  stage_.Check(program_.Main.StatusDrive.Caption().starts_with("Last heard: KAVR6-Bx"),
                "the drive is heard: " + program_.Main.StatusDrive.Caption());
 }
 
@@ -165,15 +168,17 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName(kavr6::kProgramTitle);
   QApplication::setApplicationVersion(KAVR6_VERSION);
-  const std::filesystem::path folder = std::filesystem::absolute(argc > 1 ? argv[1] : "tour");
-  kavr6::Stage stage(folder);
-  std::filesystem::copy_file(QCoreApplication::applicationDirPath().toStdString() + "/" + kavr6::kMotorFile,
-                             folder / kavr6::kMotorFile, std::filesystem::copy_options::overwrite_existing);
-  {
-    kavr6::Tour tour(stage);
-    tour.Play();
+  try {
+    kavr6::Stage stage(std::filesystem::absolute(argc > 1 ? argv[1] : "tour"));
+    std::filesystem::copy_file(QCoreApplication::applicationDirPath().toStdString() + "/" + kavr6::kMotorFile,
+                               stage.Folder() / kavr6::kMotorFile,
+                               std::filesystem::copy_options::overwrite_existing);
+    kavr6::Tour(stage).Play();
+    stage.Note(std::to_string(stage.Steps()) + " steps, " + std::to_string(stage.Pictures()) +
+               " pictures in " + stage.Folder().string());
+  } catch (const std::exception& error) {
+    std::cerr << "!! " << error.what() << '\n';
+    return 1;
   }
-  stage.Note(std::to_string(stage.Steps()) + " steps, " + std::to_string(stage.Pictures()) + " pictures in " +
-             folder.string());
   return 0;
 }

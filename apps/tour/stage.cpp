@@ -7,9 +7,12 @@
 #include <QElapsedTimer>
 #include <QPixmap>
 #include <QTest>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+
+#include <sys/prctl.h>
 
 namespace kavr6 {
 namespace {
@@ -127,6 +130,8 @@ void Stage::Picture(QWidget& window, const std::string& name) {
 DriveProgram::DriveProgram(Stage& stage, const QString& program) : stage_(stage) {
   process_.setStandardOutputFile(QString::fromStdString((stage.Folder() / "drive.log").string()));
   process_.setProcessChannelMode(QProcess::MergedChannels);
+  // However the tour ends, its drive ends with it.
+  process_.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
   process_.start(program, {"--port", "COM1", "--dir", QString::fromStdString(stage.Folder().string())});
   if (!process_.waitForStarted()) stage.Fail("the simulated drive does not start");
   stage.WaitFor([&] { return std::filesystem::is_symlink(stage_.Folder() / "ports" / "COM1"); }, 5.0,

@@ -17,11 +17,11 @@ std::string GroupWithAccess(const std::string& file) {
 
 RuntimeError OpenFailure(const std::string& device, const QSerialPort& port) {
   const QFileInfo file(QString::fromStdString(device));
-  const RuntimeError missing(8002, "The device " + device + " is not there");
-  if (file.isAbsolute() && !file.exists()) return missing;
+  const auto missing = [&] { return RuntimeError(8002, "The device " + device + " is not there"); };
+  if (file.isAbsolute() && !file.exists()) return missing();
   switch (port.error()) {
     case QSerialPort::DeviceNotFoundError:
-      return missing;
+      return missing();
     case QSerialPort::PermissionError:
       // A lock, too, is reported as a lack of permission.
       if (file.exists() && !(file.isReadable() && file.isWritable())) {

@@ -84,6 +84,8 @@ std::string PortNames::Device(int number) const {
   const auto& ports = SystemPorts();
   return std::find(ports.begin(), ports.end(), ComName(number)) != ports.end() ? ComName(number) : "";
 #else
+  // Listing the system's ports costs milliseconds; the port of the first start on a bench is often pinned.
+  if (const auto pinned = PinnedTo(number, links_)) return *pinned;
   return DeviceForPort(number, links_, SystemPorts());
 #endif
 }

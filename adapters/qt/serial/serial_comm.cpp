@@ -13,6 +13,9 @@
 namespace kavr6 {
 namespace {
 
+/// Some drivers fail for ever without saying that the device is gone.
+constexpr int kMostFailuresInARow = 100;
+
 /// The lock that keeps a device from being opened twice goes by the name, so links are resolved first.
 QString WithoutLinks(const std::string& device) {
   const QString name = QString::fromStdString(device);
@@ -75,6 +78,7 @@ void SerialComm::Send(std::span<const std::uint8_t> bytes) {
 
 void SerialComm::TakeBytes() {
   const QByteArray bytes = port_.readAll();
+  if (!bytes.isEmpty()) failuresInARow_ = 0;
   Arrived(
       std::span(reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())));
 }
@@ -83,7 +87,7 @@ void SerialComm::PortFailed() {
   // Reading also wakes a port that has gone deaf over an error that was none, such as a peer that has stopped
   // reading, or bytes announced twice.
   TakeBytes();
-  if (!HungUp()) return;
+  if (!HungUp() && ++failuresInARow_ < kMostFailuresInARow) return;
   // A dead port left open fails without end. Closing it here is safe; telling the program is not, since its
   // handlers must not run from inside the port's signal.
   port_.close();

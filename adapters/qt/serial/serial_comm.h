@@ -39,6 +39,7 @@ class SerialComm : public MSComm {
   Scheduler& scheduler_;
   PortNames names_;
   QSerialPort port_;
+  int failuresInARow_ = 0;  // without a byte in between
   Scheduler::TaskId lossReport_ = 0;
 };
 

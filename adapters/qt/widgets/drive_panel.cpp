@@ -1,5 +1,6 @@
 #include "adapters/qt/widgets/drive_panel.h"
 
+#include <QBoxLayout>
 #include <QEvent>
 #include <algorithm>
 #include <array>
@@ -70,16 +71,35 @@ DrivePanel::DrivePanel(QWidget* parent) : QWidget(parent) {
       if (name) (new ConnectorLine(this))->setObjectName(name);
 }
 
-void DrivePanel::resizeEvent(QResizeEvent*) { Route(); }
+void DrivePanel::resizeEvent(QResizeEvent*) { Arrange(); }
 
 bool DrivePanel::event(QEvent* event) {
   if (event->type() == QEvent::Polish) {
-    if (auto* stage = findChild<DriveStage*>()) connect(stage, &DriveStage::Placed, this, &DrivePanel::Route);
+    if (auto* stage = findChild<DriveStage*>())
+      connect(stage, &DriveStage::Placed, this, &DrivePanel::Arrange);
     for (auto* line : findChildren<ConnectorLine*>()) line->raise();
   }
   const bool done = QWidget::event(event);
-  if (event->type() == QEvent::LayoutRequest) Route();
+  if (event->type() == QEvent::LayoutRequest) Arrange();
   return done;
+}
+
+void DrivePanel::Arrange() {
+  InsetStrip();
+  Route();
+}
+
+// Spacers and not margins: they give way when the window is made narrower.
+void DrivePanel::InsetStrip() {
+  auto* strip = findChild<QHBoxLayout*>("linkStrip");
+  const auto* button = findChild<QWidget*>("Motion");
+  if (!strip || !button) return;
+  const int inset = std::max(0, button->mapTo(this, QPoint()).x());
+  QSpacerItem* left = strip->itemAt(0)->spacerItem();
+  if (left->sizeHint().width() == inset) return;
+  for (QSpacerItem* spacer : {left, strip->itemAt(strip->count() - 1)->spacerItem()})
+    spacer->changeSize(inset, 0, QSizePolicy::Maximum, QSizePolicy::Minimum);
+  strip->invalidate();
 }
 
 void DrivePanel::Route() {

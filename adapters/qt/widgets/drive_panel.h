@@ -5,9 +5,10 @@
 
 namespace kavr6::widgets {
 
-/// Holds controls in a layout, among them one DriveStage, and owns the ConnectorLines MotorLine1, MotorLine2,
-/// MotionLine, RegenLine1, RegenLine2, IOLine, EncoderLine, CommLine, DriveLine1 and DriveLine2, which follow
-/// the controls wherever these stand.
+/// Holds controls in a layout, among them one DriveStage below a row "linkStrip" that starts and ends with a
+/// spacer; the row is kept as wide as the stage's buttons reach. Owns the ConnectorLines MotorLine1,
+/// MotorLine2, MotionLine, RegenLine1, RegenLine2, IOLine, EncoderLine, CommLine, DriveLine1 and DriveLine2,
+/// which follow the controls wherever these stand.
 class DrivePanel : public QWidget {
   Q_OBJECT
 
@@ -19,6 +20,8 @@ class DrivePanel : public QWidget {
   bool event(QEvent* event) override;
 
  private:
+  void Arrange();
+  void InsetStrip();
   void Route();
 };
 

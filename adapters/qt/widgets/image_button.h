@@ -6,7 +6,7 @@
 namespace kavr6::widgets {
 
 /// Shows the picture it is given above its text(); the text may hold a mnemonic. Hover, focus and the pressed
-/// state are drawn by the button itself, whatever the picture.
+/// state are drawn by the button itself, whatever the picture. A double click is one click.
 class ImageButton : public QAbstractButton {
   Q_OBJECT
   Q_PROPERTY(QString picture READ picture WRITE setPicture)
@@ -22,6 +22,7 @@ class ImageButton : public QAbstractButton {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent*) override {}
 
  private:
   QSize FaceSize(double pictureLines) const;

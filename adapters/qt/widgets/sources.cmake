@@ -5,6 +5,7 @@ set(WIDGET_SOURCES
     widgets/drive_panel.cpp
     widgets/drive_picture.cpp
     widgets/drive_stage.cpp
+    widgets/elided_label.cpp
     widgets/hot_spot.cpp
     widgets/image_button.cpp
     widgets/lamp.cpp

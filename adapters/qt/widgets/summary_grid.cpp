@@ -1,5 +1,6 @@
 #include "adapters/qt/widgets/summary_grid.h"
 
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
@@ -31,12 +32,15 @@ class RowPainter : public QStyledItemDelegate {
         ArtworkPixmap(picture, option.rect.size(), painter->device()->devicePixelRatioF(), ink);
     if (!pixmap.isNull()) painter->drawPixmap(option.rect.topLeft(), pixmap);
     const bool title = index.data(kTitleRole).toBool();
-    const bool current = (option.state & QStyle::State_Selected) && option.widget->hasFocus();
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    const bool current = selected && option.widget->hasFocus();
     if (current)
       painter->fillRect(option.rect, palette.highlight());
     else if (title)
       painter->fillRect(option.rect,
                         Mixed(palette.color(QPalette::Base), palette.color(QPalette::Highlight), 0.2));
+    else if (selected)  // what the style has drawn beneath
+      painter->fillRect(option.rect, palette.base());
     QFont font = option.font;
     font.setBold(title);
     painter->setFont(font);
@@ -176,6 +180,13 @@ void SummaryGrid::keyPressEvent(QKeyEvent* event) {
     emit rowDoubleClicked(currentRow());
   else
     QTableWidget::keyPressEvent(event);
+}
+
+// Shows where the keys will act. A click picks its row itself.
+void SummaryGrid::focusInEvent(QFocusEvent* event) {
+  QTableWidget::focusInEvent(event);
+  if (event->reason() != Qt::MouseFocusReason && selectedItems().isEmpty())
+    selectRow(std::max(0, currentRow()));
 }
 
 void SummaryGrid::resizeEvent(QResizeEvent* event) {
