@@ -13,6 +13,7 @@ constexpr int kMinWidthTwips = 9600;
 constexpr int kMinHeightTwips = 7200;
 constexpr int kStartWidthTwips = 12000;
 constexpr int kStartHeightTwips = 9000;
+constexpr double kDeviceNamesDelay = 0.3;  // seconds
 constexpr char kCtrlT = 20;
 
 void Call(const std::function<void()>& opener) {
@@ -37,10 +38,16 @@ MainForm::MainForm(Desktop& desktop, const MainFormParts& parts)
   transfers_.SummarizeAll = [this] { Report.SummarizeAll(); };
   SetMinSize(kMinWidthTwips, kMinHeightTwips);
   Resize(kMinWidthTwips, kStartHeightTwips);
+  // Properties of the port from the beginning: a port that is first opened by the user's choice, after a
+  // start without any, must be heard as well.
+  p_.comm.SetRThreshold(1);
+  p_.comm.SetParityReplace("");
   WireButtons();
   WireMenus();
   WireStatusLine();
 }
+
+MainForm::~MainForm() { Screen().Cancel(namingDevices_); }
 
 void MainForm::WireButtons() {
   const std::array<std::pair<ImageButton*, std::function<void()> MainFormOpeners::*>, 5> dialogs{{
@@ -98,10 +105,11 @@ void MainForm::WireMenus() {
 
 void MainForm::WireStatusLine() {
   p_.comm.StateChanged.Set([this] {
-    ports_.RefreshDeviceNames();
+    NameDevicesSoon();
     ShowPortStatus();
   });
   CommNumber.Changed.Set([this] { ShowPortStatus(); });
+  DspRev.Changed.Set([this] { ShowDriveStatus(); });
   DriveModelCode.Changed.Set([this] { ShowDriveStatus(); });
   DriveVersion.Change.Set([this] { ShowDriveStatus(); });
   Modified.Changed.Set([this] { ShowSettingsStatus(); });
@@ -114,6 +122,7 @@ void MainForm::Load() {
   StartSharedValues();
   LoadModelList();
   ports_.LoadCommList();
+  NameDevicesSoon();
   p_.ioDialog.FillLimitList();
   ShowTitle(*this, "");
   DspRev = 0;
@@ -126,7 +135,9 @@ void MainForm::Load() {
   InitVars(p_.settings);
   ShowModeName(*this, p_.settings);
   p_.motorDialog.EnsureLoaded();
+  motorsLoaded_ = true;
   Report.SummaryInit();
+  Motion.Focus();
   ShowPortStatus();
   ShowDriveStatus();
   ShowSettingsStatus();
@@ -155,7 +166,7 @@ void MainForm::LoadModelList() {
 void MainForm::ModelListClick() {
   ShowModeName(*this, p_.settings);
   // The limits need a motor. Before the motor table is loaded all currents are 0 and no limit can hold them.
-  if (!p_.motorDialog.Loaded()) return;
+  if (!motorsLoaded_) return;
   Calculations.LimitContCurrent();
   Calculations.LimitIdleCurrent();
 }
@@ -198,6 +209,12 @@ void MainForm::ShowPortStatus() {
   StatusPort.SetCaption(device.empty() || device == port ? port : port + ": " + device);
 }
 
+void MainForm::NameDevicesSoon() {
+  // Not while the user waits for the main screen or for a port.
+  Screen().Cancel(namingDevices_);
+  namingDevices_ = Screen().CallAfter(kDeviceNamesDelay, [this] { ports_.RefreshDeviceNames(); });
+}
+
 void MainForm::ShowDriveStatus() {
   if (DspRev == 0) {
     StatusDrive.SetCaption("No drive heard");
@@ -206,8 +223,11 @@ void MainForm::ShowDriveStatus() {
   const int index = ModelIndex(DriveModelCode);
   const std::string model = index >= 0 ? std::string(kDriveModels[static_cast<std::size_t>(index)].name)
                                        : "Unknown model, code " + std::to_string(DriveModelCode);
+  // The label may still hold, or have lost, what an earlier drive has told.
+  const std::string revision = RevisionText(DspRev);
   const std::string& shown = DriveVersion.Caption();
-  StatusDrive.SetCaption(model + ", firmware " + (shown.empty() ? RevisionText(DspRev) : shown));
+  StatusDrive.SetCaption("Last heard: " + model + ", firmware " +
+                         (shown.starts_with(revision) ? shown : revision));
 }
 
 void MainForm::ShowSettingsStatus() {

@@ -46,6 +46,7 @@ struct CommittedDialog {
 class MainForm : public MainScreen {
  public:
   MainForm(Desktop& desktop, const MainFormParts& parts);
+  ~MainForm() override;
 
   /// To be set before the window is loaded.
   MainFormOpeners Openers;
@@ -71,16 +72,18 @@ class MainForm : public MainScreen {
   void WireButtons();
   void WireMenus();
   void WireStatusLine();
-  void WhenPortOpen(const std::function<void()>& opener);
   void LoadModelList();
   void ModelListClick();
   void PressOpenOks();
+  void NameDevicesSoon();
   void ShowPortStatus();
   void ShowDriveStatus();
   void ShowSettingsStatus();
 
   MainFormParts p_;
   std::vector<std::pair<MenuItem*, std::function<void()> MainFormOpeners::*>> greyWithoutOpener_;
+  bool motorsLoaded_ = false;
+  Scheduler::TaskId namingDevices_ = 0;
   CommPorts ports_;
   Transfers transfers_;
 };

@@ -89,7 +89,7 @@ class MainScreen : public Form {
   bool MotorTouched = false;    ///< the motor dialog has been opened
   Watched<int> CommNumber;      ///< port in use as the list knows it, 1 to 8
   int StartPort = 0;            ///< port that the start has reached, 0 for none
-  float DspRev = 0;             ///< firmware revision of the drive, 0 before one has answered
+  Watched<float> DspRev;        ///< firmware revision of the drive, 0 before one has answered
   std::string MinorRev;         ///< its letter, empty when unknown
   Watched<int> DriveModelCode;  ///< model byte of the drive
   std::string GlobalBuffer;     ///< reply text of the drive: received bytes below 128
@@ -105,6 +105,8 @@ std::string VersionText(const ProgramVersion& version);
 /// The revision of a drive from its revision byte, and as text.
 float RevisionOf(int revisionByte);
 std::string RevisionText(float revision);
+/// The pause before an exchange, where CommandPause asks for it.
+void PauseBeforeCommand(MainScreen& screen);
 /// Sets the MotionDesc caption from the settings.
 void ShowModeName(MainScreen& screen, const Settings& settings);
 /// Sets the title: the program's title and version, then the file's name or "untitled".

@@ -19,11 +19,11 @@ void InitMotor(MotorRecord& motor) {
 }
 
 void InitMotion(Settings& s) {
-  s.ControlMode = 7;
+  s.ControlMode = kControlPulse;
   s.PowerUpMode = 21;
   s.CmdScale = 10.0;
   s.AnalogGain = 8000;
-  s.OpMode = 3;
+  s.OpMode = kOpPulseOrVelocity;
   s.StepsPerRev = 25000;
   s.AnalogFilter = 500.0;
   s.StepFilterFreq = 1000;
@@ -106,9 +106,9 @@ void InitVars(Settings& settings) {
 }
 
 void DecodeControlMode(Settings& settings) {
-  if (settings.ControlMode < 11 || settings.ControlMode > 18) return;
-  const Long options = settings.ControlMode - 11;
-  settings.ControlMode = 11;
+  if (settings.ControlMode < kControlVelocity || settings.ControlMode > kControlVelocityLast) return;
+  const Long options = settings.ControlMode - kControlVelocity;
+  settings.ControlMode = kControlVelocity;
   settings.AnalogVelocity = (options & 4) == 0;
   settings.TwoSpeeds = (options & 2) != 0;
   settings.RunStop = (options & 1) != 0;
@@ -116,17 +116,17 @@ void DecodeControlMode(Settings& settings) {
 
 std::string ModeName(const Settings& settings, const std::string& present) {
   switch (settings.OpMode) {
-    case 1:
+    case kOpZuProgram:
       return "Zu Program";
-    case 2:
+    case kOpVtl:
       return "VTL Mode";
-    case 4:
+    case kOpHub:
       return "Zulink Hub";
-    case 7:
+    case kOpWyProgram:
       return "Wy Program";
-    case 3:
-      if (settings.ControlMode == 11) return "Velocity Mode";
-      if (settings.ControlMode == 7) return PulseName(settings.PulseType);
+    case kOpPulseOrVelocity:
+      if (settings.ControlMode == kControlVelocity) return "Velocity Mode";
+      if (settings.ControlMode == kControlPulse) return PulseName(settings.PulseType);
       return present;
     default:
       return {};

@@ -9,6 +9,17 @@ namespace kavr6 {
 using Long = std::int32_t;
 using Integer = std::int16_t;
 
+// Operating modes (OpMode).
+inline constexpr Long kOpZuProgram = 1;
+inline constexpr Long kOpVtl = 2;
+inline constexpr Long kOpPulseOrVelocity = 3;  ///< which of the two, ControlMode says
+inline constexpr Long kOpHub = 4;
+inline constexpr Long kOpWyProgram = 7;
+// Control modes (ControlMode) that decide something here.
+inline constexpr Long kControlPulse = 7;
+inline constexpr Long kControlVelocity = 11;      ///< in the image packed with its options,
+inline constexpr Long kControlVelocityLast = 18;  ///< up to this code
+
 /// What makes a motor: the custom motor of the settings, or a motor named by a file or a drive.
 /// Torque and inertia are in the unit of their index. A new one is all zero and empty.
 struct MotorRecord {

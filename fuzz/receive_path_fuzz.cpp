@@ -26,90 +26,67 @@ void Require(bool holds, const char* what) {
   std::abort();
 }
 
-class PatientDesktop : public HeadlessDesktop {
- public:
+struct Scene : HeadlessDesktop {
+  MainScreen screen{*this};
+  Form tool{*this, "VTLterm"};
+  ScriptedComm comm{*this};
+  ReceivePath path{screen, comm};
+  std::size_t fed = 0;
+  std::size_t toTool = 0;
+  std::size_t alarms = 0;
+
+  Scene() {
+    for (const DriveModel& model : kDriveModels) screen.ModelList.AddItem(std::string(model.name));
+    comm.SetPortOpen(true);
+    comm.SetRThreshold(1);
+    screen.Show();
+    tool.Show();
+    path.AddLiveTool(tool.Name(), [this](char) { ++toTool; });
+    path.ServoError152 = [this](int word) {
+      Require(word >= 0 && word < 1 << 14, "an alarm word has 14 bits");
+      ++alarms;
+    };
+  }
   BoxAnswer Ask(const MessageBox&) override {
     Delay(*this, 0.01);
     return BoxAnswer::Ok;
   }
-};
-
-class Scene {
- public:
-  Scene() {
-    for (const DriveModel& model : kDriveModels) screen_.ModelList.AddItem(std::string(model.name));
-    comm_.SetPortOpen(true);
-    comm_.SetRThreshold(1);
-    screen_.Show();
-    tool_.Show();
-    path_.AddLiveTool(tool_.Name(), [this](char) { ++toTool_; });
-    path_.ServoError152 = [this](int word) {
-      Require(word >= 0 && word < 1 << 14, "an alarm word has 14 bits");
-      ++alarms_;
-    };
-  }
-
-  /// One step of the input; returns the rest.
-  std::span<const std::uint8_t> Step(std::span<const std::uint8_t> input) {
-    const unsigned orders = input[0];
-    const auto bytes = input.subspan(1, std::min<std::size_t>(orders & kSizeBits, input.size() - 1));
-    if ((orders & kSwitchTool) != 0) SwitchTool();
-    fed_ += bytes.size();
-    comm_.Feed(Bytes(bytes.begin(), bytes.end()));
-    if ((orders & kLetTimePass) != 0) Delay(desktop_, 0.005);
-    Check();
-    return input.subspan(1 + bytes.size());
-  }
-
-  void Finish() {
-    screen_.LiveToolActive = false;
-    Delay(desktop_, 60.0);
-    comm_.Feed("A");
-    Delay(desktop_, 60.0);
-    Check();
-    const int waiting = path_.Ring().RingCount();
-    Require(waiting == 0 || (waiting < 3 && path_.Ring().RingHasHigh()), "nothing waits but a cut message");
-    Require(comm_.InBufferCount() == 0, "the port is read empty");
-  }
-
- private:
   // Off, on and in front, on but behind another window.
   void SwitchTool() {
-    if (screen_.LiveToolActive && desktop_.ActiveFormName() == tool_.Name()) {
-      desktop_.BroughtToFront(screen_);
+    if (screen.LiveToolActive && ActiveFormName() == tool.Name()) {
+      BroughtToFront(screen);
     } else {
-      screen_.LiveToolActive = !screen_.LiveToolActive;
-      desktop_.BroughtToFront(tool_);
+      screen.LiveToolActive = !screen.LiveToolActive;
+      BroughtToFront(tool);
     }
   }
-
-  void Check() {
-    const auto isText = [](char c) { return static_cast<unsigned char>(c) < 128; };
-    Require(std::all_of(screen_.GlobalBuffer.begin(), screen_.GlobalBuffer.end(), isText),
-            "text is below 128");
-    const int waiting = path_.Ring().RingCount();
-    Require(waiting >= 0 && waiting <= 31, "the ring holds 31 bytes");
-    Require(
-        screen_.GlobalBuffer.size() + toTool_ + 3 * alarms_ + static_cast<std::size_t>(waiting) <= fed_ + 1,
-        "no byte counts twice");
-    Require(screen_.DriveModelCode < 128, "a model code is below 128");
+  void Feed(std::span<const std::uint8_t> bytes, double seconds) {
+    fed += bytes.size();
+    comm.Feed(Bytes(bytes.begin(), bytes.end()));
+    if (seconds > 0) Delay(*this, seconds);
+    for (const char c : screen.GlobalBuffer)
+      Require(static_cast<unsigned char>(c) < 128, "text is below 128");
+    const auto waiting = static_cast<std::size_t>(path.Ring().RingCount());
+    Require(waiting <= 31, "the ring holds 31 bytes");
+    Require(screen.GlobalBuffer.size() + toTool + 3 * alarms + waiting <= fed, "no byte counts twice");
   }
-
-  PatientDesktop desktop_;
-  MainScreen screen_{desktop_};
-  Form tool_{desktop_, "VTLterm"};
-  ScriptedComm comm_{desktop_};
-  ReceivePath path_{screen_, comm_};
-  std::size_t fed_ = 0;
-  std::size_t toTool_ = 0;
-  std::size_t alarms_ = 0;
 };
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Scene scene;
-  for (std::span<const std::uint8_t> rest(data, size); !rest.empty();) rest = scene.Step(rest);
-  scene.Finish();
+  for (std::span<const std::uint8_t> rest(data, size); !rest.empty();) {
+    const unsigned orders = rest[0];
+    const auto bytes = rest.subspan(1, std::min<std::size_t>(orders & kSizeBits, rest.size() - 1));
+    if ((orders & kSwitchTool) != 0) scene.SwitchTool();
+    scene.Feed(bytes, (orders & kLetTimePass) != 0 ? 0.005 : 0.0);
+    rest = rest.subspan(1 + bytes.size());
+  }
+  scene.screen.LiveToolActive = false;
+  Delay(scene, 60.0);
+  scene.Feed(Bytes{'A'}, 60.0);
+  Require(scene.path.Ring().RingCount() < 3, "nothing waits but a cut message");
+  Require(scene.comm.InBufferCount() == 0, "the port is read empty");
   return 0;
 }

@@ -45,7 +45,6 @@ void UploadAndWriteAgain(std::span<const Byte> buffer) {
   Require(ChecksumHolds(image));
   Settings again;
   DecodeImage(image, again);
-  RequireLimits(again);
   Require(again.Speed == settings.Speed && again.CmdScale == settings.CmdScale &&
           again.RunCurrent == settings.RunCurrent && again.MotorName == settings.MotorName);
 }

@@ -33,7 +33,7 @@ class ImageReader {
 
   Byte Str2Num8();
   Long Str2Num16();
-  /// These two agree on every input; both names are part of the format's description.
+  /// Two names for one reading; each field keeps the one it has always had.
   Long Str2Num16Signed();
   Long SignedStr2Num16();
   Long Str2Num24();

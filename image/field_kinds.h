@@ -19,7 +19,6 @@ inline constexpr double kCurrentSteps = 100;  ///< a current in hundredths of an
 inline constexpr double kPercentSteps = 10;
 inline constexpr std::size_t kNameWidth = 13;
 
-inline constexpr Long kHubMode = 4;
 inline constexpr Long kNotUsed = 3;
 
 inline void PutByte(Byte* at, std::int64_t value) {
@@ -171,7 +170,7 @@ constexpr ImageField HubCodeField(int position, std::string_view name) {
   static_assert(Most == 3 || Most == 8);
   constexpr auto write = [](const ImageSource& source, Byte* at) {
     const Settings& s = source.settings;
-    PutByte(at, s.OpMode == kHubMode ? kNotUsed : s.*Member);
+    PutByte(at, s.OpMode == kOpHub ? kNotUsed : s.*Member);
   };
   return {position,
           1,

@@ -13,13 +13,8 @@ using namespace field_kinds;
 using S = Settings;
 using M = MotorRecord;
 
-constexpr Long kPulseOrVelocity = 3;
-constexpr Long kPulseControl = 7;
-constexpr Long kVelocityControl = 11;
-
 constexpr double kNoiseScale = 15000;
 constexpr Long kNoiseFilterOfZero = 2000;
-constexpr Long kIdlePercentLimit = 90;
 constexpr Long kProtocolBits = 0x37;
 constexpr Long kHighestBitRate = 5;
 
@@ -75,7 +70,7 @@ void ReadIdleCurrent(ImageReader& reader, const ImageTarget& target) {
 void WriteStallWord(const ImageSource& source, Byte* at) {
   Settings& s = source.settings;
   // Stall prevention does not exist with pulses; the settings are made to say so.
-  if (s.OpMode == kPulseOrVelocity && s.ControlMode == kPulseControl) s.StallPrevent = false;
+  if (s.OpMode == kOpPulseOrVelocity && s.ControlMode == kControlPulse) s.StallPrevent = false;
   PutWord(at, Long{(s.StallDetect ? 1 : 0) + (s.StallPrevent ? 2 : 0) + (s.StallFaultOn ? 4 : 0) +
                    (s.EncoderSingleEnded ? 1024 : 0)});
 }
@@ -127,9 +122,9 @@ void ReadAnalogByte(ImageReader& reader, const ImageTarget& target) {
 
 void WriteControlByte(const ImageSource& source, Byte* at) {
   const Settings& s = source.settings;
-  const bool packed = s.OpMode == kPulseOrVelocity && s.ControlMode == kVelocityControl;
+  const bool packed = s.OpMode == kOpPulseOrVelocity && s.ControlMode == kControlVelocity;
   PutByte(at, !packed ? s.ControlMode
-                      : kVelocityControl + (s.TwoSpeeds ? 2 : 0) + (s.RunStop ? 1 : 0) +
+                      : kControlVelocity + (s.TwoSpeeds ? 2 : 0) + (s.RunStop ? 1 : 0) +
                             (s.AnalogVelocity ? 0 : 4));
 }
 
@@ -228,8 +223,8 @@ void ReadSelector(ImageReader& reader, const ImageTarget& target) {
 }
 
 void WriteRowCurrent(const ImageSource& source, Byte* at) {
-  // The motor's current counts in single precision wherever it is compared, and so it does here.
-  PutWord(at, double{static_cast<float>(source.row.Number("current"))} * kCurrentSteps);
+  // The motor's current counts in single precision wherever it is used, the product included.
+  PutWord(at, double{static_cast<float>(source.row.Number("current")) * static_cast<float>(kCurrentSteps)});
 }
 
 void WriteRowMaxVolts(const ImageSource& source, Byte* at) {

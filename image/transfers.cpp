@@ -166,7 +166,7 @@ void Transfers::UploadClick() {
 void Transfers::DataUpload() {
   Desktop& desktop = p_.screen.Screen();
   p_.screen.CommandActive = true;
-  if (p_.screen.CommandPause) Delay(desktop, 0.1);
+  PauseBeforeCommand(p_.screen);
   p_.comm.SetRThreshold(0);
   p_.comm.Input();
   p_.screen.ProgBar.SetFloodPercent(0);
@@ -197,8 +197,6 @@ void Transfers::TakeUpload(const Bytes& buffer) {
     return;
   }
   ExtractUploadData(buffer);
-  p_.screen.ProgBar.SetFloodPercent(0);
-  p_.comm.SetRThreshold(1);
   if (SummarizeAll) SummarizeAll();
   p_.screen.Modified = false;
 }

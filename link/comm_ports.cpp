@@ -28,7 +28,6 @@ CommPorts::CommPorts(MainScreen& screen, MSComm& comm) : screen_(screen), comm_(
 
 void CommPorts::LoadCommList() {
   for (int port = 1; port <= kLastPort; ++port) screen_.CommList.AddItem("COM" + std::to_string(port));
-  RefreshDeviceNames();
 }
 
 void CommPorts::RefreshDeviceNames() {

@@ -17,9 +17,9 @@ class CommPorts {
   CommPorts(const CommPorts&) = delete;
   CommPorts& operator=(const CommPorts&) = delete;
 
-  /// Adds "COM1" to "COM8"; selects none. Each row's tooltip names the device behind it.
+  /// Adds "COM1" to "COM8"; selects none.
   void LoadCommList();
-  /// Looks anew which devices are there, for the tooltips of the rows.
+  /// Looks anew which devices are there and names them in the tooltips of the rows. Takes milliseconds.
   void RefreshDeviceNames();
   /// Opens the first port that works, with a box for each that does not; StartPort is 0 when none did.
   void StartComm();

@@ -16,7 +16,6 @@ constexpr std::size_t kIdentitySize = 2;
 constexpr std::size_t kHexSize = 4;
 constexpr double kLongWait = 1.0;
 constexpr double kShortWait = 0.5;
-constexpr double kCommandPause = 0.1;
 
 constexpr std::uint8_t kRead = 'y';
 constexpr std::uint8_t kStatusWord = 128;
@@ -67,7 +66,7 @@ bool DriveIdentity::DriveStillThere() {
 
 std::string DriveIdentity::AskIdentity(const std::string& boxTitle) {
   screen_.CommandActive = true;
-  if (screen_.CommandPause) Delay(screen_.Screen(), kCommandPause);
+  PauseBeforeCommand(screen_);
   screen_.GlobalBuffer.clear();
   comm_.Output("C");
   const bool answered = AwaitReply(kIdentitySize, kShortWait);

@@ -29,18 +29,9 @@ enum Header : std::uint8_t {
 enum class Pause { BeforeModel, AfterModel, None };
 constexpr double kPowerUpPause = 0.1;
 
-struct PowerUpRow {
-  int code;
-  Pause pause;
-};
-constexpr std::array<PowerUpRow, 6> kPowerUpRows{{
-    {41, Pause::AfterModel},
-    {42, Pause::BeforeModel},
-    {43, Pause::None},
-    {44, Pause::AfterModel},
-    {45, Pause::BeforeModel},
-    {46, Pause::None},
-}};
+/// By drive model index.
+constexpr std::array<Pause, kDriveModels.size()> kPowerUpPauses{
+    Pause::AfterModel, Pause::BeforeModel, Pause::None, Pause::AfterModel, Pause::BeforeModel, Pause::None};
 
 MessageBox ReflashBox(const std::string& chip, const std::string& downloader) {
   return {.text =
@@ -170,18 +161,17 @@ void ReceivePath::PowerUp(int revision, int model) {
   comm_.SetRThreshold(1);
   screen_.DspRev = RevisionOf(revision);
   screen_.DriveModelCode = model;
-  const auto* const row =
-      std::find_if(kPowerUpRows.begin(), kPowerUpRows.end(),
-                   [model](const PowerUpRow& candidate) { return candidate.code == model; });
-  if (row == kPowerUpRows.end()) {
+  const int index = ModelIndex(model);
+  if (index < 0) {
     screen_.DriveVersion.SetCaption("");
     return;
   }
   comm_.Output("QT");
   screen_.Screen().Beep();
-  if (row->pause == Pause::BeforeModel) Delay(screen_.Screen(), kPowerUpPause);
-  screen_.ModelList.SetListIndex(ModelIndex(row->code));
-  if (row->pause == Pause::AfterModel) Delay(screen_.Screen(), kPowerUpPause);
+  const Pause pause = kPowerUpPauses[static_cast<std::size_t>(index)];
+  if (pause == Pause::BeforeModel) Delay(screen_.Screen(), kPowerUpPause);
+  screen_.ModelList.SetListIndex(index);
+  if (pause == Pause::AfterModel) Delay(screen_.Screen(), kPowerUpPause);
   screen_.DriveVersion.SetCaption(RevisionText(screen_.DspRev));
 }
 

@@ -9,6 +9,9 @@
 
 namespace kavr6 {
 
+/// Largest idle current that a drive is given by itself, percent.
+inline constexpr Long kIdlePercentLimit = 90;
+
 class MotorCalculations {
  public:
   MotorCalculations(Settings& settings, MainScreen& screen, MotorTable& table)

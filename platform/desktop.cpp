@@ -53,6 +53,9 @@ void Desktop::Enter(const Task& work) {
 }
 
 void Desktop::ReportError(const RuntimeError& error) {
+  // What goes wrong while the report stands open adds no second one.
+  if (reporting_) EndProgram(1);
+  reporting_ = true;
   Ask({.text = "Run-time error '" + std::to_string(error.Number()) + "':\n\n" + error.what(),
        .icon = BoxIcon::Critical});
   EndProgram(1);

@@ -72,6 +72,7 @@ class Desktop : public Scheduler {
   virtual void CloseWindow(Form& form) = 0;
 
  private:
+  bool reporting_ = false;
   void FrontChanged(Form* before);
   Form* Front() const { return shown_.empty() ? nullptr : shown_.back(); }
 

@@ -9,7 +9,7 @@ Grid::Grid(Form& form, std::string name, int rows, int columns)
       rows_(rows),
       columns_(columns),
       content_(static_cast<std::size_t>(rows)),
-      widths_(static_cast<std::size_t>(columns)) {
+      columnsAt_(static_cast<std::size_t>(columns)) {
   for (Row& row : content_) row.cells.resize(static_cast<std::size_t>(columns));
 }
 
@@ -33,15 +33,13 @@ void Grid::SetAlignment(int row, int column, Alignment alignment) {
 void Grid::SetMergeRow(int row, bool merged) { Assign(RowAt(row).merged, merged); }
 void Grid::SetRowHeight(int row, int height) { Assign(RowAt(row).height, height); }
 
-int Grid::ColumnWidth(int column) const {
+const Grid::Column& Grid::ColumnAt(int column) const {
   if (column < 0 || column >= columns_) RaiseSubscript();
-  return widths_[static_cast<std::size_t>(column)];
+  return columnsAt_[static_cast<std::size_t>(column)];
 }
 
-void Grid::SetColumnWidth(int column, int width) {
-  ColumnWidth(column);
-  Assign(widths_[static_cast<std::size_t>(column)], width);
-}
+void Grid::SetMergeColumn(int column, bool merged) { Assign(ColumnAt(column).merged, merged); }
+void Grid::SetColumnWidth(int column, int width) { Assign(ColumnAt(column).width, width); }
 
 void Grid::DoubleClick(int row) {
   RowAt(row);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/control.h"
@@ -33,7 +34,11 @@ class Grid : public Control {
   /// Twips; 0 leaves the height to the view.
   int RowHeight(int row) const { return RowAt(row).height; }
   void SetRowHeight(int row, int height);
-  int ColumnWidth(int column) const;
+  /// Neighbours in a merged column that hold the same text belong together. Views write the text in each row
+  /// all the same: one word for several rows cannot be read across.
+  bool MergeColumn(int column) const { return ColumnAt(column).merged; }
+  void SetMergeColumn(int column, bool merged);
+  int ColumnWidth(int column) const { return ColumnAt(column).width; }
   void SetColumnWidth(int column, int width);
 
   /// Row of the last double click.
@@ -46,6 +51,12 @@ class Grid : public Control {
     bool merged = false;
     int height = 0;
   };
+  struct Column {
+    int width = 0;
+    bool merged = false;
+  };
+  const Column& ColumnAt(int column) const;
+  Column& ColumnAt(int column) { return const_cast<Column&>(std::as_const(*this).ColumnAt(column)); }
   const Row& RowAt(int row) const;
   Row& RowAt(int row) { return const_cast<Row&>(std::as_const(*this).RowAt(row)); }
   Cell& CellAt(int row, int column) { return const_cast<Cell&>(At(row, column)); }
@@ -53,7 +64,7 @@ class Grid : public Control {
   int rows_;
   int columns_;
   std::vector<Row> content_;
-  std::vector<int> widths_;
+  std::vector<Column> columnsAt_;
 };
 
 }  // namespace kavr6

@@ -77,6 +77,7 @@ void SummaryGrid::RowDivider(int row) {
 }
 
 void SummaryGrid::SummaryInit() {
+  screen_.Summary.SetMergeColumn(1, true);
   for (int column = 0; column < 2; ++column) screen_.Summary.SetColumnWidth(column, kColumnTwips);
   Values(kLastRow, "", "");
   for (const int row : {3, 7, 11, 19}) RowDivider(row);
@@ -110,10 +111,10 @@ void SummaryGrid::SummarizeMotion(int row) {
   Title(row, title == "Mode: Pulse && Direction" ? "Mode: Pulse & Direction" : title);
   Values(row + 1, NumberText(settings_.StepsPerRev), "steps/rev");
   screen_.Summary.SetAlignment(row + 2, 1, Grid::Alignment::Left);
-  if (settings_.OpMode == 2 || settings_.OpMode == 7) {
+  if (settings_.OpMode == kOpVtl || settings_.OpMode == kOpWyProgram) {
     Values(row + 2, "Address", settings_.RS485Addr);
     screen_.Summary.SetAlignment(row + 2, 1, Grid::Alignment::Centre);
-  } else if (settings_.ControlMode != 11) {
+  } else if (settings_.ControlMode != kControlVelocity) {
     Values(row + 2, "", "");
   } else if (settings_.AnalogVelocity) {
     const bool tenVolts = settings_.AnalogRange == 0 || settings_.AnalogRange == 1;
@@ -144,7 +145,7 @@ void SummaryGrid::SummarizeIO(int row) {
 
 std::string SummaryGrid::StallText() const {
   if (settings_.StallDetect) return "Fault drive if motor stalls";
-  if (settings_.OpMode == 3 && settings_.ControlMode == 7) return {};
+  if (settings_.OpMode == kOpPulseOrVelocity && settings_.ControlMode == kControlPulse) return {};
   return "Prevent stalls by limiting torque demand to " + NumberText(settings_.MaxTorquePct) + "%";
 }
 

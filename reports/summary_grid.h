@@ -1,9 +1,7 @@
 // The settings in a few words, in the main screen's grid.
 #pragma once
 
-#include <functional>
 #include <string>
-#include <vector>
 
 #include "core/main_screen.h"
 #include "core/settings.h"

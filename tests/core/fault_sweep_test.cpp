@@ -176,6 +176,7 @@ TEST_F(FaultSweep, DownloadEndsRightWhateverHappensToAnyByteOfTheImage) {
                    std::to_string(at));
       scene->settings = base;
       scene->drive.StoreImage(ImageOf(old));
+      scene->main.Modified = true;
       const std::string boxes = Act(
           &MainScreen::Download, Fault(kind, Direction::ToDrive, kBeforeImageToDrive + at), kLongestDownload);
       Bytes received = Received(kind, good, at);
@@ -224,14 +225,17 @@ class UploadSweep : public FaultSweep {
     scene->settings = base;
     scene->settings.Speed = kMarker;
     const Settings before = scene->settings;
+    scene->main.Modified = true;
     const std::string boxes =
         Act(&MainScreen::Upload, Fault(kind, Direction::ToTool, kBeforeImageToTool + at), kLongestUpload);
     if (inHand.size() < kImageSize) {
       EXPECT_TRUE(Has(boxes, "We are having trouble uploading")) << boxes;
       EXPECT_EQ(scene->settings, before);
+      EXPECT_TRUE(scene->main.Modified);
     } else if (!ChecksumHolds(inHand)) {
       EXPECT_TRUE(Has(boxes, "Your program did not upload correctly.")) << boxes;
       EXPECT_EQ(scene->settings, before);
+      EXPECT_TRUE(scene->main.Modified);
     } else {
       if (inHand != good) ++letThrough[kind.fault];
       Settings decoded = before;
@@ -243,7 +247,7 @@ class UploadSweep : public FaultSweep {
         Begin();
         return;
       }
-      EXPECT_FALSE(Has(boxes, "upload")) << boxes;
+      EXPECT_FALSE(scene->main.Modified);
       EXPECT_EQ(scene->settings.Accel, decoded.Accel);
       EXPECT_EQ(scene->settings.Speed, decoded.Speed);
     }

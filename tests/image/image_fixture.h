@@ -1,8 +1,6 @@
 // Settings with their start values, a standard motor and what an image needs beside them.
 #pragma once
 
-#include <functional>
-#include <string>
 #include <variant>
 #include <vector>
 
@@ -10,8 +8,8 @@
 
 #include "image/parameter_image.h"
 #include "platform/headless_desktop.h"
-#include "platform/runtime_error.h"
 #include "tests/support/catalogue.h"
+#include "tests/support/error_of.h"
 
 namespace kavr6 {
 
@@ -28,16 +26,6 @@ inline void Set(Settings& settings, const Field& field, double value) {
       field);
 }
 using Changes = std::vector<std::pair<Field, double>>;
-
-/// Number of the error that `action` ends in, 0 for none.
-inline int ErrorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeError& error) {
-    return error.Number();
-  }
-  return 0;
-}
 
 class ImageTest : public testing::Test {
  protected:

@@ -2,16 +2,15 @@
 #pragma once
 
 #include <algorithm>
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <optional>
+#include <map>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "motor/motor_table.h"
 #include "platform/runtime_error.h"
 #include "platform/table_access.h"
 
@@ -19,35 +18,17 @@ namespace kavr6 {
 
 class MemoryTable : public TableAccess {
  public:
-  /// A row by its columns' values, in the order of kColumns; empty ones may be left out at the end.
+  /// A row by its columns' values, in the order of kMotorColumns; empty ones may be left out at the end.
   using Row = std::vector<Variant>;
-
-  static constexpr std::array<std::string_view, 15> kColumns{"part number",
-                                                             "PartNoX",
-                                                             "current",
-                                                             "Torque",
-                                                             "TorqueUnit",
-                                                             "inertia",
-                                                             "InertiaUnit",
-                                                             "harmonic gain",
-                                                             "harmonic phase",
-                                                             "leadangle rps",
-                                                             "leadangle deg",
-                                                             "PWMmaxPct",
-                                                             "R",
-                                                             "L",
-                                                             "name"};
 
   bool FailOpen = false;    ///< Open raises an error
   bool FailUpdate = false;  ///< Update raises an error, as with a read-only file
 
   /// Adds a whole row, whatever the cursor does.
   void Add(Row row) {
-    row.resize(kColumns.size());
-    const auto after = [this](const Row& a, const Row& b) { return Key(a) < Key(b); };
-    const auto place = std::upper_bound(rows_.begin(), rows_.end(), row, after);
-    if (cursor_ && static_cast<std::size_t>(place - rows_.begin()) <= *cursor_) ++*cursor_;
-    rows_.insert(place, std::move(row));
+    row.resize(kMotorColumns.size());
+    const std::string key = std::get<std::string>(row[ColumnNumber("PartNoX")]);
+    rows_[key] = std::move(row);
   }
   /// A catalogue motor in oz in and g cm2, without harmonic values.
   void AddMotor(const std::string& name, double current, double torque, double inertia) {
@@ -58,30 +39,22 @@ class MemoryTable : public TableAccess {
 
   void Open(const std::filesystem::path&, std::string_view) override {
     if (FailOpen) throw RuntimeError(3024, "Couldn't find the file.");
-    cursor_.reset();
   }
-  void SetIndex(std::string_view column) override {
-    index_ = ColumnNumber(column);
-    std::stable_sort(rows_.begin(), rows_.end(),
-                     [this](const Row& a, const Row& b) { return Key(a) < Key(b); });
-  }
+  void SetIndex(std::string_view) override {}
   void Seek(std::string_view key) override {
-    const auto found =
-        std::find_if(rows_.begin(), rows_.end(), [&](const Row& row) { return Key(row) == key; });
+    const auto found = rows_.find(std::string(key));
     noMatch_ = found == rows_.end();
-    if (!noMatch_) cursor_ = static_cast<std::size_t>(found - rows_.begin());
+    if (!noMatch_) MoveTo(found);
   }
   bool NoMatch() const override { return noMatch_; }
-  void MoveFirst() override { cursor_ = 0; }
-  void MoveNext() override {
-    if (cursor_ && *cursor_ < rows_.size()) ++*cursor_;
-  }
-  bool EndOfTable() const override { return cursor_ && *cursor_ >= rows_.size(); }
+  void MoveFirst() override { MoveTo(rows_.begin()); }
+  void MoveNext() override { MoveTo(rows_.upper_bound(current_)); }
+  bool EndOfTable() const override { return !onRow_; }
   Variant Read(std::string_view column) const override {
-    if (!cursor_ || *cursor_ >= rows_.size()) RaiseNoRecord();
-    return rows_[*cursor_][ColumnNumber(column)];
+    if (!onRow_) RaiseNoRecord();
+    return rows_.at(current_)[ColumnNumber(column)];
   }
-  void AddNew() override { pending_.assign(kColumns.size(), {}); }
+  void AddNew() override { pending_.assign(kMotorColumns.size(), {}); }
   void Assign(std::string_view column, const Variant& value) override {
     pending_.at(ColumnNumber(column)) = value;
   }
@@ -91,29 +64,22 @@ class MemoryTable : public TableAccess {
   }
 
  private:
-  static bool SameName(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [&](char x, char y) { return lower(x) == lower(y); });
-  }
+  using Rows = std::map<std::string, Row>;
   static std::size_t ColumnNumber(std::string_view name) {
-    // Most ask for the exact name, and benchmarks read many.
-    auto found = std::find(kColumns.begin(), kColumns.end(), name);
-    if (found == kColumns.end())
-      found = std::find_if(kColumns.begin(), kColumns.end(),
-                           [&](std::string_view column) { return SameName(column, name); });
-    if (found == kColumns.end()) throw RuntimeError(3265, "Item not found in this collection.");
-    return static_cast<std::size_t>(found - kColumns.begin());
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+    for (std::size_t i = 0; i < kMotorColumns.size(); ++i)
+      if (std::ranges::equal(std::string_view(kMotorColumns[i].name), name, {}, lower, lower)) return i;
+    throw RuntimeError(3265, "Item not found in this collection.");
   }
-  std::string_view Key(const Row& row) const {
-    const auto* text = std::get_if<std::string>(&row[index_]);
-    return text != nullptr ? std::string_view(*text) : std::string_view();
+  void MoveTo(Rows::const_iterator row) {
+    onRow_ = row != rows_.end();
+    if (onRow_) current_ = row->first;
   }
 
-  std::vector<Row> rows_;
+  Rows rows_;  // in the order of their part numbers
   Row pending_;
-  std::optional<std::size_t> cursor_;
-  std::size_t index_ = 1;
+  std::string current_;
+  bool onRow_ = false;
   bool noMatch_ = false;
 };
 

@@ -24,11 +24,7 @@ class ScriptedComm : public MSComm {
   /// Opening this port fails with `why` from now on.
   void Refuse(int port, std::string why) { refused_[port] = std::move(why); }
   void Accept(int port) { refused_.erase(port); }
-  void NameDevice(int port, std::string name) { names_[port] = std::move(name); }
-  std::string DeviceName(int number) const override {
-    const auto found = names_.find(number);
-    return found == names_.end() ? std::string() : found->second;
-  }
+  std::string DeviceName(int) const override { return {}; }
   /// The ports opened so far, in order.
   const std::vector<int>& Opened() const { return opened_; }
 
@@ -62,19 +58,13 @@ class ScriptedComm : public MSComm {
     const std::string text(bytes.begin(), bytes.end());
     written_ += text;
     if (const auto found = replies_.find(text); found != replies_.end())
-      Feed(found->second.text, found->second.after);
+      Feed(found->second.first, found->second.second);
   }
 
  private:
-  struct Answer {
-    std::string text;
-    double after = 0.0;
-  };
-
   Scheduler& scheduler_;
   std::map<int, std::string> refused_;
-  std::map<int, std::string> names_;
-  std::map<std::string, Answer> replies_;
+  std::map<std::string, std::pair<std::string, double>> replies_;
   std::vector<int> opened_;
   std::string written_;
 };

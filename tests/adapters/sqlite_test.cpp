@@ -1,0 +1,186 @@
+#include <QTemporaryDir>
+#include <fstream>
+#include <optional>
+#include <sstream>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "adapters/sqlite/motor_catalogue.h"
+#include "adapters/sqlite/sqlite_table.h"
+#include "motor/motor_table.h"
+#include "platform/runtime_error.h"
+
+namespace kavr6 {
+namespace {
+
+using std::chrono::milliseconds;
+
+/// `work` must end in an error whose number and text hold these words.
+void ExpectProblem(const std::string& words, const std::function<void()>& work) {
+  std::string problem = "none";
+  try {
+    work();
+  } catch (const RuntimeError& error) {
+    problem = std::to_string(error.Number()) + ": " + error.what();
+  }
+  EXPECT_NE(problem.find(words), std::string::npos) << problem << "\nshould say: " << words;
+}
+
+/// An empty motor file, and another program that has it open.
+struct Bench {
+  QTemporaryDir temporary;
+  std::filesystem::path folder = temporary.path().toStdString();
+  std::filesystem::path file = folder / kMotorFile;
+  std::optional<SqliteConnection> other;
+  SqliteTable access{milliseconds(0)};
+  MotorTable motors{access};
+
+  Bench() {
+    WriteMotorFile({}, file);
+    other.emplace(file, SqliteConnection::Mode::Existing, milliseconds(0));
+    other->Run("PRAGMA synchronous = OFF");
+  }
+  void Insert(const std::string& name) const {
+    other->Run("INSERT INTO \"motor params\" (\"part number\", PartNoX, current) VALUES ('" + name + "', '" +
+               name + "', 1.5)");
+  }
+  void Open() { motors.Open(folder); }
+  void Append(const std::string& name) { motors.Append({.MotorName = name}); }
+  std::string Order() {
+    std::string names;
+    for (motors.MoveFirst(); !motors.EndOfTable(); motors.MoveNext())
+      names += motors.Text("Part Number") + " ";
+    return names;
+  }
+};
+
+TEST(SqliteTable, FileThatIsNoMotorTableIsToldInPlainWords) {
+  Bench bench;
+  const std::string create = "CREATE TABLE \"motor params\" ";
+  const std::pair<std::string, const char*> cases[] = {
+      {create + "(a TEXT)", "\"PartNoX\""},
+      {create + "(PartNoX TEXT); INSERT INTO \"motor params\" VALUES ('KM17')", "\"part number\""}};
+  for (const auto& [sql, words] : cases) {
+    std::filesystem::remove(bench.file);
+    SqliteConnection(bench.file, SqliteConnection::Mode::CreateNew, milliseconds(0)).Run(sql);
+    ExpectProblem(words, [&] { bench.Open(); });
+  }
+  std::filesystem::remove(bench.file);
+  ExpectProblem("3024: ", [&] { bench.Open(); });
+  EXPECT_FALSE(std::filesystem::exists(bench.file)) << "opening has made a file";
+  std::ofstream(bench.file) << std::string(5000, 'x');
+  ExpectProblem("not a database", [&] { bench.Open(); });
+}
+
+TEST(SqliteTable, RowsComeInPlainCharacterOrderAndSeekIsExact) {
+  Bench bench;
+  for (const char* name : {"b", "KM9", "\xC3\xA9", "KM17", "B", "KM10", "KM17x"}) bench.Insert(name);
+  bench.other->Run("INSERT INTO \"motor params\" (\"part number\") VALUES ('nameless')");
+  bench.other->Run("DROP INDEX PartNoX");
+  bench.other->Run("INSERT INTO \"motor params\" (\"part number\", PartNoX) VALUES ('twin', 'KM17')");
+  bench.Open();
+  EXPECT_EQ(bench.Order(), "B KM10 KM17 twin KM17x KM9 b \xC3\xA9 ");
+  EXPECT_TRUE(bench.motors.Seek("KM17"));
+  for (const char* missing : {"km17", "KM1", "KM17 ", "", "nameless", "' OR 1"}) {
+    EXPECT_FALSE(bench.motors.Seek(missing)) << missing;
+    EXPECT_EQ(bench.motors.Text("PART NUMBER"), "KM17") << "the cursor has left its row";
+  }
+}
+
+TEST(SqliteTable, ReadingTellsWhatIsMissing) {
+  Bench bench;
+  bench.Open();
+  ExpectProblem("3021: ", [&] { bench.motors.Number("current"); });
+  bench.Insert("KM17");
+  bench.motors.MoveFirst();
+  EXPECT_EQ(bench.motors.Number("CURRENT"), 1.5);
+  ExpectProblem("94: ", [&] { bench.motors.Number("R"); });
+  ExpectProblem("13: ", [&] { bench.motors.Number("PartNoX"); });
+  ExpectProblem("3265: ", [&] { bench.motors.Number("voltage"); });
+}
+
+TEST(SqliteTable, AppendKeepsTheCursorAndIsThereForEverybody) {
+  Bench bench;
+  bench.Insert("KM17");
+  bench.Open();
+  bench.motors.Seek("KM17");
+  bench.Append("KM23");
+  EXPECT_EQ(bench.motors.Text("PartNoX"), "KM17");
+  bench.Insert("KM22");  // by the other program
+  bench.motors.MoveNext();
+  EXPECT_EQ(bench.motors.Text("PartNoX"), "KM22");
+  bench.Append("KM99 \"'; DROP");
+  bench.Open();
+  EXPECT_EQ(bench.Order(), "KM17 KM22 KM23 KM99 \"'; DROP ");
+}
+
+TEST(SqliteTable, LockedFileIsToldAndLeftAsItWas) {
+  Bench bench;
+  bench.Insert("KM17");
+  bench.other->Run("BEGIN EXCLUSIVE");
+  ExpectProblem("in use by another program", [&] { bench.Open(); });
+  bench.other->Run("COMMIT");
+  bench.Open();
+  bench.other->Run("BEGIN IMMEDIATE");
+  ExpectProblem("in use by another program", [&] { bench.Append("KM22"); });
+  EXPECT_EQ(bench.Order(), "KM17 ") << "another program's write must not stop reading";
+  bench.other->Run("COMMIT");
+  bench.Append("KM23");
+  EXPECT_EQ(bench.Order(), "KM17 KM23 ");
+}
+
+TEST(SqliteTable, ReadOnlyFileIsReadAndOnlyTheAppendFails) {
+  using std::filesystem::perms;
+  Bench bench;
+  bench.Insert("KM17");
+  std::filesystem::permissions(bench.folder, static_cast<perms>(0755));
+  std::filesystem::permissions(bench.file, static_cast<perms>(0444));
+  // Root may write everywhere, so it works as an ordinary user here.
+  const uid_t user = geteuid();
+  ASSERT_EQ(seteuid(user == 0 ? 65534 : user), 0);
+  bench.Open();
+  ExpectProblem("3027: ", [&] { bench.Append("KM23"); });
+  EXPECT_EQ(bench.Order(), "KM17 ");
+  ASSERT_EQ(seteuid(user), 0);
+}
+
+TEST(MotorCatalogue, BadLineIsNamedWithItsReason) {
+  std::string names = "part number";
+  for (std::size_t i = 1; i < kMotorColumns.size(); ++i) names += "," + std::string(kMotorColumns[i].name);
+  const std::string good = "KM1,KM1,1.5,60,0,57,1,700,-4,30,120,85,2.1,3.2,x\n";
+  const std::pair<const char*, const char*> cases[] = {
+      {"KM2,KM2,1", "3 values instead of 15"},
+      {"KM1,KM1,1.5,60,0,57,1,0,0,30,120,85,2,3,x", "the part number KM1 is there twice"},
+      {"KM2,KM3,1.5,60,0,57,1,0,0,30,120,85,2,3,x", "\"PartNoX\" must repeat the part number"},
+      {"KM2,KM2,1.5A,60,0,57,1,0,0,30,120,85,2,3,x", "\"current\" is \"1.5A\", not a number of its kind"},
+      {"KM2,KM2,1.5,60,5,57,1,0,0,30,120,85,2,3,x", "\"TorqueUnit\" is \"5\", out of range"},
+  };
+  for (const auto& [line, reason] : cases) {
+    std::istringstream text(names + "\r\n" + good + line + "\n");
+    try {
+      ReadCatalogue(text);
+      ADD_FAILURE() << line;
+    } catch (const CatalogueError& error) {
+      EXPECT_EQ(error.what(), std::string("line 3: ") + reason);
+    }
+  }
+}
+
+TEST(MotorCatalogue, ShippedMotorsHoldTogether) {
+  Bench bench;
+  std::ifstream text(KAVR6_MOTORS_CSV);
+  const std::vector<CatalogueRow> rows = ReadCatalogue(text);
+  bench.other.reset();
+  WriteMotorFile(rows, bench.file);  // in the place of the empty one
+  bench.Open();
+  for (std::size_t i = 0; i < rows.size(); ++i, bench.motors.MoveNext()) {
+    EXPECT_EQ(bench.motors.Text("PartNoX"), bench.motors.Text("part number"));
+    EXPECT_TRUE(std::holds_alternative<double>(bench.access.Read("Torque"))) << "also a whole number";
+    EXPECT_TRUE(std::holds_alternative<std::int64_t>(bench.access.Read("harmonic gain")));
+  }
+  EXPECT_TRUE(bench.motors.EndOfTable());
+}
+
+}  // namespace
+}  // namespace kavr6

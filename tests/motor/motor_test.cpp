@@ -1,0 +1,197 @@
+#include <limits>
+#include <tuple>
+
+#include <gtest/gtest.h>
+
+#include "motor/motor_calculations.h"
+#include "motor/motor_dialog.h"
+#include "motor/motor_units.h"
+#include "platform/headless_desktop.h"
+#include "tests/support/error_of.h"
+#include "tests/support/memory_table.h"
+
+namespace kavr6 {
+namespace {
+
+/// The motor table with its dialog and calculations.
+struct Bench {
+  HeadlessDesktop desktop;
+  MainScreen screen{desktop};
+  MemoryTable memory;
+  MotorTable table{memory};
+  MotorDialog dialog{desktop, screen, table};
+  Settings settings;
+  MotorCalculations calculations{settings, screen, table};
+
+  Bench() {
+    InitVars(settings);
+    for (int model = 0; model < 6; ++model) screen.ModelList.AddItem("model " + std::to_string(model));
+  }
+  /// With a catalogue motor of 1 N m and 5e-5 kg m2, in oz in and g cm2.
+  explicit Bench(double current) : Bench() {
+    memory.AddMotor("A", current, 141.6, 500);
+    memory.MoveFirst();
+  }
+  /// A custom motor in N m and kg m2 with a load that is a multiple of its inertia.
+  void UseCustom(double torque, double inertia, double ratio) {
+    settings.CustomMotor = true;
+    settings.TorqueUnit = 4;
+    settings.InertiaUnit = 3;
+    settings.RatedTorque = torque;
+    settings.RotorInertia = inertia;
+    settings.InertiaIsRatio = true;
+    settings.InertiaRatio = ratio;
+  }
+  /// With the dialog loaded.
+  explicit Bench(const std::vector<std::string>& motors) : Bench() {
+    for (const std::string& name : motors) memory.AddMotor(name, 1, 100, 100);
+    dialog.EnsureLoaded();
+  }
+  void AddIfMissing(const MotorRecord& motor) { AddMotorIfMissing(desktop, table, dialog, motor); }
+  std::string Items() const {
+    std::string items;
+    for (int i = 0; i < dialog.MotorList.Count(); ++i) items += dialog.MotorList.Item(i) + " ";
+    return items;
+  }
+  /// Where the list and the cursor stand.
+  void ExpectSelected(const std::string& name) const {
+    EXPECT_EQ(dialog.MotorList.Text(), name);
+    EXPECT_EQ(table.Text("PartNoX"), name);
+  }
+};
+
+const std::vector<std::string> kThreeMotors{"KM23", "KM17", "KM34"};
+
+TEST(MotorUnits, FactorsAndTheirInverse) {
+  const double torque[] = {1.0, 16.0008, 0.0138861456, 13.8861456, 141.6, 141.6, 141.6};
+  const double inertia[] = {0.00070616, 1e-8, 1e-5, 0.1, 0.1, 0.1};
+  for (int unit = 0; unit < 7; ++unit) EXPECT_DOUBLE_EQ(TorqueToNm(141.6, unit), torque[unit]) << unit;
+  for (int unit = 0; unit < 6; ++unit) {
+    EXPECT_DOUBLE_EQ(InertiaToKgM2(0.1, unit), inertia[unit]) << unit;
+    EXPECT_DOUBLE_EQ(InertiaFromKgM2(inertia[unit], unit), 0.1) << unit;
+  }
+}
+
+TEST(MotorUnits, PictureFollowsTheMagnitude) {
+  std::string texts;
+  for (const double value : {1234.56, 999.6, 12.34, 9.9996, 1.0, 0.5, 0.09, 0.001, 0.00012344, 1e-9, -12.5})
+    texts += FormatByMagnitude(value) + " ";
+  EXPECT_EQ(texts, "1235 1000 12.3 10.0 1.0 .5 .09 .001 .0001234 .00000 -12.50000 ");
+}
+
+TEST(MotorCalculations, LimitIsTheLowerOfDriveAndOneAndAHalfTimesTheMotor) {
+  const std::tuple<int, double, float> cases[] = {{0, 8, 7.0F},    {0, 4, 6.0F},   {1, 5, 6.0F},
+                                                  {1, 1.7, 2.55F}, {3, 2.2, 3.2F}, {-1, 2, 0.0F}};
+  for (const auto& [model, rated, limit] : cases) {
+    Bench bench(rated);
+    bench.screen.ModelList.SetListIndex(model);
+    EXPECT_EQ(bench.calculations.MotorCurrentLimit(), limit) << model << " " << rated;
+  }
+}
+
+TEST(MotorCalculations, MotorOnShowCountsWhileItsDialogIsInFront) {
+  Bench bench(1.0);
+  bench.screen.ModelList.SetListIndex(1);
+  bench.settings.RatedCurrent = 2.0;
+  bench.calculations.DialogShowsCustom = [] { return true; };
+  EXPECT_EQ(bench.calculations.MotorCurrentLimit(), 1.5F);
+  Form dialog(bench.desktop, "MotorDialog");
+  dialog.Show();
+  EXPECT_EQ(bench.calculations.MotorCurrentLimit(), 3.0F);
+}
+
+TEST(MotorCalculations, ResonanceOfWorkedMotors) {
+  const double infinite = std::numeric_limits<double>::infinity();
+  const std::tuple<double, double, double, Long> cases[] = {{1, 0.0001, 0, 113},
+                                                            {1, 0.00005, 1, 113},
+                                                            {-1, -0.0001, 0, 113},
+                                                            {1, 0, 5, 200},
+                                                            {246.741264, 50, 0, 2},  // exactly 2.5
+                                                            {483.61287744, 50, 0, 4},
+                                                            // Errors, as negative numbers.
+                                                            {1, 0.0001, -3, -5},
+                                                            {1, 1e-300, 0, -6},
+                                                            {1, infinite, -1, -6}};
+  Bench bench(1.0);
+  for (const auto& [torque, inertia, ratio, expected] : cases) {
+    bench.UseCustom(torque, inertia, ratio);
+    Long frequency = 0;
+    const int error = ErrorOf([&] { frequency = bench.calculations.ARfreq(); });
+    EXPECT_EQ(error != 0 ? -error : frequency, expected) << torque << " " << inertia << " " << ratio;
+  }
+  bench.settings.CustomMotor = false;
+  bench.memory.MoveNext();
+  EXPECT_EQ(ErrorOf([&] { bench.calculations.ARfreq(); }), 3021) << "without a current row";
+}
+
+TEST(MotorCalculations, LoadFromAFrequencyAsAValueOrARatio) {
+  Bench bench(1.0);
+  bench.settings.InertiaIsRatio = false;
+  bench.settings.LoadInertia = 0.00005;
+  EXPECT_EQ(bench.calculations.ARfreq(), 113);
+  bench.calculations.CalcLoadInertia(113);
+  EXPECT_NEAR(bench.settings.LoadInertia, 0.000099186 - 0.00005, 5e-10);
+  bench.calculations.CalcLoadInertia(0);
+  EXPECT_DOUBLE_EQ(bench.settings.LoadInertia, -0.00005);
+  bench.UseCustom(1, 0.00005, 7);
+  bench.calculations.CalcLoadInertia(113);
+  EXPECT_NEAR(bench.settings.InertiaRatio, 0.98372, 1e-5);
+}
+
+TEST(MotorDialog, ListInOrderLeadsTheCursorAndAMissingNameSelectsTheFirstMotor) {
+  Bench bench(kThreeMotors);
+  EXPECT_EQ(bench.Items(), "KM17 KM23 KM34 ");
+  bench.ExpectSelected("KM17");
+  EXPECT_EQ(bench.dialog.Top(), (bench.screen.Height() - bench.dialog.Height()) / 2);
+  bench.dialog.MotorList.Select(1);
+  bench.ExpectSelected("KM23");
+  bench.dialog.SetMotorList("KM34");
+  bench.ExpectSelected("KM34");
+  bench.dialog.SetMotorList("km34");
+  bench.ExpectSelected("KM17");
+}
+
+TEST(MotorDialog, TableThatCannotBeOpenedOrHasNoMotorEndsTheProgramWithTheReason) {
+  for (const bool failOpen : {true, false}) {
+    Bench bench;
+    bench.memory.FailOpen = failOpen;
+    bench.desktop.Expect(
+        {.textPart = failOpen ? "Error 3024: " : "Error 3021: No current record. Can't load"});
+    EXPECT_THROW(bench.dialog.EnsureLoaded(), ProgramEnded);
+  }
+}
+
+TEST(AddMotorIfMissing, UnknownMotorIsAddedOnceWithAllItsValues) {
+  Bench bench(kThreeMotors);
+  MotorRecord motor{2.5, 120, 310, 88.5, 1, 2, "KM20", 70, -8, 2, 3, 118, 27};
+  bench.AddIfMissing(motor);
+  EXPECT_EQ(bench.Items(), "KM17 KM20 KM23 KM34 ");
+  bench.ExpectSelected("KM20");
+  const std::pair<const char*, double> numbers[] = {
+      {"current", 2.5},       {"Torque", 120},        {"inertia", 310},  {"PWMmaxPct", 88.5},
+      {"harmonic gain", 70},  {"harmonic phase", -8}, {"TorqueUnit", 2}, {"InertiaUnit", 3},
+      {"leadangle deg", 118}, {"leadangle rps", 27}};
+  for (const auto& [column, value] : numbers) EXPECT_EQ(bench.table.Number(column), value) << column;
+
+  bench.dialog.MotorList.Select(3);
+  bench.AddIfMissing(motor);
+  bench.ExpectSelected("KM20");
+  motor.MotorName.clear();
+  bench.AddIfMissing(motor);
+  EXPECT_EQ(bench.memory.RowCount(), 4U);
+  bench.ExpectSelected("KM20");
+}
+
+TEST(AddMotorIfMissing, TableThatCannotBeWrittenIsToldAndTheSelectionStays) {
+  Bench bench(kThreeMotors);
+  bench.dialog.MotorList.Select(1);
+  bench.memory.FailUpdate = true;
+  bench.desktop.Expect(
+      {.textPart = "\"KM99\" is not in the motor database and cannot be added to it.  The database is"});
+  bench.AddIfMissing({.MotorName = "KM99"});
+  EXPECT_EQ(bench.Items(), "KM17 KM23 KM34 ");
+  bench.ExpectSelected("KM23");
+}
+
+}  // namespace
+}  // namespace kavr6
