@@ -1,10 +1,10 @@
-// The parts that need no machine: building and decoding an image, and the receive path.
+// Building and decoding an image, with the motor database, and the receive path.
 #include <benchmark/benchmark.h>
 
+#include "adapters/sqlite/sqlite_table.h"
 #include "core/configurator.h"
 #include "image/parameter_image.h"
 #include "platform/headless_desktop.h"
-#include "tests/support/catalogue.h"
 #include "tests/support/scripted_comm.h"
 
 namespace kavr6 {
@@ -13,12 +13,12 @@ namespace {
 struct Bench {
   HeadlessDesktop desktop;
   ScriptedComm comm{desktop};
-  MemoryTable table = CatalogueTable();
+  SqliteTable table;
   Configurator program{desktop, comm, table};
 
   Bench() {
     InitVars(program.settings);
-    program.motorTable.Open("");
+    program.motorTable.Open(KAVR6_BIN);
     program.motorTable.MoveFirst();
     comm.SetPortOpen(true);
     comm.SetRThreshold(1);

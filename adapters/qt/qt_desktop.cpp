@@ -137,8 +137,8 @@ void QtDesktop::OpenWindow(Form& form, bool modal) {
   }
   if (!opened.Window().windowFlags().testFlag(Qt::SplashScreen)) return;
   const QWindow* const handle = opened.Window().windowHandle();
+  // Being exposed, it has been painted.
   PumpEventsUntil([handle] { return handle->isExposed(); }, kSplashWaitSeconds);
-  opened.Window().repaint();
 }
 
 void QtDesktop::CloseWindow(Form& form) {

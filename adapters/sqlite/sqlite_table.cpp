@@ -30,6 +30,7 @@ void SqliteTable::Open(const std::filesystem::path& file, std::string_view table
   }
   if (columns.empty())
     throw RuntimeError(kNoTable, "The file has no table named \"" + std::string(table) + "\".");
+  selects_.clear();
   connection_ = std::move(connection);
   table_ = QuotedName(table);
   columns_ = std::move(columns);
@@ -94,8 +95,10 @@ const SqliteConnection& SqliteTable::Connection() const {
 }
 
 std::size_t SqliteTable::ColumnNumber(std::string_view name) const {
-  const auto found = std::find_if(columns_.begin(), columns_.end(),
-                                  [name](const std::string& column) { return SameName(column, name); });
+  auto found = std::find(columns_.begin(), columns_.end(), name);
+  if (found == columns_.end())
+    found = std::find_if(columns_.begin(), columns_.end(),
+                         [name](const std::string& column) { return SameName(column, name); });
   if (found == columns_.end())
     throw RuntimeError(kNoColumn, "The table has no column named \"" + std::string(name) + "\".");
   return static_cast<std::size_t>(found - columns_.begin());
@@ -108,16 +111,29 @@ std::string SqliteTable::IndexName() const {
 
 std::optional<SqliteTable::Row> SqliteTable::FirstWhere(const std::string& condition,
                                                         const std::vector<Variant>& parameters) const {
-  std::string sql = "SELECT rowid";
-  for (const std::string& column : columns_) sql += ", " + QuotedName(column);
-  sql += " FROM " + table_ + " WHERE " + condition + " ORDER BY " + IndexName() + ", rowid LIMIT 1";
-  SqliteStatement select(Connection(), sql);
+  SqliteStatement& select = SelectWhere(condition);
   for (std::size_t i = 0; i < parameters.size(); ++i) select.Bind(static_cast<int>(i + 1), parameters[i]);
-  if (!select.Step()) return std::nullopt;
+  if (!select.Step()) {
+    select.Reset();
+    return std::nullopt;
+  }
   Row row{std::get<std::int64_t>(select.Column(0)), {}};
   for (std::size_t i = 0; i < columns_.size(); ++i)
     row.values.push_back(select.Column(static_cast<int>(i + 1)));
+  select.Reset();  // lets go of the file, which others may want to write
   return row;
+}
+
+SqliteStatement& SqliteTable::SelectWhere(const std::string& condition) const {
+  const auto known = selects_.find(condition);
+  if (known != selects_.end()) {
+    known->second.Reset();
+    return known->second;
+  }
+  std::string sql = "SELECT rowid";
+  for (const std::string& column : columns_) sql += ", " + QuotedName(column);
+  sql += " FROM " + table_ + " WHERE " + condition + " ORDER BY " + IndexName() + ", rowid LIMIT 1";
+  return selects_.try_emplace(condition, Connection(), sql).first->second;
 }
 
 }  // namespace kavr6

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <map>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -47,9 +48,13 @@ class SqliteTable : public TableAccess {
   /// The first row in the order of the index for which `condition` holds.
   std::optional<Row> FirstWhere(const std::string& condition, const std::vector<Variant>& parameters) const;
 
+  /// The statement behind FirstWhere, made once.
+  SqliteStatement& SelectWhere(const std::string& condition) const;
+
   std::chrono::milliseconds patience_;
   std::unique_ptr<SqliteConnection> connection_;
-  std::string table_;  ///< quoted
+  mutable std::map<std::string, SqliteStatement> selects_;  // of connection_, so it goes first
+  std::string table_;                                       ///< quoted
   std::vector<std::string> columns_;
   std::optional<std::size_t> index_;
   std::optional<Row> row_;
