@@ -16,6 +16,12 @@ using M = MotorRecord;
 constexpr double kNoiseScale = 15000;
 constexpr Long kNoiseFilterOfZero = 2000;
 constexpr Long kProtocolBits = 0x37;
+
+// The analog filter goes as scale / (hertz / frequency + offset).
+constexpr double kFilterScale = 72090;
+constexpr double kFilterHertz = 1400;
+constexpr double kFilterOffset = 2.2;
+
 constexpr Long kHighestBitRate = 5;
 
 // Resistor inside the drive, as words.
@@ -158,13 +164,13 @@ void ReadAnalogGain(ImageReader& reader, const ImageTarget& target) {
 }
 
 void WriteAnalogFilter(const ImageSource& source, Byte* at) {
-  PutWord(at, Divide(72090, Divide(1400, source.settings.AnalogFilter) + 2.2));
+  PutWord(at, Divide(kFilterScale, Divide(kFilterHertz, source.settings.AnalogFilter) + kFilterOffset));
 }
 
 void ReadAnalogFilter(ImageReader& reader, const ImageTarget& target) {
   // The denominator is negative from 32769 on, and so is the frequency; it is 0 for no whole number.
   const double word = std::max<Long>(reader.Str2Num16(), 1);
-  target.settings.AnalogFilter = ToLong(Divide(1400 * word, 72090 - 2.2 * word));
+  target.settings.AnalogFilter = ToLong(Divide(kFilterHertz * word, kFilterScale - kFilterOffset * word));
 }
 
 void ReadProtocol(ImageReader& reader, const ImageTarget& target) {

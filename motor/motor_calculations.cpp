@@ -12,7 +12,6 @@ namespace kavr6 {
 namespace {
 
 constexpr double kPeakFactor = 1.5;  ///< of the rated current
-constexpr Long kMostIdlePercent = 90;
 constexpr Long kAntiResonanceGain = 12000;
 constexpr Long kFrequencyWithoutInertia = 200;
 // The drive works with these very decimals: a better pi would move the results.
@@ -44,7 +43,7 @@ void MotorCalculations::LimitContCurrent() {
 }
 
 void MotorCalculations::LimitIdleCurrent() {
-  settings_.IdlePercent = std::min(settings_.IdlePercent, kMostIdlePercent);
+  settings_.IdlePercent = std::min(settings_.IdlePercent, kIdlePercentLimit);
 }
 
 MotorCalculations::RotorAndTorque MotorCalculations::SelectedMotor() const {
