@@ -1,10 +1,11 @@
-// Building and decoding an image, with the motor database, and the receive path.
+// Building and decoding an image, with the motor database, the receive path, and opening a file.
 #include <benchmark/benchmark.h>
 
 #include "adapters/sqlite/sqlite_table.h"
 #include "core/configurator.h"
 #include "image/parameter_image.h"
 #include "platform/headless_desktop.h"
+#include "tests/support/memory_files.h"
 #include "tests/support/scripted_comm.h"
 
 namespace kavr6 {
@@ -14,7 +15,8 @@ struct Bench {
   HeadlessDesktop desktop;
   ScriptedComm comm{desktop};
   SqliteTable table;
-  Configurator program{desktop, comm, table};
+  MemoryFiles files;
+  Configurator program{desktop, comm, table, files};
 
   Bench() {
     InitVars(program.settings);
@@ -56,6 +58,23 @@ void ReceivePathText(benchmark::State& state) {
   state.SetBytesProcessed(state.iterations() * state.range(0));
 }
 BENCHMARK(ReceivePathText)->Arg(8)->Arg(16)->Arg(31);
+
+/// The whole command Open, the user's choice aside: reading, the motor's row, mode name and grid.
+void OpenFile(benchmark::State& state) {
+  Bench b;
+  b.desktop.SetProgramDirectory(KAVR6_BIN);
+  b.desktop.AnswerAnything();
+  b.program.Start();
+  b.desktop.Expect(ExpectedFile{FileDialog::Purpose::Save, "machine.cnf"});
+  b.program.Files.MenuSaveAs();
+  for (auto _ : state) {
+    b.program.settings.Speed = 0;
+    b.desktop.Expect(ExpectedFile{FileDialog::Purpose::Open, "machine.cnf"});
+    b.program.Files.MenuOpen();
+    if (b.program.settings.Speed == 0) state.SkipWithError("the file has not been read");
+  }
+}
+BENCHMARK(OpenFile);
 
 }  // namespace
 }  // namespace kavr6

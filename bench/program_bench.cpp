@@ -15,9 +15,11 @@
 
 #include <sys/resource.h>
 
+#include "adapters/qt/file_store.h"
 #include "adapters/qt/forms.h"
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/serial/serial_comm.h"
+#include "adapters/sqlite/motor_catalogue.h"
 #include "adapters/sqlite/sqlite_table.h"
 #include "core/configurator.h"
 
@@ -62,10 +64,11 @@ class BenchDesktop : public QtDesktop {
 
 struct Program {
   explicit Program(const std::filesystem::path& folder)
-      : desktop(folder), comm(desktop, folder / "ports"), configurator(desktop, comm, table) {}
+      : desktop(folder), comm(desktop, folder / "ports"), configurator(desktop, comm, table, files) {}
   BenchDesktop desktop;
   SerialComm comm;
   SqliteTable table;
+  DiskFiles files;
   Configurator configurator;
 };
 
@@ -176,6 +179,44 @@ int RestWithoutDrive(const std::filesystem::path& folder) {
   std::_Exit(0);
 }
 
+/// From the click to the painted dialog, with the motor database of that folder.
+int OpenMotorDialog(const std::filesystem::path& folder) {
+  Program program(folder);
+  double start = NowMs();
+  program.configurator.Start();
+  const double started = NowMs() - start;
+  std::vector<double> openings;
+  for (int i = 0; i < 2; ++i) {
+    start = NowMs();
+    program.configurator.Main.Motor.Click();
+    QWidget* const window = program.desktop.WindowOf(program.configurator.MotorSetup);
+    window->repaint();
+    openings.push_back(NowMs() - start);
+    program.configurator.MotorSetup.Hide();
+    Delay(program.desktop, 0.1);
+  }
+  std::printf("catalogue of %d motors: start %.1f ms, motor dialog %.1f ms, once more %.1f ms\n",
+              program.configurator.MotorSetup.MotorList.Count(), started, openings[0], openings[1]);
+  std::fflush(stdout);
+  std::_Exit(0);
+}
+
+/// A motor database of that many rows, all with the values of the first motor of the program's own.
+void MakeCatalogue(const std::filesystem::path& folder, int motors) {
+  SqliteTable model;
+  model.Open(QCoreApplication::applicationDirPath().toStdString() + "/" + kMotorFile, kMotorTableName);
+  model.SetIndex("PartNoX");
+  model.MoveFirst();
+  std::vector<CatalogueRow> rows;
+  for (int i = 0; i < motors; ++i) {
+    CatalogueRow row;
+    for (const MotorColumn& column : kMotorColumns) row.push_back(model.Read(column.name));
+    row[0] = row[1] = "M" + std::to_string(100000 + i);
+    rows.push_back(row);
+  }
+  WriteMotorFile(rows, folder / kMotorFile);
+}
+
 std::string RunChild(const QStringList& arguments, QProcess* drive = nullptr) {
   QProcess child;
   child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -207,6 +248,11 @@ int MeasureAll() {
   QTemporaryDir folder;
   const QString bin = QCoreApplication::applicationDirPath();
   QFile::copy(bin + "/" + kMotorFile, folder.filePath(kMotorFile));
+  QTemporaryDir large;
+  for (const int motors : {32, 10'000}) {
+    MakeCatalogue(large.path().toStdString(), motors);
+    std::fputs(RunChild({"motors", large.path()}).c_str(), stdout);
+  }
   std::fputs(RunChild({"rest", folder.path()}).c_str(), stdout);
   QProcess drive;
   drive.start(bin + "/drive_simulator", {"--port", "COM1", "--quiet", "--dir", folder.path()});
@@ -238,6 +284,7 @@ int main(int argc, char** argv) {
   const std::filesystem::path folder = argv[3];
   const double startMs = std::stod(argv[4]);
   if (what == "empty") return StartEmpty(startMs);
+  if (what == "motors") return OpenMotorDialog(folder);
   if (what == "main") return StartMain(startMs, folder);
   return what == "work" ? Work(folder) : RestWithoutDrive(folder);
 }

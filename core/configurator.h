@@ -1,10 +1,12 @@
 // The whole program on top of a desktop, a serial port and a motor table.
 #pragma once
 
+#include "config_file/config_files.h"
 #include "core/main_form.h"
 #include "core/settings.h"
 #include "core/start_form.h"
 #include "dialogs/io_dialog.h"
+#include "motor/edit_motor.h"
 #include "motor/motor_dialog.h"
 #include "motor/motor_table.h"
 
@@ -13,7 +15,7 @@ namespace kavr6 {
 /// Owns the settings and every window, and hands each what it needs. One instance is one program.
 class Configurator {
  public:
-  Configurator(Desktop& desktop, MSComm& comm, TableAccess& table);
+  Configurator(Desktop& desktop, MSComm& comm, TableAccess& table, FileStore& files);
 
   /// Shows the splash, loads the main screen and shows it. Events run meanwhile.
   void Start() { Splash.EnsureLoaded(); }
@@ -22,9 +24,11 @@ class Configurator {
   MotorTable motorTable;
   MainForm Main;
   MotorDialog MotorSetup;
+  EditMotor CustomMotorSetup;
   IOdialog IOSetup;
   StartForm Splash;
   About Credits;
+  ConfigFiles Files;
 };
 
 }  // namespace kavr6

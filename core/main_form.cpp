@@ -130,7 +130,8 @@ void MainForm::Load() {
   Modified = false;
   InertiaSet = false;
   if (StartPort != 0 && Identity.DriveStillThere()) Identity.CheckDrive();
-  SaveFile.InitDir = Screen().ProgramDirectory().string();
+  const std::u8string folder = Screen().ProgramDirectory().u8string();
+  SaveFile.InitDir.assign(folder.begin(), folder.end());
   PlaceWindow();
   InitVars(p_.settings);
   ShowModeName(*this, p_.settings);

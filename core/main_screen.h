@@ -13,9 +13,11 @@ namespace kavr6 {
 
 inline constexpr const char* kProgramTitle = "KAVR6 Configurator";
 
-/// Where the file dialogs begin.
+/// What the questions for a file, to open, save or print, have in common.
 struct FileDialogState {
-  std::string InitDir;
+  std::string Filter = "Configurator Files|*.cnf";
+  std::string DefaultExt = "cnf";
+  std::string InitDir;  ///< where the next one begins, UTF-8
 };
 
 /// The window "MainForm" without its behaviour: what the link, the transfers and the dialogs show things on

@@ -153,6 +153,83 @@ std::string FormatNumber(float value, std::string_view picture) {
   return ByPicture(DecimalOf(static_cast<double>(value), kFloatDigits), picture);
 }
 
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+std::size_t DigitsFrom(std::string_view text, std::size_t at) {
+  return std::min(text.find_first_not_of("0123456789", at), text.size()) - at;
+}
+
+/// Length of the number that the text begins with, its sign and exponent included; 0 when there is none.
+std::size_t NumberLength(std::string_view text) {
+  std::size_t at = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
+  std::size_t digits = DigitsFrom(text, at);
+  at += digits;
+  if (at < text.size() && text[at] == '.') {
+    const std::size_t fraction = DigitsFrom(text, at + 1);
+    digits += fraction;
+    at += 1 + fraction;
+  }
+  if (digits == 0) return 0;
+  if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
+    const std::size_t sign = at + 1 < text.size() && (text[at + 1] == '-' || text[at + 1] == '+') ? 1 : 0;
+    const std::size_t exponent = DigitsFrom(text, at + 1 + sign);
+    if (exponent > 0) at += 1 + sign + exponent;
+  }
+  return at;
+}
+
+/// Decimal exponent of a number's first significant digit, roughly.
+double PowerOfTen(std::string_view number) {
+  const std::size_t e = std::min(number.find_first_of("eE"), number.size());
+  const std::size_t point = std::min(number.find('.'), e);
+  double exponent = 0;
+  if (e < number.size()) {
+    std::string_view digits = number.substr(e + 1);
+    if (digits.starts_with('+')) digits.remove_prefix(1);
+    if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc())
+      return digits.starts_with('-') ? -HUGE_VAL : HUGE_VAL;
+  }
+  const std::size_t first = std::min(number.find_first_of("123456789"), e);
+  return exponent + static_cast<double>(point) - static_cast<double>(first);
+}
+
+/// Value of a text that is a number as a whole; infinite beyond the range of a double.
+double ValueOf(std::string_view number) {
+  if (number.starts_with('+')) number.remove_prefix(1);
+  double value = 0;
+  const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+  if (result.ec != std::errc::result_out_of_range) return value;
+  if (PowerOfTen(number) < 0) return 0;
+  return number.starts_with('-') ? -std::numeric_limits<double>::infinity()
+                                 : std::numeric_limits<double>::infinity();
+}
+
+std::string_view WithoutLeadingBlanks(std::string_view text) {
+  return text.substr(std::min(text.find_first_not_of(kBlanks), text.size()));
+}
+
+}  // namespace
+
+double StrictNumber(std::string_view text) {
+  text = WithoutLeadingBlanks(text);
+  text = text.substr(0, text.find_last_not_of(kBlanks) + 1);
+  const std::size_t length = NumberLength(text);
+  if (length == 0 || length != text.size()) RaiseTypeMismatch();
+  const double value = ValueOf(text);
+  if (!std::isfinite(value)) RaiseOverflow();
+  return value;
+}
+
+double PrefixNumber(std::string_view text) {
+  text = WithoutLeadingBlanks(text);
+  const std::size_t length = NumberLength(text);
+  if (length == 0) return 0;
+  constexpr double kMost = std::numeric_limits<double>::max();
+  return std::clamp(ValueOf(text.substr(0, length)), -kMost, kMost);
+}
+
 std::string CharacterCodes(std::string_view utf8) {
   std::string codes;
   for (std::size_t i = 0; i < utf8.size();) {

@@ -24,6 +24,13 @@ std::string NumberText(double value);
 std::string NumberText(float value);
 std::string NumberText(Long value);
 
+/// The number that the whole text is, blanks around it allowed: sign, digits, decimal point, exponent as in
+/// "1E-05". RuntimeError: Type mismatch for any other text, Overflow beyond the range of a double.
+double StrictNumber(std::string_view text);
+/// The number at the beginning of a text: leading blanks are skipped, reading ends at the first character
+/// that cannot continue the number. 0 without one; beyond the range of a double, the end of that range.
+double PrefixNumber(std::string_view text);
+
 /// A number by a picture such as "0.00", "#0.000" or "#.0##": 0 is a digit always shown, # one shown when
 /// significant. The decimal text of the value is rounded, a half away from zero.
 std::string FormatNumber(double value, std::string_view picture);

@@ -2,4 +2,4 @@
 # folders that the lower half stands below.
 kavr6_library(program
   SOURCES core/configurator.cpp core/main_form.cpp core/start_form.cpp
-  USES dialogs image reports)
+  USES config_file image motor_dialogs reports)

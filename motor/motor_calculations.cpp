@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "core/drive_models.h"
 #include "core/numbers.h"
@@ -34,7 +35,8 @@ bool MotorCalculations::CustomIsMeant() const {
 
 float MotorCalculations::MotorCurrentLimit() const {
   const double rated = CustomIsMeant() ? settings_.RatedCurrent : table_.Number("current");
-  return std::min(static_cast<float>(rated * kPeakFactor), MaxDriveCurrent());
+  const double most = std::min(rated * kPeakFactor, static_cast<double>(std::numeric_limits<float>::max()));
+  return std::min(static_cast<float>(most), MaxDriveCurrent());
 }
 
 void MotorCalculations::LimitContCurrent() {

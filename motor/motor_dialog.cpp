@@ -1,16 +1,94 @@
 #include "motor/motor_dialog.h"
 
+#include <utility>
+#include <vector>
+
+#include "dialogs/numeric_entry.h"
+#include "motor/unit_list.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
+namespace {
 
-MotorDialog::MotorDialog(Desktop& desktop, MainScreen& screen, MotorTable& table)
-    : Form(desktop, "MotorDialog"), screen_(screen), table_(table) {
-  MotorList.Clicked.Set([this] { MotorListClick(); });
+constexpr const char* kMore = "More";
+constexpr const char* kLess = "Less";
+
+}  // namespace
+
+MotorDialog::MotorDialog(Desktop& desktop, MainScreen& screen, MotorTable& table, Settings& settings,
+                         MotorCalculations& calculations)
+    : Form(desktop, "MotorDialog"),
+      screen_(screen),
+      table_(table),
+      settings_(settings),
+      calculations_(calculations) {
+  SetCaption("Motor");
+  FillUnits(JUnits, InertiaUnitName);
+  ShowMore(false);
+  WireMotorChoice();
+  WireRunningCurrent();
+  WireIdleCurrent();
+  WireLoadInertia();
+  WireButtons();
+  calculations_.DialogShowsCustom = [this] { return optCustom.Value(); };
+}
+
+void MotorDialog::WireMotorChoice() {
+  optStandard.Clicked.Set([this] { SourceChosen(false); });
+  optCustom.Clicked.Set([this] { SourceChosen(true); });
+  MotorList.Clicked.Set([this] { MotorPicked(); });
+  DefineNewMotor.Clicked.Set([this] {
+    if (OpenEditor) OpenEditor();
+  });
+  MoreOrLess.Clicked.Set([this] { ShowMore(MoreOrLess.Caption() == kMore); });
+}
+
+void MotorDialog::WireRunningCurrent() {
+  TextFollows(txtDriveCurrent, SliderMaxCurrent);
+  txtDriveCurrent.Change.Set([this] { ShowIdleAmps(); });
+  txtDriveCurrent.LostFocus.Set([this] { RunningCurrentTyped(); });
+  SliderMaxCurrent.Scrolled.Set([this] { HoldRunningCurrent(); });
+  SliderMaxCurrent.Change.Set([this] {
+    // Once the dialog has been opened, only the user's own moves are held within the limits.
+    if (!screen_.MotorTouched) HoldRunningCurrent();
+    TextFollows(txtDriveCurrent, SliderMaxCurrent);
+  });
+}
+
+void MotorDialog::WireIdleCurrent() {
+  LimitEntry(txtIdlePercent, &SliderIdleCurrent);
+  txtIdlePercent.Change.Set([this] { ShowIdleAmps(); });
+  SliderIdleCurrent.Change.Set([this] { TextFollows(txtIdlePercent, SliderIdleCurrent); });
+  LimitEntry(IdleDelayTime, &SliderIdleDelay);
+  SliderIdleDelay.Change.Set([this] { TextFollows(IdleDelayTime, SliderIdleDelay); });
+  TextFollows(txtIdlePercent, SliderIdleCurrent);
+  TextFollows(IdleDelayTime, SliderIdleDelay);
+}
+
+void MotorDialog::WireLoadInertia() {
+  TextFollows(txtInertiaRatio, SliderInertiaRatio);
+  LimitEntry(txtInertiaRatio, &SliderInertiaRatio);
+  txtInertiaRatio.Change.Set([this] { InertiaEdited = true; });
+  txtLoadInertia.Change.Set([this] { InertiaEdited = true; });
+  SliderInertiaRatio.Change.Set([this] {
+    TextFollows(txtInertiaRatio, SliderInertiaRatio);
+    InertiaEdited = true;
+  });
+  optRatio.Clicked.Set([this] { LoadKindChosen(true); });
+  optValue.Clicked.Set([this] { LoadKindChosen(false); });
+}
+
+void MotorDialog::WireButtons() {
+  OK.Clicked.Set([this] { TakeOver(); });
+  Cancel.Clicked.Set([this] { Hide(); });
+  Help.Clicked.Set([this] { ShowHelp("ConfigSoftware_Motor.html"); });
+  Wiring.Clicked.Set([this] { ShowHelp("Connecting_the_Motor.html"); });
 }
 
 void MotorDialog::Load() {
   CenterOn(screen_, *this);
+  Help.SetEnabled(static_cast<bool>(ShowHelp));
+  Wiring.SetEnabled(static_cast<bool>(ShowHelp));
   try {
     table_.Open(Screen().ProgramDirectory());
     LoadMotorList();
@@ -22,12 +100,14 @@ void MotorDialog::Load() {
                           "Please try re-installing the software."});
     Screen().EndProgram(1);
   }
+  optStandard.SetValue(true);
 }
 
 void MotorDialog::LoadMotorList() {
-  MotorList.Clear();
+  std::vector<std::string> names;
   for (table_.MoveFirst(); !table_.EndOfTable(); table_.MoveNext())
-    MotorList.AddItem(table_.Text("Part Number"));
+    names.push_back(table_.Text("Part Number"));
+  MotorList.SetItems(names);
   if (MotorList.Count() > 0) MotorList.SetListIndex(0);
 }
 
@@ -41,7 +121,44 @@ void MotorDialog::SetMotorList(const std::string& name) {
   }
 }
 
-void MotorDialog::MotorListClick() { table_.Seek(MotorList.Text()); }
+void MotorDialog::MotorPicked() {
+  if (!table_.Seek(MotorList.Text())) return;
+  TorqueUnit.SetCaption(TorqueUnitName(table_.Whole("TorqueUnit")));
+  RotorInertiaUnit.SetCaption(InertiaUnitName(table_.Whole("InertiaUnit")));
+  ShowRatedCurrent(table_.Number("current"));
+  const std::pair<Label*, const char*> facts[] = {
+      {&lblRatedTorque, "Torque"},
+      {&lblRatedCurrent, "current"},
+      {&lblRotorInertia, "inertia"},
+      {&lblSmoothingGain, "harmonic gain"},
+      {&lblSmoothingPhase, "harmonic phase"},
+      {&lblDeg, "leadangle deg"},
+      {&lblrps, "leadangle rps"},
+  };
+  for (const auto& [label, column] : facts) label->SetCaption(table_.Text(column));
+}
+
+void MotorDialog::SourceChosen(bool custom) {
+  MotorList.SetEnabled(!custom);
+  DefineNewMotor.SetEnabled(custom);
+  ShowRatedCurrent(custom ? settings_.RatedCurrent : table_.Number("current"));
+  FrameOtherMotor.SetVisible(custom);
+  FrameMotorSpecs.SetVisible(!custom);
+  if (custom) ShowCustomSpecs();
+}
+
+void MotorDialog::ShowMore(bool more) {
+  MotorMore.SetVisible(more);
+  OtherMore.SetVisible(more);
+  MoreOrLess.SetCaption(more ? kLess : kMore);
+}
+
+void MotorDialog::LoadKindChosen(bool ratio) {
+  txtInertiaRatio.SetEnabled(ratio);
+  SliderInertiaRatio.SetEnabled(ratio);
+  txtLoadInertia.SetEnabled(!ratio);
+  JUnits.SetEnabled(!ratio);
+}
 
 void AddMotorIfMissing(Desktop& desktop, MotorTable& table, MotorDialog& dialog, const MotorRecord& motor) {
   if (motor.MotorName.empty()) return;

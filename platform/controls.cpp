@@ -74,6 +74,14 @@ void ListBox::AddItem(const std::string& item, int data) {
   Changed();
 }
 
+void ListBox::SetItems(const std::vector<std::string>& items) {
+  items_.clear();
+  for (const std::string& item : items) items_.push_back({item, 0, {}});
+  listIndex_ = -1;
+  ++revision_;
+  Changed();
+}
+
 const ListBox::Row& ListBox::At(int index) const {
   if (index < 0 || index >= Count()) RaiseInvalidProperty();
   return items_[static_cast<std::size_t>(index)];

@@ -42,13 +42,15 @@ class TextBox : public Control {
   std::size_t SelStart() const { return selStart_; }
   std::size_t SelLength() const { return selLength_; }
   void SetSelection(std::size_t start, std::size_t length);
+  /// Happens on every entry.
+  void SelectAllText() { SetSelection(0, text_.size()); }
   Event<> Change;
 
   /// The user enters the field and replaces what stands in it.
   void Type(const std::string& text);
 
  protected:
-  void Entered() override { SetSelection(0, text_.size()); }
+  void Entered() override { SelectAllText(); }
 
  private:
   std::string text_;
@@ -163,6 +165,8 @@ class ListBox : public Control {
   ListBox(Form& form, std::string name) : Control(form, std::move(name), ControlKind::ListBox) {}
   void Clear();
   void AddItem(const std::string& item, int data = 0);
+  /// Replaces all rows at once, which is quick however many they are; none is selected.
+  void SetItems(const std::vector<std::string>& items);
   int Count() const { return static_cast<int>(items_.size()); }
   /// `index` from 0 to Count() - 1, else RuntimeError.
   const std::string& Item(int index) const;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/file_dialog.h"
 #include "platform/message_box.h"
 #include "platform/runtime_error.h"
 #include "platform/scheduler.h"
@@ -41,6 +42,10 @@ class Desktop : public Scheduler {
 
   /// Shows a box and waits for the answer; events keep running meanwhile.
   virtual BoxAnswer Ask(const MessageBox& box) = 0;
+  /// Asks for a file and waits for the choice; events keep running meanwhile. Full path in UTF-8, empty when
+  /// the user gives up. An open dialog names a file that is there; a save dialog asks before an existing file
+  /// is to be replaced.
+  virtual std::string ChooseFile(const FileDialog& dialog) = 0;
   virtual void Beep() = 0;
   virtual bool ShiftDown() const = 0;
   virtual TwipSize ScreenSize() const = 0;

@@ -69,10 +69,22 @@ BoxAnswer HeadlessDesktop::Ask(const MessageBox& box) {
   return expected.answer;
 }
 
+std::string HeadlessDesktop::ChooseFile(const FileDialog& dialog) {
+  fileDialogs_.push_back(dialog);
+  if (expectedFiles_.empty() || expectedFiles_.front().purpose != dialog.purpose)
+    throw HeadlessFault("unexpected file dialog for " + dialog.filter);
+  const ExpectedFile expected = std::move(expectedFiles_.front());
+  expectedFiles_.pop_front();
+  if (expected.during) expected.during();
+  return expected.name;
+}
+
 void HeadlessDesktop::EndProgram(int exitCode) { throw ProgramEnded{exitCode}; }
 
 void HeadlessDesktop::CheckNothingLeft() const {
   if (!expected_.empty()) throw HeadlessFault("this box has not come: " + expected_.front().textPart);
+  if (!expectedFiles_.empty())
+    throw HeadlessFault("this file dialog has not come: " + expectedFiles_.front().name);
 }
 
 }  // namespace kavr6

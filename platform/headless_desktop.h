@@ -31,6 +31,13 @@ struct ExpectedBox {
   Scheduler::Task during = {};  ///< done while the box stands open, before the time passes
 };
 
+/// How a test answers the next file dialog.
+struct ExpectedFile {
+  FileDialog::Purpose purpose = FileDialog::Purpose::Open;
+  std::string name;             ///< empty: the user gives up
+  Scheduler::Task during = {};  ///< done while the dialog stands open
+};
+
 /// One queue, ordered by time and then by the order of entry, holds everything that will happen: timers, the
 /// simulated line, the user's actions. The clock moves only when nothing is due, straight to the next entry.
 class HeadlessDesktop : public Desktop {
@@ -43,6 +50,8 @@ class HeadlessDesktop : public Desktop {
   bool PumpEventsUntil(const std::function<bool()>& done, double limit) override;
   /// Answered by the next expected box; without one, or with another text, a HeadlessFault.
   BoxAnswer Ask(const MessageBox& box) override;
+  /// Answered by the next expected file dialog; without one, or with another purpose, a HeadlessFault.
+  std::string ChooseFile(const FileDialog& dialog) override;
   void Beep() override { ++beeps_; }
   bool ShiftDown() const override { return shift_; }
   TwipSize ScreenSize() const override { return screen_; }
@@ -52,11 +61,14 @@ class HeadlessDesktop : public Desktop {
   [[noreturn]] void EndProgram(int exitCode) override;
 
   void Expect(ExpectedBox box) { expected_.push_back(std::move(box)); }
+  void Expect(ExpectedFile file) { expectedFiles_.push_back(std::move(file)); }
   /// From now on a box that nobody expects is answered with OK or Yes.
   void AnswerAnything() { answerAnything_ = true; }
   /// All boxes shown so far.
   const std::vector<MessageBox>& Boxes() const { return boxes_; }
-  /// HeadlessFault when an expected box has not come.
+  /// The file dialogs shown so far.
+  const std::vector<FileDialog>& FileDialogs() const { return fileDialogs_; }
+  /// HeadlessFault when an expected box or file dialog has not come.
   void CheckNothingLeft() const;
 
   int Beeps() const { return beeps_; }
@@ -80,6 +92,8 @@ class HeadlessDesktop : public Desktop {
   int runsAtThisTime_ = 0;
   std::deque<ExpectedBox> expected_;
   std::vector<MessageBox> boxes_;
+  std::deque<ExpectedFile> expectedFiles_;
+  std::vector<FileDialog> fileDialogs_;
   bool answerAnything_ = false;
   int beeps_ = 0;
   bool shift_ = false;

@@ -13,14 +13,19 @@
 namespace kavr6 {
 namespace {
 
-void FillRow(QComboBox& combo, const ListBox& list, int row) {
-  combo.addItem(ToQt(list.Item(row)));
-  combo.setItemData(row, ToQt(list.ItemToolTip(row)), Qt::ToolTipRole);
-}
-
-void FillRow(QListWidget& view, const ListBox& list, int row) {
-  auto* const item = new QListWidgetItem(ToQt(list.Item(row)), &view);
-  item->setToolTip(ToQt(list.ItemToolTip(row)));
+// All rows at once: lists of thousands are filled while the user waits.
+template <class W>
+void FillRows(W& widget, const ListBox& list) {
+  QStringList rows;
+  rows.reserve(list.Count());
+  for (int row = 0; row < list.Count(); ++row) rows.append(ToQt(list.Item(row)));
+  widget.clear();
+  widget.addItems(rows);
+  QAbstractItemModel& model = *widget.model();
+  for (int row = 0; row < list.Count(); ++row) {
+    if (const std::string& toolTip = list.ItemToolTip(row); !toolTip.empty())
+      model.setData(model.index(row, 0), ToQt(toolTip), Qt::ToolTipRole);
+  }
 }
 
 int SelectedRow(const QListWidget& view) {
@@ -41,8 +46,7 @@ RefreshView ShowList(const ListBox& list, W& widget) {
     const QSignalBlocker silence(widget);
     if (shownRevision != list.Revision()) {
       shownRevision = list.Revision();
-      widget.clear();
-      for (int row = 0; row < list.Count(); ++row) FillRow(widget, list, row);
+      FillRows(widget, list);
     }
     if (SelectedRow(widget) != list.ListIndex()) SelectRow(widget, list.ListIndex());
   };
@@ -57,6 +61,7 @@ RefreshView BindCombo(ListBox& list, QComboBox& combo, const UserAction& act) {
 RefreshView BindListView(ListBox& list, QListWidget& view, const UserAction& act) {
   view.setSelectionMode(QAbstractItemView::SingleSelection);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  view.setUniformItemSizes(true);
   QObject::connect(&view, &QListWidget::itemSelectionChanged, &view, [&list, &view, act] {
     act([&list, &view] {
       if (const int row = SelectedRow(view); row >= 0) list.Select(row);
@@ -111,15 +116,15 @@ RefreshView BindSlider(Control& control, QObject& target, const UserAction& act)
   auto* const view = qobject_cast<QSlider*>(&target);
   if (view == nullptr) return {};
   auto& slider = static_cast<Slider&>(control);
+  const SliderRange& range = slider.Range();
+  view->setRange(range.min, range.max);
+  view->setSingleStep(range.smallStep);
+  view->setPageStep(range.largeStep);
+  view->setTickInterval(range.tickSpacing);
   QObject::connect(view, &QSlider::valueChanged, view,
                    [&slider, act](int value) { act([&slider, value] { slider.Scroll(value); }); });
   return [&slider, view] {
     const QSignalBlocker silence(view);
-    const SliderRange& range = slider.Range();
-    view->setRange(range.min, range.max);
-    view->setSingleStep(range.smallStep);
-    view->setPageStep(range.largeStep);
-    view->setTickInterval(range.tickSpacing);
     view->setValue(slider.Value());
   };
 }

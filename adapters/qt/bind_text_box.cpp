@@ -15,9 +15,9 @@ class LineEditTie : public QObject {
  public:
   LineEditTie(TextBox& box, QLineEdit& edit, UserAction act)
       : QObject(&edit), box_(box), edit_(edit), act_(std::move(act)) {
-    connect(&edit, &QLineEdit::textEdited, this, [this] { act_([this] { Typed(); }); });
-    connect(&edit, &QLineEdit::cursorPositionChanged, this, [this] { TakeSelection(); });
-    connect(&edit, &QLineEdit::selectionChanged, this, [this] { TakeSelection(); });
+    connect(&edit, &QLineEdit::textEdited, &edit, [this] { act_([this] { Typed(); }); });
+    connect(&edit, &QLineEdit::cursorPositionChanged, &edit, [this] { TakeSelection(); });
+    connect(&edit, &QLineEdit::selectionChanged, &edit, [this] { TakeSelection(); });
     edit.installEventFilter(this);
   }
 

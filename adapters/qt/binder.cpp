@@ -86,7 +86,8 @@ Binder::Binder(Form& form, QWidget& window) : form_(form) {
 
 Binder::~Binder() {
   for (const Tie& tie : ties_) {
-    if (tie.target != nullptr) tie.target->disconnect();
+    // Only what the kinds have connected, widget to itself: by a signal the toolkit hears of a widget's end.
+    if (tie.target != nullptr) tie.target->disconnect(tie.target);
   }
 }
 

@@ -2,9 +2,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStyle>
@@ -48,6 +50,21 @@ Button* EscapeButton(const Form& form) {
   return single ? ButtonWithRole(form, Button::Role::Default) : nullptr;
 }
 
+Button* HelpButton(const Form& form) {
+  Control* const control = form.Find("Help");
+  const bool usable = control != nullptr && control->Kind() == ControlKind::Button && control->Enabled() &&
+                      control->Visible();
+  return usable ? static_cast<Button*>(control) : nullptr;
+}
+
+bool IsEnter(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
+
+/// On some desktops Enter would turn these instead of ending the dialog.
+bool TurnsByEnter(const QWidget* focused) {
+  return qobject_cast<const QCheckBox*>(focused) != nullptr ||
+         qobject_cast<const QRadioButton*>(focused) != nullptr;
+}
+
 /// Where on the screen the form's place 0, 0 is.
 QPoint Origin() { return QGuiApplication::primaryScreen()->geometry().topLeft(); }
 
@@ -79,6 +96,13 @@ void FormWindow::Open(bool modal) {
   window_->show();
   window_->raise();
   window_->activateWindow();
+}
+
+void FormWindow::EndModality() {
+  // The toolkit takes notice only of a window that is not shown.
+  window_->hide();
+  window_->setWindowModality(Qt::NonModal);
+  window_->show();
 }
 
 FormWindow::Place FormWindow::PlaceOfForm() const {
@@ -143,7 +167,9 @@ void FormWindow::TakePlace() {
 
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == window_) return WindowEvent(*event);
-  return event->type() == QEvent::KeyPress && KeepsKey(static_cast<const QKeyEvent&>(*event));
+  if (event->type() != QEvent::KeyPress) return false;
+  const auto& key = static_cast<const QKeyEvent&>(*event);
+  return KeepsKey(key) || (IsEnter(key) && TurnsByEnter(window_->focusWidget()) && EndsDialog(key));
 }
 
 bool FormWindow::WindowEvent(QEvent& event) {
@@ -160,7 +186,8 @@ bool FormWindow::WindowEvent(QEvent& event) {
       TakePlace();
       return false;
     case QEvent::KeyPress:
-      return EndsDialog(static_cast<const QKeyEvent&>(event));
+      return OpensHelp(static_cast<const QKeyEvent&>(event)) ||
+             EndsDialog(static_cast<const QKeyEvent&>(event));
     default:
       return false;
   }
@@ -173,10 +200,17 @@ bool FormWindow::KeepsKey(const QKeyEvent& event) {
   return kept;
 }
 
+bool FormWindow::OpensHelp(const QKeyEvent& event) {
+  Button* const help = HelpButton(form_);
+  if (help == nullptr || event.key() != Qt::Key_F1 || event.modifiers() != Qt::NoModifier) return false;
+  EnterLogic(form_.Screen(), [help] { help->Click(); });
+  return true;
+}
+
 // Comes here when the focused control has no use for the key. Esc goes no further: the toolkit would hide a
 // dialog on its own.
 bool FormWindow::EndsDialog(const QKeyEvent& event) {
-  const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+  const bool enter = IsEnter(event);
   if (!enter && event.key() != Qt::Key_Escape) return false;
   if (auto* const focused = qobject_cast<QPushButton*>(window_->focusWidget()); enter && focused != nullptr) {
     focused->click();

@@ -25,6 +25,8 @@ class FormWindow : public QObject {
   QWidget& Window() const { return *window_; }
   /// Shows the window or brings it to the front. Modal: no other window of the program takes input meanwhile.
   void Open(bool modal);
+  /// Lets the other windows take input again while this one stays.
+  void EndModality();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -40,6 +42,7 @@ class FormWindow : public QObject {
   void TakePlace();
   bool WindowEvent(QEvent& event);
   bool KeepsKey(const QKeyEvent& event);
+  bool OpensHelp(const QKeyEvent& event);
   bool EndsDialog(const QKeyEvent& event);
 
   Form& form_;

@@ -7,7 +7,9 @@
 #include <string_view>
 
 #include "ui_About.h"
+#include "ui_EditMotor.h"
 #include "ui_MainForm.h"
+#include "ui_MotorDialog.h"
 #include "ui_StartForm.h"
 
 namespace kavr6 {
@@ -30,7 +32,19 @@ const std::array kForms{
     FormRow{"StartForm", Build<QWidget, Ui::StartForm>, Qt::SplashScreen | Qt::FramelessWindowHint},
     FormRow{"MainForm", Build<QMainWindow, Ui::MainForm>},
     FormRow{"About", Build<QDialog, Ui::About>},
+    FormRow{"MotorDialog", Build<QDialog, Ui::MotorDialog>},
+    FormRow{"EditMotor", Build<QDialog, Ui::EditMotor>},
 };
+
+/// What a design marks with "keepsRoom" hides without moving anything around it.
+void KeepRoom(QWidget& window) {
+  for (QWidget* widget : window.findChildren<QWidget*>()) {
+    if (!widget->property("keepsRoom").toBool()) continue;
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
+  }
+}
 
 }  // namespace
 
@@ -39,6 +53,7 @@ std::unique_ptr<QWidget> BuildWindow(const std::string& formName) {
       std::find_if(kForms.begin(), kForms.end(), [&](const FormRow& r) { return r.name == formName; });
   if (row == kForms.end()) return nullptr;
   std::unique_ptr<QWidget> window = row->build();
+  KeepRoom(*window);
   if (row->flags != Qt::WindowFlags()) window->setWindowFlags(row->flags);
   return window;
 }

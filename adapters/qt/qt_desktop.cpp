@@ -7,11 +7,13 @@
 #include <QScreen>
 #include <QVersionNumber>
 #include <QWindow>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
 
 #include "adapters/qt/ask.h"
+#include "adapters/qt/choose_file.h"
 #include "adapters/qt/entry.h"
 #include "adapters/qt/form_window.h"
 #include "adapters/qt/twips.h"
@@ -44,6 +46,8 @@ class ScopedTask {
 
 QtDesktop::QtDesktop(WindowBuilder build)
     : build_(std::move(build)), tasks_([this](const Task& task) { EnterLogic(*this, task); }) {
+  // A dialog's own native window would make native ones of all children of the main window, its parent.
+  QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
   // The logic decides when the program ends.
   QApplication::setQuitOnLastWindowClosed(false);
 }
@@ -70,8 +74,15 @@ bool QtDesktop::PumpEventsUntil(const std::function<bool()>& done, double limit)
 }
 
 BoxAnswer QtDesktop::Ask(const MessageBox& box) {
-  QWidget* const active = QApplication::activeWindow();
-  return ShowMessageBox(box, active != nullptr ? active : FrontWindow());
+  const BoxAnswer answer = ShowMessageBox(box, BoxParent());
+  LowerLifted();
+  return answer;
+}
+
+std::string QtDesktop::ChooseFile(const FileDialog& dialog) {
+  std::string name = kavr6::ChooseFile(dialog, BoxParent());
+  LowerLifted();
+  return name;
 }
 
 void QtDesktop::Beep() { QApplication::beep(); }
@@ -115,6 +126,11 @@ QWidget* QtDesktop::FrontWindow() const {
   return ShownForms().empty() ? nullptr : WindowOf(*ShownForms().back());
 }
 
+QWidget* QtDesktop::BoxParent() const {
+  QWidget* const active = QApplication::activeWindow();
+  return active != nullptr ? active : FrontWindow();
+}
+
 FormWindow& QtDesktop::Built(Form& form) {
   if (const auto found = windows_.find(&form); found != windows_.end()) return *found->second;
   std::unique_ptr<QWidget> window = build_(form.Name());
@@ -133,7 +149,9 @@ void QtDesktop::OpenWindow(Form& form, bool modal) {
     const QScopedValueRollback arranging(arranging_, true);
     // A window that opens above a modal one or above a box would otherwise be blocked by it.
     const QWidget* const modalAbove = QApplication::activeModalWidget();
-    opened.Open(modal || (modalAbove != nullptr && modalAbove != &opened.Window()));
+    const bool blocked = modalAbove != nullptr && modalAbove != &opened.Window();
+    if (blocked && !modal && !opened.Window().isVisible()) lifted_.push_back(&opened);
+    opened.Open(modal || blocked);
   }
   if (!opened.Window().windowFlags().testFlag(Qt::SplashScreen)) return;
   const QWindow* const handle = opened.Window().windowHandle();
@@ -146,7 +164,21 @@ void QtDesktop::CloseWindow(Form& form) {
   if (window == nullptr) return;
   const QScopedValueRollback arranging(arranging_, true);
   window->hide();
+  std::erase_if(lifted_, [window](const FormWindow* lifted) { return &lifted->Window() == window; });
+  LowerLifted();
   if (QWidget* const front = FrontWindow()) front->activateWindow();
+}
+
+void QtDesktop::LowerLifted() {
+  const auto lifted = [this](const QWidget* window) {
+    return std::any_of(lifted_.begin(), lifted_.end(),
+                       [window](const FormWindow* form) { return &form->Window() == window; });
+  };
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->isModal() && !lifted(window)) return;
+  }
+  const QScopedValueRollback arranging(arranging_, true);
+  for (FormWindow* window : std::exchange(lifted_, {})) window->EndModality();
 }
 
 void QtDesktop::UserActivated(Form& form) {

@@ -35,6 +35,7 @@ class QtDesktop : public Desktop {
   bool PumpEventsUntil(const std::function<bool()>& done, double limit) override;
 
   BoxAnswer Ask(const MessageBox& box) override;
+  std::string ChooseFile(const FileDialog& dialog) override;
   void Beep() override;
   bool ShiftDown() const override;
   TwipSize ScreenSize() const override;
@@ -58,11 +59,14 @@ class QtDesktop : public Desktop {
   FormWindow& Built(Form& form);
   void UserActivated(Form& form);
   QWidget* FrontWindow() const;
+  QWidget* BoxParent() const;
+  void LowerLifted();
 
   WindowBuilder build_;
   TaskQueue tasks_;
   std::vector<Task> atEnd_;
   std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
+  std::vector<FormWindow*> lifted_;  // modal only until what would have blocked them has gone
   QWidget* mainWindow_ = nullptr;
   bool arranging_ = false;
 };

@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <clocale>
 
+#include "adapters/qt/file_store.h"
 #include "adapters/qt/forms.h"
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/serial/serial_comm.h"
@@ -24,7 +25,8 @@ int main(int argc, char** argv) {
   SerialComm comm(desktop, desktop.ProgramDirectory() / "ports");
   desktop.AtEnd([&comm] { comm.Release(); });
   SqliteTable motors;
-  Configurator configurator(desktop, comm, motors);
+  DiskFiles files;
+  Configurator configurator(desktop, comm, motors, files);
   // Drawing the icon costs milliseconds; the main screen comes first.
   desktop.CallAfter(0.3, [] { QApplication::setWindowIcon(QIcon(":/artwork/kavr6.svg")); });
   desktop.Post([&configurator] { configurator.Start(); });

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QLineEdit>
 #include <QPixmap>
 #include <QTest>
 #include <csignal>
@@ -26,8 +27,8 @@ Stage::Stage(std::filesystem::path folder) : folder_(std::move(folder)) {
   std::filesystem::remove_all(folder_ / "ports");
   std::filesystem::create_directories(folder_);
   log_.open(folder_ / "tour.log");
-  QObject::connect(&boxTimer_, &QTimer::timeout, [this] { LookForBox(); });
-  boxTimer_.start(kPollMs);
+  QObject::connect(&dialogTimer_, &QTimer::timeout, [this] { LookForDialog(); });
+  dialogTimer_.start(kPollMs);
 }
 
 void Stage::Note(const std::string& text) {
@@ -37,6 +38,7 @@ void Stage::Note(const std::string& text) {
 
 void Stage::Step(const std::string& what) {
   if (!boxes_.empty()) Fail("this box has not come: " + boxes_.front().text);
+  if (!files_.empty()) Fail("this file dialog has not come: " + files_.front().name.string());
   Note(std::to_string(++steps_) + ". " + what);
 }
 
@@ -99,31 +101,68 @@ void Stage::Choose(QWidget& window, const char* name, int row) {
   }
 }
 
+void Stage::Type(QWidget& window, const char* name, const char* text) {
+  auto* const widget = window.findChild<QWidget*>(name);
+  if (widget == nullptr || !widget->isEnabled()) Fail(std::string("nothing to type into: ") + name);
+  WaitFor([&] { return window.isActiveWindow(); }, kWindowSeconds, "the window to be active");
+  widget->setFocus();
+  if (auto* const edit = qobject_cast<QLineEdit*>(widget)) edit->selectAll();
+  QTest::keyClicks(widget, text);
+}
+
+void Stage::Press(QWidget& window, Qt::Key key) {
+  QWidget* const focused = window.focusWidget();
+  QTest::keyClick(focused != nullptr ? focused : &window, key);
+}
+
 void Stage::AnswerNextBox(const std::string& text, QMessageBox::StandardButton answer,
                           const std::string& picture) {
   boxes_.push_back({text, answer, picture});
 }
 
-void Stage::LookForBox() {
-  auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-  if (box == nullptr || !box->isVisible() || box == answered_) return;
-  const std::string shown = box->text().toStdString();
+void Stage::AnswerNextFileDialog(const std::filesystem::path& name, const std::string& picture) {
+  files_.push_back({name, picture});
+}
+
+void Stage::LookForDialog() {
+  QWidget* const dialog = QApplication::activeModalWidget();
+  if (dialog == nullptr || !dialog->isVisible() || dialog == answered_) return;
+  if (auto* const box = qobject_cast<QMessageBox*>(dialog)) AnswerBox(*box);
+  if (auto* const file = qobject_cast<QFileDialog*>(dialog)) AnswerFileDialog(*file);
+}
+
+void Stage::AnswerBox(QMessageBox& box) {
+  const std::string shown = box.text().toStdString();
   if (boxes_.empty() || shown.find(boxes_.front().text) == std::string::npos)
     Fail("unexpected box: " + shown);
   const BoxToCome expected = boxes_.front();
   boxes_.pop_front();
-  if (!expected.picture.empty()) Picture(*box, expected.picture);
-  QAbstractButton* const button = box->button(expected.answer);
+  if (!expected.picture.empty()) Picture(box, expected.picture);
+  QAbstractButton* const button = box.button(expected.answer);
   if (button == nullptr) Fail("the box has no such button: " + shown);
   Note("   box: " + expected.text);
-  answered_ = box;
+  answered_ = &box;
   button->click();
 }
 
+void Stage::AnswerFileDialog(QFileDialog& dialog) {
+  auto* const edit = dialog.findChild<QLineEdit*>("fileNameEdit");
+  if (files_.empty() || edit == nullptr)
+    Fail("unexpected file dialog: " + dialog.windowTitle().toStdString());
+  const FileToCome expected = files_.front();
+  files_.pop_front();
+  answered_ = &dialog;
+  edit->setText(QString::fromStdString(expected.name.string()));
+  if (!expected.picture.empty()) Picture(dialog, expected.picture);
+  Note("   file dialog: " + expected.name.filename().string());
+  QTest::keyClick(edit, Qt::Key_Return);
+}
+
 void Stage::Picture(QWidget& window, const std::string& name) {
-  const std::filesystem::path file = folder_ / (name + ".png");
-  if (!window.grab().save(QString::fromStdString(file.string()))) Fail("cannot write " + file.string());
   ++pictures_;
+  const std::string number = (pictures_ < 10 ? "0" : "") + std::to_string(pictures_);
+  const std::filesystem::path file = folder_ / (number + "-" + name + ".png");
+  if (!window.grab().save(QString::fromStdString(file.string()))) Fail("cannot write " + file.string());
   Note("   picture: " + file.filename().string());
 }
 

@@ -1,6 +1,7 @@
 // What the tour acts with: real windows, real clicks, pictures and a log.
 #pragma once
 
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
 #include <QProcess>
@@ -22,7 +23,7 @@ class Stage {
   explicit Stage(std::filesystem::path folder);
 
   const std::filesystem::path& Folder() const { return folder_; }
-  /// Begins a step of the log. Boxes promised in the step before must have come.
+  /// Begins a step of the log. Boxes and file dialogs promised in the step before must have come.
   void Step(const std::string& what);
   void Note(const std::string& text);
   void Check(bool holds, const std::string& what);
@@ -36,10 +37,17 @@ class Stage {
   void Command(QWidget& window, const char* name);
   /// Chooses a row of a drop-down list by keyboard.
   void Choose(QWidget& window, const char* name, int row);
+  /// Replaces what stands in a field, key by key; in a list this finds a row by its beginning.
+  void Type(QWidget& window, const char* name, const char* text);
+  /// Presses a key where the focus is.
+  void Press(QWidget& window, Qt::Key key);
   /// When the next box comes (or the one after those already told of): it must hold `text`, is photographed
   /// under `picture` unless that is empty, and is answered. To be called before what makes the box come.
   void AnswerNextBox(const std::string& text, QMessageBox::StandardButton answer,
                      const std::string& picture = {});
+  /// The same for the next file dialog: this name is typed and confirmed with Enter.
+  void AnswerNextFileDialog(const std::filesystem::path& name, const std::string& picture = {});
+  /// Saves a picture of the window; its file's name begins with a running number.
   void Picture(QWidget& window, const std::string& name);
   /// Lets events run until `done` holds; the tour fails when that takes longer than `seconds`.
   void WaitFor(const std::function<bool()>& done, double seconds, const std::string& what);
@@ -54,15 +62,22 @@ class Stage {
     QMessageBox::StandardButton answer;
     std::string picture;
   };
-  void LookForBox();
+  struct FileToCome {
+    std::filesystem::path name;
+    std::string picture;
+  };
+  void LookForDialog();
+  void AnswerBox(QMessageBox& box);
+  void AnswerFileDialog(QFileDialog& dialog);
 
   std::filesystem::path folder_;
   std::ofstream log_;
   int steps_ = 0;
   int pictures_ = 0;
   std::deque<BoxToCome> boxes_;
-  QTimer boxTimer_;
-  QPointer<QMessageBox> answered_;
+  std::deque<FileToCome> files_;
+  QTimer dialogTimer_;
+  QPointer<QWidget> answered_;
 };
 
 /// The simulated drive as a program of its own, on COM1 of the tour's folder.

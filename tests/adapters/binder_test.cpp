@@ -2,6 +2,7 @@
 
 #include <QTest>
 #include <QtWidgets>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -9,8 +10,8 @@
 #include "adapters/qt/widgets/connector_line.h"
 #include "adapters/qt/widgets/percent_panel.h"
 #include "adapters/qt/widgets/summary_grid.h"
-#include "core/start_form.h"
 #include "platform/headless_desktop.h"
+#include "tests/support/scene.h"
 
 namespace kavr6 {
 namespace {
@@ -63,19 +64,26 @@ TEST(Binder, NamesWhatDoesNotFit) {
   FieldsWindow window;
   window.list->setObjectName("elsewhere");
   EXPECT_EQ(BindFault(form, window), "Fields: list 'list' has no widget");
-  (new QSpinBox(&window))->setObjectName("list");
-  EXPECT_EQ(BindFault(form, window), "Fields: list 'list' cannot be shown by a QSpinBox");
+  window.slider->setObjectName("list");
+  EXPECT_EQ(BindFault(form, window), "Fields: list 'list' cannot be shown by a QSlider");
   Form empty(desktop, "Empty");
   EXPECT_EQ(BindFault(empty, window), "Empty: QLineEdit 'text' has no control");
 }
 
 TEST(Binder, EveryDesignFitsItsForm) {
-  HeadlessDesktop desktop;
-  MainScreen mainScreen(desktop);
-  StartForm splash(desktop, mainScreen);
-  About about(desktop, mainScreen);
-  for (Form* form : std::initializer_list<Form*>{&mainScreen, &splash, &about}) {
+  Scene scene;
+  Configurator& program = scene.program;
+  for (Form* form : std::initializer_list<Form*>{&program.Main, &program.Splash, &program.Credits,
+                                                 &program.MotorSetup, &program.CustomMotorSetup}) {
     const std::unique_ptr<QWidget> window = BuildWindow(form->Name());
+    QStringList mnemonics;
+    for (const QWidget* widget : window->findChildren<QWidget*>()) {
+      for (const char* words : {"text", "title"}) {
+        const QString key = QKeySequence::mnemonic(widget->property(words).toString()).toString();
+        EXPECT_FALSE(!key.isEmpty() && mnemonics.contains(key)) << form->Name() << " " << key.toStdString();
+        mnemonics << key;
+      }
+    }
     EXPECT_EQ(BindFault(*form, *window), "");
     for (const Control* control : form->Controls()) {
       auto* const widget = window->findChild<QWidget*>(QString::fromStdString(control->Name()));
@@ -196,7 +204,24 @@ TEST_F(Bound, TypingInTheMiddleLeavesTheCursorUnlessTheHandlerChangesTheText) {
   EXPECT_EQ(window.text->text(), "9");
 }
 
-TEST_F(Bound, FocusTravelsBothWaysAndTheWheelMovesOnlyAFieldThatHasIt) {
+TEST_F(Bound, LongListOpensAtItsSelectionFindsTypedRowsAndIsFilledOnce) {
+  std::vector<std::string> rows;
+  for (int row = 0; row < 10'000; ++row) rows.push_back(std::to_string(row));
+  window.hide();
+  form.list.SetItems(rows);
+  form.list.SetListIndex(9000);
+  window.show();
+  QCoreApplication::processEvents();
+  const QListWidgetItem* const filled = window.list->item(9000);
+  EXPECT_TRUE(window.list->viewport()->rect().contains(window.list->visualItemRect(filled)));
+  std::string log;
+  form.list.Clicked.Set([&] { log += form.list.Text() + " "; });
+  QTest::keyClicks(window.list, "705");
+  EXPECT_EQ(log, "7 70 705 ");
+  EXPECT_EQ(window.list->item(9000), filled);
+}
+
+TEST_F(Bound, FocusTravelsBothWaysAndTheWheelMovesAFieldThatHasItAndThePageOtherwise) {
   EXPECT_EQ(form.FocusedControl(), &form.text) << "the first field of a new window";
   std::string log;
   form.text.LostFocus.Set([&] { log += "lost "; });
@@ -208,14 +233,24 @@ TEST_F(Bound, FocusTravelsBothWaysAndTheWheelMovesOnlyAFieldThatHasIt) {
   EXPECT_EQ(log, "lost got ");
   window.check->setFocus(Qt::PopupFocusReason);
   EXPECT_EQ(form.FocusedControl(), &form.text);
-  const auto turn = [this] {
-    QWheelEvent wheel({3, 3}, {3, 3}, {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(window.slider, &wheel);
+  QScrollArea page;
+  page.setWidget(&window);
+  page.resize(300, window.sizeHint().height() - 5);
+  page.show();
+  window.show();
+  QCoreApplication::processEvents();
+  const auto turn = [this](int steps) {
+    QWheelEvent wheel({3, 3}, {3, 3}, {}, {0, 120 * steps}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&wheel);
+    qApp->notify(window.slider, &wheel);
     return form.slider.Value();
   };
-  EXPECT_EQ(turn(), 10);
+  EXPECT_EQ(turn(1), 10);
+  turn(-1);
+  EXPECT_GT(page.verticalScrollBar()->value(), 0);
   window.slider->setFocus();
-  EXPECT_GT(turn(), 10);
+  EXPECT_GT(turn(1), 10);
+  page.takeWidget()->setParent(nullptr);
 }
 
 TEST(SummaryGrid, ShowsMergedCellsOfTheSameTextAsOneAndOpensNoDivider) {

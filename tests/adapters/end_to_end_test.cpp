@@ -8,6 +8,7 @@
 #include "adapters/qt/serial/serial_comm.h"
 #include "core/configurator.h"
 #include "tests/support/catalogue.h"
+#include "tests/support/memory_files.h"
 
 namespace kavr6 {
 namespace {
@@ -23,7 +24,8 @@ TEST(EndToEnd, DriveThatDiesInATransferIsToldAndServesAfterItsReturn) {
   QtDesktop desktop([](const std::string&) { return std::unique_ptr<QWidget>(); });
   SerialComm comm(desktop, std::filesystem::path(folder.path().toStdString()) / "ports");
   MemoryTable table = CatalogueTable();
-  Configurator program(desktop, comm, table);
+  MemoryFiles files;
+  Configurator program(desktop, comm, table, files);
   MainForm& main = program.Main;
   double& speed = program.settings.Speed;
   main.EnsureLoaded();

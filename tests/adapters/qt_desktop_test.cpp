@@ -16,12 +16,13 @@ namespace {
 std::unique_ptr<QWidget> BuildTestWindow(const std::string& formName) {
   if (formName == "NoDesign") return nullptr;
   auto window = std::make_unique<QDialog>();
-  auto* const column = new QVBoxLayout(window.get());
   const std::pair<const char*, QWidget*> parts[] = {
-      {"OK", new QPushButton}, {"Cancel", new QPushButton}, {"field", new QLineEdit}};
+      {"OK", new QPushButton},   {"Cancel", new QPushButton},  {"field", new QLineEdit},
+      {"list", new QListWidget}, {"combo", new QComboBox},     {"slider", new QSlider},
+      {"check", new QCheckBox},  {"option", new QRadioButton}, {"Help", new QPushButton}};
   for (const auto& [name, widget] : parts) {
     widget->setObjectName(name);
-    column->addWidget(widget);
+    widget->setParent(window.get());
   }
   window->resize(400, 200);
   return window;
@@ -29,6 +30,8 @@ std::unique_ptr<QWidget> BuildTestWindow(const std::string& formName) {
 
 struct TestForm : Form {
   explicit TestForm(Desktop& desktop, const std::string& name = "TestForm") : Form(desktop, name) {
+    list.SetItems({"a", "b"});
+    combo.SetItems({"a", "b"});
     OK.Clicked.Set([this] { log += "OK ", Hide(); });
     Cancel.Clicked.Set([this] { log += "Cancel ", Hide(); });
     field.LostFocus.Set([this] { log += "left "; });
@@ -41,14 +44,20 @@ struct TestForm : Form {
   Button OK{*this, "OK", "OK", Button::Role::Default};
   Button Cancel{*this, "Cancel", "Cancel", Button::Role::Cancel};
   TextBox field{*this, "field"};
+  OptionGroup group;
+  ListBox list{*this, "list"};
+  ListBox combo{*this, "combo"};
+  Slider slider{*this, "slider", {}};
+  CheckBox check{*this, "check"};
+  OptionButton option{*this, "option", group};
+  Button Help{*this, "Help"};
   std::string log;
   bool mayClose = true;
 };
 
-struct Ended {};
-
 /// Ends by an exception that the test, at the bottom of the stack, takes.
 struct EndingDesktop : QtDesktop {
+  struct Ended {};
   EndingDesktop() : QtDesktop(BuildTestWindow) {}
   [[noreturn]] void EndProgram(int) override { throw Ended(); }
 };
@@ -131,7 +140,7 @@ TEST_F(QtDesktopTest, UnhandledErrorIsReportedAndEndsTheProgram) {
       EXPECT_EQ(box.text(), c.second);
       box.accept();
     });
-    EXPECT_THROW(EnterLogic(desktop, c.first), Ended);
+    EXPECT_THROW(EnterLogic(desktop, c.first), EndingDesktop::Ended);
   }
 }
 
@@ -160,6 +169,50 @@ TEST_F(QtDesktopTest, KeysAndCloseRequestOfAWindow) {
   form.mayClose = true;
   window.close();
   EXPECT_FALSE(form.Visible() || window.isVisible());
+}
+
+TEST_F(QtDesktopTest, EnterEscAndHelpKeyWorkWhereverTheFocusIs) {
+  TestForm form(desktop);
+  std::string pressed;
+  for (Button* button : {&form.OK, &form.Cancel, &form.Help})
+    button->Clicked.Set([&pressed, button] { pressed += button->Name() + " "; });
+  form.Show();
+  for (Control* focused : std::initializer_list<Control*>{&form.field, &form.list, &form.combo, &form.slider,
+                                                          &form.check, &form.option, &form.Help}) {
+    pressed.clear();
+    for (const Qt::Key key : {Qt::Key_Enter, Qt::Key_Return, Qt::Key_Escape, Qt::Key_F1}) {
+      focused->Focus();
+      Key(form, key);
+    }
+    EXPECT_EQ(pressed, focused == &form.Help ? "Help Help Cancel Help " : "OK OK Cancel Help ")
+        << focused->Name();
+  }
+  pressed.clear();
+  form.Help.SetEnabled(false);
+  Key(form, Qt::Key_F1);
+  EXPECT_EQ(pressed, "");
+}
+
+TEST_F(QtDesktopTest, BoxAndWindowThatOpenAboveAFileDialogCanBeUsed) {
+  TestForm below(desktop, "Below");
+  TestForm above(desktop, "Above");
+  below.Show();
+  desktop.Post([&] {
+    QWidget* const fileDialog = QApplication::activeModalWidget();
+    WithBox([](QMessageBox& box) { QTest::keyClick(box.windowHandle(), Qt::Key_Return); });
+    EXPECT_EQ(desktop.Ask({.text = "x"}), BoxAnswer::Ok);
+    above.Show();
+    above.field.Focus();
+    Key(above, Qt::Key_Y);
+    EXPECT_EQ(above.field.Text(), "y");
+    fileDialog->close();
+  });
+  EXPECT_EQ(desktop.ChooseFile({FileDialog::Purpose::Save, "All|*", "", ""}), "");
+  EXPECT_TRUE(desktop.WindowOf(above)->isVisible());
+  below.field.Focus();
+  Key(below, Qt::Key_Y);
+  EXPECT_EQ(below.field.Text(), "y")
+      << "the window above blocks the others only while the dialog would block it";
 }
 
 TEST_F(QtDesktopTest, ModalWindowReturnsWhenHiddenAndSwitchingOfTheUserIsTold) {

@@ -1,4 +1,6 @@
 #include <cmath>
+#include <limits>
+#include <tuple>
 
 #include <gtest/gtest.h>
 
@@ -15,8 +17,7 @@ TEST(Numbers, HalfGoesToTheEvenNeighbourAndErrorsHaveTheirNumbers) {
   EXPECT_EQ(ToByte(255.5 - 1e-9), 255);
   for (const double bad : {2147483648.0, -2147483649.0, HUGE_VAL, std::nan("")})
     EXPECT_THROW(ToLong(bad), RuntimeError);
-  EXPECT_THROW(ToByte(-0.6), RuntimeError);
-  EXPECT_THROW(ToByte(255.5), RuntimeError);
+  for (const double bad : {-0.6, 255.5}) EXPECT_THROW(ToByte(bad), RuntimeError);
   EXPECT_THROW(ToInteger(32768), RuntimeError);
   EXPECT_EQ(ErrorOf([] { Divide(1.0, 0.0); }), 11);
   EXPECT_EQ(ErrorOf([] { Divide(0.0, 0.0); }), 6);
@@ -24,58 +25,61 @@ TEST(Numbers, HalfGoesToTheEvenNeighbourAndErrorsHaveTheirNumbers) {
 
 TEST(Numbers, PlainTextIsShortAndReadsBack) {
   const std::pair<double, const char*> cases[] = {
-      {0.0, "0"},
-      {-0.0, "0"},
-      {25000.0, "25000"},
-      {16000.0 / 170.0, "94.1176470588235"},
-      {1e-4, "0.0001"},
-      {1e-5, "1E-05"},
-      {1e15, "1E+15"},
-      {-1.5e-7, "-1.5E-07"},
-      {999999999999999.9, "1E+15"},
-      {0.1 + 0.2, "0.3"},
-  };
+      {-0.0, "0"},      {25000.0, "25000"}, {16000.0 / 170.0, "94.1176470588235"},
+      {1e-4, "0.0001"}, {1e-5, "1E-05"},    {-1.5e-7, "-1.5E-07"},
+      {1e15, "1E+15"},  {0.1 + 0.2, "0.3"}, {999999999999999.9, "1E+15"}};
   for (const auto& [value, text] : cases) EXPECT_EQ(NumberText(value), text);
   EXPECT_EQ(NumberText(3.2F), "3.2");
   EXPECT_EQ(NumberText(1.0F / 3.0F), "0.3333333");
 }
 
 TEST(Numbers, PicturesRoundTheDecimalTextAwayFromZero) {
-  const std::tuple<double, const char*, const char*> cases[] = {
-      {1.005, "0.00", "1.01"},  {-0.005, "0.00", "-0.01"},
-      {-0.001, "0.00", "0.00"}, {9.9996, "#0.000", "10.000"},
-      {0.5, ".0###", ".5"},     {0.0, ".00000###", ".00000"},
-      {3.0, "#.0##", "3.0"},    {0.00012345678, ".0000###", ".0001235"},
-  };
+  using Row = std::tuple<double, const char*, const char*>;
+  const Row cases[] = {{1.005, "0.00", "1.01"},  {-0.005, "0.00", "-0.01"},
+                       {-0.001, "0.00", "0.00"}, {9.9996, "#0.000", "10.000"},
+                       {0.5, ".0###", ".5"},     {0.0, ".00000###", ".00000"},
+                       {3.0, "#.0##", "3.0"},    {0.00012345678, ".0000###", ".0001235"}};
   for (const auto& [value, picture, text] : cases) EXPECT_EQ(FormatNumber(value, picture), text) << value;
 }
 
+TEST(Numbers, StrictReadingTakesAllOfATextAndPrefixReadingItsBeginning) {
+  constexpr double kMost = std::numeric_limits<double>::max();
+  // The text, the number at its beginning, and the error of reading it strictly.
+  const std::tuple<const char*, double, int> cases[] = {
+      {" -1.5 ", -1.5, 0}, {"+.5", 0.5, 0},     {"12.", 12, 0},        {"1E-05", 1e-5, 0}, {"12abc", 12, 13},
+      {"", 0, 13},         {"-", 0, 13},        {".", 0, 13},          {"+-1", 0, 13},     {"1,5", 1, 13},
+      {"1 2", 1, 13},      {"1e+", 1, 13},      {"0x10", 0, 13},       {"inf", 0, 13},     {"nan", 0, 13},
+      {"1.2.3", 1.2, 13},  {"1e999", kMost, 6}, {"-1e999", -kMost, 6}, {"1e-999", 0, 0}};
+  for (const auto& [text, value, error] : cases) {
+    EXPECT_EQ(PrefixNumber(text), value) << text;
+    double strict = value;
+    EXPECT_EQ(ErrorOf([&, t = text] { strict = StrictNumber(t); }), error) << text;
+    EXPECT_EQ(strict, value) << text;
+  }
+}
+
 TEST(Numbers, TextsTravelAsOneByteCodes) {
-  EXPECT_EQ(CharacterCodes("a\xC3\xBC"
-                           "b"),
-            "a\xFC"
-            "b");
+  EXPECT_EQ(CharacterCodes("a\xC3\xBC!"), "a\xFC!");
   EXPECT_EQ(CharacterCodes("\xE2\x82\xAC!"), "?!");
   for (int code = 0; code < 256; ++code) {
     const std::string one(1, static_cast<char>(code));
     EXPECT_EQ(CharacterCodes(CharacterOf(static_cast<std::uint8_t>(code))), one);
   }
-  EXPECT_EQ(NoBadChars(" a\x01\x7F\xFF"
-                       "b~ \x02 "),
-            " ab~");
+  EXPECT_EQ(NoBadChars(" a\x01\x7F\xFFz~ \x02 "), " az~");
 }
 
 TEST(Settings, ModeNamesFollowTheThreeCodes) {
-  const std::tuple<Long, Long, Long, const char*> cases[] = {{1, 21, 0, "Zu Program"},
-                                                             {2, 7, 0, "VTL Mode"},
-                                                             {4, 7, 0, "Zulink Hub"},
-                                                             {7, 7, 0, "Wy Program"},
-                                                             {3, 11, 0, "Velocity Mode"},
-                                                             {3, 7, 0, "Pulse && Direction"},
-                                                             {3, 7, 2, "Quadrature Following"},
-                                                             {3, 7, 1, "CW/CCW Pulse"},
-                                                             {3, 2, 0, "before"},
-                                                             {5, 7, 0, ""}};
+  using Row = std::tuple<Long, Long, Long, const char*>;
+  const Row cases[] = {{1, 21, 0, "Zu Program"},
+                       {2, 7, 0, "VTL Mode"},
+                       {4, 7, 0, "Zulink Hub"},
+                       {7, 7, 0, "Wy Program"},
+                       {3, 7, 0, "Pulse && Direction"},
+                       {3, 11, 0, "Velocity Mode"},
+                       {3, 7, 2, "Quadrature Following"},
+                       {3, 7, 1, "CW/CCW Pulse"},
+                       {3, 2, 0, "before"},
+                       {5, 7, 0, ""}};
   for (const auto& [op, control, pulse, name] : cases) {
     Settings s;
     s.OpMode = op;

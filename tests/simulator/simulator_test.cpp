@@ -31,22 +31,6 @@ struct Bench {
   }
 };
 
-TEST(Line, LateBytesKeepTheirOrderAndAreLostWhenThePortCloses) {
-  for (const auto direction : {FaultAt::Direction::ToTool, FaultAt::Direction::ToDrive}) {
-    Bench bench;
-    bench.comm.Arm({direction, LineFault::Late, 0, 0, 0.3});
-    EXPECT_EQ(bench.Say("C", 0.1), "");
-    bench.comm.ClearFault();
-    EXPECT_EQ(bench.Say("y\x8E"), "4)006B");
-    bench.comm.Arm({direction, LineFault::Late, 0, 0, 0.2});
-    bench.Say("CC", 3.5 * kByte);  // on the way: half of the answers, or the commands
-    bench.comm.SetPortOpen(false);
-    bench.comm.SetPortOpen(true);
-    bench.comm.ClearFault();
-    EXPECT_EQ(bench.Say("C"), direction == FaultAt::Direction::ToTool ? "4)4)" : "4)");
-  }
-}
-
 TEST(Drive, AnswersEachCommandAtLineSpeed) {
   const std::tuple<std::string, std::string, double> cases[] = {
       // with the bytes on the line
@@ -84,12 +68,10 @@ TEST(Drive, TellsAndRemembersAlarmsUntilTheyAreCleared) {
   EXPECT_EQ(bench.Say(""), "\xFC\x01\x00"s) << "the message has no room for bit 14";
   const std::pair<std::string, std::string> kSteps[] = {
       {"y\x80", "0204"},
-      {"ny\x80", "0204"},  // a motor with a fault cannot be enabled
-      {"zy\x80", "0000"},
-      {"ny\x80", "0001"},
+      {"ny\x80", "0204"},  // nobody enables a motor with a fault
+      {"zny\x80", "0001"},
       {"a", "\x40\x80"s + std::string(14, '\0')},
-      {"oa", std::string(16, '\0')},
-  };
+      {"oa", std::string(16, '\0')}};
   for (const auto& [command, reply] : kSteps) EXPECT_EQ(bench.Say(command), reply) << command;
   bench.drive.SetAlarmSticking(true);
   for (int word = 1; word <= 9; ++word) bench.drive.RaiseAlarm(word);

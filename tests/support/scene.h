@@ -10,6 +10,7 @@
 #include "simulator/simulated_comm.h"
 #include "simulator/simulated_drive.h"
 #include "tests/support/catalogue.h"
+#include "tests/support/memory_files.h"
 
 namespace kavr6 {
 
@@ -19,7 +20,8 @@ struct Scene {
   SimulatedDrive drive{desktop};
   SimulatedComm comm{desktop};
   MemoryTable table = CatalogueTable();
-  Configurator program{desktop, comm, table};
+  MemoryFiles files;
+  Configurator program{desktop, comm, table, files};
   MainForm& main = program.Main;
   Settings& settings = program.settings;
 

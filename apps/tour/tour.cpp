@@ -1,0 +1,72 @@
+#include "apps/tour/tour.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QTimer>
+
+#include "adapters/qt/forms.h"
+
+namespace kavr6 {
+
+Tour::Tour(Stage& stage)
+    : stage_(stage),
+      drive_(stage, QCoreApplication::applicationDirPath() + "/drive_simulator"),
+      desktop_(BuildWindow, stage),
+      comm_(desktop_, stage.Folder() / "ports"),
+      program_(desktop_, comm_, table_, files_) {}
+
+void Tour::Play() {
+  Start();
+  RefuseDownload();
+  ChooseMotor();
+  DefineMotor();
+  SaveAndReopen();
+  OpenBadFile();
+  Download();
+  Upload();
+  LoseTheLine();
+  FindItAgain();
+  ShowCredits();
+  ShowDark();
+}
+
+QWidget& Tour::OpenBy(const char* picture, const char* form) {
+  stage_.Click(Main(), picture);
+  return stage_.Window(form);
+}
+
+void Tour::Start() {
+  stage_.Step("The program starts: splash, then the main screen");
+  QTimer::singleShot(0, [this] { stage_.Picture(stage_.Window("StartForm"), "splash"); });
+  program_.Start();
+  stage_.Pause(0.2);
+  stage_.Check(Main().windowTitle().startsWith("KAVR6 Configurator  V"),
+               "the title names the program and its version");
+  stage_.Check(program_.Main.StatusPort.Caption().starts_with("COM1"), "COM1 is open");
+  stage_.Check(program_.Main.Summary.Text(0, 0) == "Motor:", "the grid waits for its first section");
+  stage_.Picture(Main(), "main-screen");
+}
+
+void Tour::ShowDark() {
+  stage_.Step("The same in a dark palette");
+  QPalette dark(QColor(45, 45, 48));
+  dark.setColor(QPalette::Base, QColor(30, 30, 32));
+  for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+    dark.setColor(QPalette::Disabled, role, QColor(120, 120, 124));
+  QApplication::setPalette(dark);
+  LookAtWindows("dark");
+}
+
+/// A picture of each window that opens from the main screen.
+void Tour::LookAtWindows(const std::string& suffix) {
+  stage_.Pause(0.1);
+  stage_.Picture(Main(), "main-" + suffix);
+  QWidget& motor = OpenBy("Motor", "MotorDialog");
+  stage_.Picture(motor, "motor-" + suffix);
+  program_.CustomMotorSetup.Open();
+  stage_.Picture(stage_.Window("EditMotor"), "custom-motor-" + suffix);
+  program_.CustomMotorSetup.Cancel.Click();
+  stage_.Click(motor, "Cancel");
+}
+
+}  // namespace kavr6

@@ -1,0 +1,62 @@
+// The tour: the main job through the real windows.
+#pragma once
+
+#include "adapters/qt/file_store.h"
+#include "adapters/qt/qt_desktop.h"
+#include "adapters/qt/serial/serial_comm.h"
+#include "adapters/sqlite/sqlite_table.h"
+#include "apps/tour/stage.h"
+#include "core/configurator.h"
+
+namespace kavr6 {
+
+/// The tour's folder is the program's directory: its ports and its motor table are its own.
+class TourDesktop : public QtDesktop {
+ public:
+  TourDesktop(WindowBuilder build, Stage& stage) : QtDesktop(std::move(build)), stage_(stage) {}
+  std::filesystem::path ProgramDirectory() const override { return stage_.Folder(); }
+  [[noreturn]] void EndProgram(int exitCode) override {
+    stage_.Fail("the program has ended with exit code " + std::to_string(exitCode));
+  }
+
+ private:
+  Stage& stage_;
+};
+
+class Tour {
+ public:
+  explicit Tour(Stage& stage);
+  void Play();
+
+ private:
+  QWidget& Main() { return stage_.Window("MainForm"); }
+  /// Clicks a picture of the main screen and returns the window that it opens.
+  QWidget& OpenBy(const char* picture, const char* form);
+
+  void Start();
+  void LookAtWindows(const std::string& suffix);
+  // steps_setup.cpp
+  void ChooseMotor();
+  void DefineMotor();
+  // steps_files.cpp
+  void SaveAndReopen();
+  void OpenBadFile();
+  // steps_drive.cpp
+  void RefuseDownload();
+  void Download();
+  void Upload();
+  void LoseTheLine();
+  void FindItAgain();
+  void ShowCredits();
+  void ShowDark();
+
+  Stage& stage_;
+  DriveProgram drive_;
+  TourDesktop desktop_;
+  SerialComm comm_;
+  SqliteTable table_;
+  DiskFiles files_;
+  Configurator program_;
+};
+
+}  // namespace kavr6

@@ -1,0 +1,135 @@
+#include "motor/edit_motor.h"
+
+#include <utility>
+
+#include "core/numbers.h"
+#include "dialogs/numeric_entry.h"
+#include "motor/motor_units.h"
+#include "motor/unit_list.h"
+
+namespace kavr6 {
+namespace {
+
+constexpr float kWizardRevision = 1.0F;
+constexpr unsigned char kWizardLetter = 'k';
+
+}  // namespace
+
+EditMotor::EditMotor(Desktop& desktop, MainScreen& screen, Settings& settings, MotorDialog& motorDialog)
+    : Form(desktop, "EditMotor"), screen_(screen), settings_(settings), motorDialog_(motorDialog) {
+  SetCaption("Define Custom Motor");
+  FillUnits(TorqueUnit, TorqueUnitName);
+  FillUnits(JUnits, InertiaUnitName);
+  WireEntries();
+  WireButtons();
+}
+
+void EditMotor::WireEntries() {
+  for (TextBox* box : {&txtR, &txtL, &txtMaxVolts, &txtDeg, &txtRPS}) LimitEntry(*box);
+  LimitEntry(Gain, &SliderGain);
+  LimitEntry(Phase, &SliderPhase);
+  // The largest voltage goes one way only: its text does not move the slider.
+  const std::pair<Slider*, TextBox*> shown[] = {
+      {&SliderGain, &Gain}, {&SliderPhase, &Phase}, {&SliderMaxVolts, &txtMaxVolts}};
+  for (const auto& [slider, box] : shown) {
+    slider->Change.Set([slider = slider, box = box] { TextFollows(*box, *slider); });
+    TextFollows(*box, *slider);
+  }
+}
+
+void EditMotor::WireButtons() {
+  Wizard.Clicked.Set([this] { WizardClick(); });
+  OK.Clicked.Set([this] { TakeOver(); });
+  Cancel.Clicked.Set([this] { Hide(); });
+  Help.Clicked.Set([this] { ShowHelp("ConfigSoftware_Motor.html#DefineMotor"); });
+}
+
+void EditMotor::Load() {
+  CenterOn(screen_, *this);
+  Help.SetEnabled(static_cast<bool>(ShowHelp));
+}
+
+void EditMotor::Open() {
+  if (Visible()) {
+    Show();
+    return;
+  }
+  EnsureLoaded();
+  Cancel.Focus();  // a field left behind by closing the window is cleaned before it is filled anew
+  Fill();
+  Show();
+  txtMotorName.Focus();
+}
+
+void EditMotor::Fill() {
+  txtRatedTorque.SetText(FormatByMagnitude(settings_.RatedTorque));
+  SelectUnit(TorqueUnit, settings_.TorqueUnit);
+  txtRotorInertia.SetText(FormatByMagnitude(settings_.RotorInertia));
+  SelectUnit(JUnits, settings_.InertiaUnit);
+  MoveSlider(SliderGain, settings_.HarmonicGain);
+  Gain.SetText(NumberText(settings_.HarmonicGain));
+  MoveSlider(SliderPhase, settings_.HarmonicPhase);
+  Phase.SetText(NumberText(settings_.HarmonicPhase));
+  txtRatedCurrent.SetText(NumberText(settings_.RatedCurrent));
+  txtMotorName.SetText(settings_.MotorName);
+  txtR.SetText(NumberText(settings_.MotorR));
+  txtL.SetText(NumberText(settings_.MotorL));
+  MoveSlider(SliderMaxVolts, settings_.MaxVoltsPct);
+  TextFollows(txtMaxVolts, SliderMaxVolts);
+  txtRPS.SetText(NumberText(settings_.LeadAngleRps));
+  txtDeg.SetText(NumberText(settings_.LeadAngleDeg));
+}
+
+void EditMotor::TakeOver() {
+  static_cast<MotorRecord&>(settings_) = Edited();
+  ShowInMotorDialog();
+  screen_.Modified = true;
+  Hide();
+}
+
+MotorRecord EditMotor::Edited() const {
+  return {.RatedCurrent = EntryNumber(txtRatedCurrent),
+          .RatedTorque = EntryNumber(txtRatedTorque),
+          .RotorInertia = EntryNumber(txtRotorInertia),
+          .MaxVoltsPct = EntryNumber(txtMaxVolts),
+          .MotorR = EntryNumber(txtR),
+          .MotorL = EntryNumber(txtL),
+          .MotorName = txtMotorName.Text(),
+          .HarmonicGain = EntryLong(Gain),
+          .HarmonicPhase = EntryLong(Phase),
+          .TorqueUnit = static_cast<Integer>(TorqueUnit.ListIndex()),
+          .InertiaUnit = static_cast<Integer>(JUnits.ListIndex()),
+          .LeadAngleDeg = EntryLong(txtDeg),
+          .LeadAngleRps = EntryLong(txtRPS)};
+}
+
+void EditMotor::ShowInMotorDialog() {
+  // As typed; the motor dialog's own picture of the numbers comes with its next opening.
+  const std::pair<Label*, std::string> shown[] = {
+      {&motorDialog_.OtherTorque, txtRatedTorque.Text()},
+      {&motorDialog_.OtherTorqueUnit, TorqueUnit.Text()},
+      {&motorDialog_.OtherInertia, txtRotorInertia.Text()},
+      {&motorDialog_.OtherInertiaUnit, JUnits.Text()},
+      {&motorDialog_.OtherCurrent, txtRatedCurrent.Text()},
+      {&motorDialog_.OtherHarmonicGain, Gain.Text()},
+      {&motorDialog_.OtherHarmonicPhase, Phase.Text()},
+      {&motorDialog_.OtherDeg, txtDeg.Text()},
+      {&motorDialog_.OtherRPS, txtRPS.Text()},
+  };
+  for (const auto& [label, text] : shown) label->SetCaption(text);
+  motorDialog_.ShowRatedCurrent(settings_.RatedCurrent);
+}
+
+void EditMotor::WizardClick() {
+  // Without a letter there is no knowing what the firmware can do.
+  const std::string& letter = screen_.MinorRev;
+  if (letter.empty() ||
+      (screen_.DspRev == kWizardRevision && static_cast<unsigned char>(letter[0]) < kWizardLetter)) {
+    Screen().Ask(
+        {.text = "You must have firmware version 1.00k or later to use the Waveform Smoothing Wizard."});
+  } else if (OpenWizard) {
+    OpenWizard();
+  }
+}
+
+}  // namespace kavr6

@@ -1,0 +1,308 @@
+// The receive path, the ports and the identity of a drive, on virtual time.
+#include <gtest/gtest.h>
+
+#include "core/drive_models.h"
+#include "core/main_screen.h"
+#include "link/comm_ports.h"
+#include "link/drive_identity.h"
+#include "link/receive_path.h"
+#include "platform/headless_desktop.h"
+#include "tests/support/scripted_comm.h"
+
+namespace kavr6 {
+namespace {
+
+struct LinkScene {
+  LinkScene() {
+    for (const DriveModel& model : kDriveModels) screen.ModelList.AddItem(std::string(model.name));
+    screen.ModelList.SetListIndex(1);
+    comm.SetPortOpen(true);
+    comm.SetRThreshold(1);
+    path.ServoError152 = [this](int word) { alarms.push_back(word); };
+  }
+
+  HeadlessDesktop desktop;
+  MainScreen screen{desktop};
+  ScriptedComm comm{desktop};
+  ReceivePath path{screen, comm};
+  std::vector<int> alarms;
+};
+
+class LinkTest : public testing::Test, protected LinkScene {
+ protected:
+  void TearDown() override { EXPECT_NO_THROW(desktop.CheckNothingLeft()); }
+};
+
+struct Stream {
+  Bytes bytes;
+  std::string buffer;
+  std::vector<int> alarms;
+  int waiting;
+  std::string version;
+};
+
+void ExpectOutcome(const Stream& c, std::initializer_list<std::size_t> cuts) {
+  LinkScene scene;
+  auto from = c.bytes.begin();
+  double time = 0.0;
+  for (const std::size_t cut : cuts) {
+    const auto to = c.bytes.begin() + static_cast<std::ptrdiff_t>(cut);
+    scene.comm.Feed(Bytes(from, to), time += 0.001);
+    from = to;
+  }
+  Delay(scene.desktop, 1.0);
+  EXPECT_EQ(scene.screen.GlobalBuffer, c.buffer);
+  EXPECT_EQ(scene.alarms, c.alarms);
+  EXPECT_EQ(scene.path.Ring().RingCount(), c.waiting);
+  EXPECT_EQ(scene.screen.DriveVersion.Caption(), c.version);
+}
+
+TEST(ReceivePathStreams, GiveTheSameWhereverTheyAreCutInThree) {
+  const Stream streams[] = {
+      {{0x41, 0xFC}, "A", {}, 1, ""},  // in one read the text waits too, see below
+      {{0xFC, 0x00, 0x01, 0xFC, 0x02, 0x00}, "", {1, 256}, 0, ""},
+      {{0xFC, 0x01, 0xFF, 0x2A, 0x29}, "", {}, 0, "1.42"},  // a header as third byte costs two
+      {{0xFF, 0xFC, 0x01, 0x02}, "", {130}, 0, ""},         // as second byte one
+      {{0x7F, 0x80, 0x01, 0x02}, "\x7F", {}, 0, ""},        // the highest text byte, the lowest header
+      {{0xF1, 0x34, 0x6B, 0xF4, 1, 2, 'A'}, "A", {}, 0, "1.52 k"}};
+  for (const Stream& c : streams) {
+    for (std::size_t second = 1; second <= c.bytes.size(); ++second) {
+      for (std::size_t first = 1; first <= second; ++first) {
+        SCOPED_TRACE(testing::PrintToString(std::tuple(c.bytes, first, second)));
+        if (c.waiting == 0 || first == 1) ExpectOutcome(c, {first, second, c.bytes.size()});
+      }
+    }
+  }
+}
+
+TEST(ReceivePathStreams, InOneReadAreHeldByAHeaderAndLoseWhatStandsBehindABadOne) {
+  const Stream streams[] = {{{0x41, 0xFC}, "", {}, 2, ""},
+                            {{0xA0, 0x01, 0x02, 0x41}, "", {}, 0, ""},
+                            {{0x41, 0xFE, 1, 2, 0xFC, 1, 2}, "A", {}, 0, ""},
+                            {Bytes(31, 0x41), std::string(31, 'A'), {}, 0, ""},
+                            {Bytes(40, 0x41), "AAAAAAAA", {}, 0, ""}};
+  for (const Stream& c : streams) ExpectOutcome(c, {c.bytes.size()});
+  // The ring begins again in the middle of a read.
+  const std::string text = "The quick brown fox jumps over the lazy dog.";
+  for (std::size_t cut = 14; cut < 31; ++cut)
+    ExpectOutcome({TextBytes(text), text, {}, 0, ""}, {cut, text.size()});
+}
+
+using ReceivePathTest = LinkTest;
+
+TEST_F(ReceivePathTest, MessagesDoWhatTheirHeaderSays) {
+  screen.AlarmPopupOff = true;
+  path.HandleMsg(0xFC, 1, 2);
+  EXPECT_TRUE(alarms.empty());
+  const std::tuple<std::uint8_t, std::uint8_t, const char*> boxes[] = {
+      {0xF0, 1, "after starting the DSP Firmware Downloader.  If"},
+      {0xEF, 0, "reflash of the Zu chip.  You"},
+      {0xEF, 1, "requires DSP firmware 1.52 or later.  You"}};
+  for (const auto& [header, kind, part] : boxes) {
+    desktop.Expect({part});
+    path.HandleMsg(header, kind, 0);
+  }
+  screen.DriveVersion.SetCaption("1.52");
+  path.HandleMsg(0xFF, 10, 47);
+  EXPECT_EQ(screen.DriveVersion.Caption(), "") << "of an unknown model";
+  EXPECT_EQ(comm.TakeWritten(), "");
+}
+
+TEST(PowerUpMessage, ShowsModelAndRevisionInTheOrderOfItsModel) {
+  using Shown = std::pair<bool, bool>;  // the model, the revision
+  const std::pair<std::uint8_t, Shown> cases[] = {
+      {41, {true, false}}, {45, {false, false}}, {46, {true, true}}};
+  for (const auto& [model, early] : cases) {
+    LinkScene scene;
+    scene.screen.ModelList.SetListIndex(-1);
+    scene.comm.SetRThreshold(3);
+    scene.comm.Feed(Bytes{0xFF, 52, model});
+    const auto shown = [&scene, row = model - 41] {
+      return Shown(scene.screen.ModelList.ListIndex() == row, scene.screen.DriveVersion.Caption() == "1.52");
+    };
+    scene.desktop.CallAfter(0.05, [&, expected = early] { EXPECT_EQ(shown(), expected); });
+    Delay(scene.desktop, 0.2);
+    EXPECT_EQ(shown(), Shown(true, true)) << int{model};
+    EXPECT_EQ(scene.comm.TakeWritten(), "QT");
+    EXPECT_EQ(scene.comm.RThreshold(), 1);
+  }
+}
+
+TEST_F(ReceivePathTest, MessagesAreDeliveredWhileABoxStandsOpen) {
+  desktop.Expect({.textPart = "reflash of the DSP", .after = 0.5});
+  comm.Feed(Bytes{0xF0, 0, 0, 0x41, 0xFC});
+  comm.Feed(Bytes{0x00, 0x05, 0x42}, 0.1);
+  Delay(desktop, 0.4);  // the notification runs from here on, the box is open until 0.5
+  EXPECT_EQ(screen.GlobalBuffer, "AB");
+  EXPECT_EQ(alarms, std::vector{5});
+}
+
+TEST_F(ReceivePathTest, TransferOrToolThatBeginsDuringAPauseKeepsItsBytes) {
+  for (const bool tool : {false, true}) {
+    comm.SetRThreshold(1);
+    comm.Feed(Bytes{0xFF, 52, 41});
+    desktop.CallAfter(0.05, [&] {
+      screen.LiveToolActive = tool;
+      comm.SetRThreshold(tool ? 1 : 0);
+      comm.Feed("late");
+    });
+    Delay(desktop, 0.5);
+    EXPECT_EQ(screen.GlobalBuffer, "");
+    EXPECT_EQ(tool ? path.Ring().RingCount() : static_cast<int>(comm.Input().size()), 4);
+  }
+}
+
+class LiveToolTest : public LinkTest {
+ protected:
+  LiveToolTest() {
+    path.AddLiveTool("VTLterm", [this](char c) {
+      typed += c;
+      if (c == 'a') comm.Feed("\xFC\x01\x02");
+    });
+    screen.Show();
+    tool.Show();
+    screen.LiveToolActive = true;
+  }
+  void Arrives(std::string_view text) {
+    comm.Feed(text);
+    Delay(desktop, 0.0);
+  }
+  Form tool{desktop, "VTLterm"};
+  std::string typed;
+};
+
+TEST_F(LiveToolTest, InFrontGetsEveryByteInOrderAcrossNestedArrivals) {
+  Arrives("xayz");
+  EXPECT_EQ(typed, "xayz\xFC\x01\x02");
+  EXPECT_TRUE(alarms.empty());
+}
+
+TEST_F(LiveToolTest, BehindAnotherWindowItsBytesWaitAndABurstIsLost) {
+  desktop.BroughtToFront(screen);
+  Arrives(std::string(32, 'x') + "12345678");
+  EXPECT_EQ(path.Ring().RingCount(), 8);
+  desktop.BroughtToFront(tool);
+  Delay(desktop, 0.0);
+  EXPECT_EQ(typed, "") << "delivered at the next arrival only";
+  Arrives("9");
+  EXPECT_EQ(typed, "123456789");
+}
+
+class DriveIdentityTest : public LinkTest {
+ protected:
+  DriveIdentity identity{screen, comm};
+};
+
+TEST_F(DriveIdentityTest, CheckDriveTakesWhatItsAnswersSay) {
+  // Identity, letter; result, model, version shown, letter known, seconds.
+  using Text = std::string_view;
+  const std::tuple<Text, Text, Text, int, Text, Text, double> cases[] = {
+      {"4)", "006B", "4)", 0, "1.52 k", "k", 0.02},
+      {"\x02\x12", "0061", "", 1, "1.02 a", "a", 0.02},    // an unknown model
+      {"4.x", "", "4.", 5, "1.52", "c", 0.51},             // no letter: the old one is kept
+      {"4*x", "006", "4*", 1, "1.52 \x06", "\x06", 0.02},  // a byte too many counts for the letter
+      {"4)", "FFE9", "4)", 0, "1.52 \xC3\xA9", "\xC3\xA9", 0.02}};
+  for (const auto& [answer, letter, result, model, version, minorRev, seconds] : cases) {
+    screen.ModelList.SetListIndex(1);
+    screen.MinorRev = "c";
+    screen.GlobalBuffer = "left over";
+    comm.Reply("C", answer);
+    comm.Reply("y\x8E", letter);
+    const double start = desktop.Now();
+    EXPECT_EQ(identity.CheckDrive(), result);
+    EXPECT_NEAR(desktop.Now() - start, seconds, 1e-9);
+    EXPECT_EQ(screen.ModelList.ListIndex(), model);
+    EXPECT_EQ(screen.DriveVersion.Caption(), version);
+    EXPECT_EQ(screen.MinorRev, minorRev);
+    EXPECT_EQ(screen.GlobalBuffer, "");
+  }
+}
+
+TEST_F(DriveIdentityTest, FirstLookKnowsEarlierFamiliesOnlyAndWaitsASecond) {
+  for (int code = 1; code < 128; ++code) {
+    comm.Reply("C", "4" + std::string(1, static_cast<char>(code)));
+    const bool earlier = code == 9 || code == 18 || (code >= 30 && code <= 40) || code == 109 || code == 118;
+    EXPECT_EQ(identity.DriveStillThere(), earlier) << code;
+    EXPECT_EQ(screen.DriveModelCode.Get(), code);
+  }
+  comm.Reply("C", "");
+  const double start = desktop.Now();
+  EXPECT_FALSE(identity.DriveStillThere());
+  EXPECT_NEAR(desktop.Now() - start, 1.0, 1e-9);
+}
+
+TEST_F(DriveIdentityTest, StatusWordIsSignedAndMinusOneWithoutAnswer) {
+  const std::tuple<std::string_view, Long, double> cases[] = {
+      {"7FFF", 32767, 0.01}, {"8000", -32768, 0.01}, {"ffff", -1, 0.01},    {"12zz", 0x12, 0.01},
+      {"????", 0, 0.01},     {"004", -1, 1.0},       {"0041more", 65, 0.01}};
+  for (const auto& [answer, status, seconds] : cases) {
+    comm.Reply("y\x80", answer);
+    const double start = desktop.Now();
+    EXPECT_EQ(identity.GetServoStatus(), status) << answer;
+    EXPECT_NEAR(desktop.Now() - start, seconds, 1e-9) << answer;
+  }
+  EXPECT_EQ(screen.GlobalBuffer, "") << "what stands behind an answer is dropped";
+  comm.Unplug();
+  EXPECT_EQ(identity.GetServoStatus(), 0);
+}
+
+class CommPortsTest : public testing::Test {
+ protected:
+  CommPortsTest() {
+    screen.CommNumber = 1;
+    ports.LoadCommList();
+  }
+  void TearDown() override { EXPECT_NO_THROW(desktop.CheckNothingLeft()); }
+  void ExpectState(int startPort, int commNumber, bool open, const std::vector<int>& opened) {
+    EXPECT_EQ(std::tuple(screen.StartPort, screen.CommNumber.Get(), screen.CommList.ListIndex()),
+              std::tuple(startPort, commNumber, commNumber - 1));
+    EXPECT_EQ(NoCommPort(comm), !open);
+    EXPECT_EQ(comm.Opened(), opened);
+  }
+  HeadlessDesktop desktop;
+  MainScreen screen{desktop};
+  ScriptedComm comm{desktop};
+  CommPorts ports{screen, comm};
+};
+
+TEST_F(CommPortsTest, StartBehindBusyPortsOpensTheFreeOneTwiceAndGreetsIt) {
+  comm.Refuse(1, "Port in use");
+  comm.Refuse(2, "Port in use");
+  desktop.Expect({"Error on Comm1:  Port in use.  Will try Comm2."});
+  desktop.Expect({"Error on Comm2:  Port in use.  Will try Comm3."});
+  ports.StartComm();
+  ExpectState(3, 3, true, {3, 3});
+  EXPECT_EQ(comm.TakeWritten(), "0");
+}
+
+TEST_F(CommPortsTest, StartWithoutAnyPortEndsClosedOnRowOneWhichThenDoesNothing) {
+  for (int port = 1; port <= 8; ++port) {
+    comm.Refuse(port, "Port in use");
+    desktop.Expect({port < 8 ? "Error on Comm" : "Could not find an open comm port."});
+  }
+  ports.StartComm();
+  ExpectState(0, 1, false, {});
+  comm.Accept(4);
+  screen.CommList.Select(0);
+  ExpectState(0, 1, false, {});
+  screen.CommList.Select(3);
+  ExpectState(0, 4, true, {4});
+}
+
+TEST_F(CommPortsTest, ChoosingABusyPortReturnsToTheOldOneAndFailsQuietlyWhenThatIsGoneToo) {
+  ports.StartComm();
+  ExpectState(1, 1, true, {1});
+  EXPECT_EQ(comm.TakeWritten(), "");
+  comm.Refuse(5, "Port in use");
+  desktop.Expect({"COM port 5 is not available."});
+  screen.CommList.Select(4);
+  ExpectState(1, 1, true, {1, 1});
+
+  comm.Refuse(1, "Port in use");
+  desktop.Expect({"COM port 5"});
+  screen.CommList.Select(4);
+  ExpectState(1, 1, false, {1, 1});
+}
+
+}  // namespace
+}  // namespace kavr6

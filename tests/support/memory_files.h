@@ -1,0 +1,28 @@
+// Files in memory, with fault switches.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "platform/file_store.h"
+#include "platform/runtime_error.h"
+
+namespace kavr6 {
+
+struct MemoryFiles : FileStore {
+  std::map<std::string, std::string> content;
+  bool FailReplace = false;  ///< Replace raises an error, as on a full disk
+
+  std::string Read(const std::string& name) const override {
+    const auto found = content.find(name);
+    if (found == content.end()) throw RuntimeError(53, "File not found");
+    return found->second;
+  }
+  void Replace(const std::string& name, std::string_view text) override {
+    if (FailReplace) throw RuntimeError(61, "Disk full");
+    content[name] = text;
+  }
+};
+
+}  // namespace kavr6
