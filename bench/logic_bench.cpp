@@ -22,7 +22,6 @@ struct Bench {
     InitVars(program.settings);
     program.motorTable.Open(KAVR6_BIN);
     program.motorTable.MoveFirst();
-    comm.SetPortOpen(true);
     comm.SetRThreshold(1);
   }
 };
@@ -49,6 +48,7 @@ BENCHMARK(ImageDecode);
 /// Text in arrivals of this many bytes, through notification, ring and scanner into GlobalBuffer.
 void ReceivePathText(benchmark::State& state) {
   Bench b;
+  b.comm.SetPortOpen(true);
   const Bytes chunk(static_cast<std::size_t>(state.range(0)), 'A');
   for (auto _ : state) {
     b.program.Main.GlobalBuffer.clear();

@@ -58,7 +58,9 @@ void SqliteTable::MoveFirst() {
 
 void SqliteTable::MoveNext() {
   if (!row_) RaiseNoRecord();
-  row_ = FirstWhere("(" + IndexName() + ", rowid) > (?1, ?2)", {row_->values[*index_], row_->id});
+  // The first half of the condition lets the engine go straight to the place; the second alone would not.
+  row_ = FirstWhere(IndexName() + " >= ?1 AND (" + IndexName() + ", rowid) > (?1, ?2)",
+                    {row_->values[*index_], row_->id});
   endOfTable_ = !row_;
 }
 
