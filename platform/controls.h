@@ -149,6 +149,7 @@ class OptionGroup {
 class OptionButton : public ClickableControl {
  public:
   OptionButton(Form& form, std::string name, OptionGroup& group);
+  const OptionGroup& Group() const { return group_; }
   bool Value() const { return value_; }
   /// Setting it clears the others of the group without a click of theirs, then raises its own.
   void SetValue(bool value);

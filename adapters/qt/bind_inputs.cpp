@@ -1,4 +1,5 @@
 // Lists, check boxes, option buttons, sliders.
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>
@@ -95,20 +96,38 @@ RefreshView BindCheckBox(Control& control, QObject& target, const UserAction& ac
   };
 }
 
-// Whichever buttons the toolkit groups: the model alone says which one of them is set. The toolkit's own
-// exclusiveness stays on between refreshes, for its arrow keys.
+namespace {
+
+/// The toolkit's group for the buttons of a model's group: its arrow keys move within it.
+QButtonGroup& ButtonGroupOf(const OptionButton& option, const QRadioButton& button) {
+  const QString name = "group" + QString::number(reinterpret_cast<quintptr>(&option.Group()));
+  QWidget* const window = button.window();
+  auto* group = window->findChild<QButtonGroup*>(name);
+  if (group == nullptr) {
+    group = new QButtonGroup(window);
+    group->setObjectName(name);
+  }
+  return *group;
+}
+
+}  // namespace
+
 RefreshView BindOptionButton(Control& control, QObject& target, const UserAction& act) {
   auto* const button = qobject_cast<QRadioButton*>(&target);
   if (button == nullptr) return {};
   auto& option = static_cast<OptionButton&>(control);
+  QButtonGroup* const group = &ButtonGroupOf(option, *button);
+  group->addButton(button);
   QObject::connect(button, &QRadioButton::clicked, button,
                    [&option, act] { act([&option] { option.Click(); }); });
-  return [&option, button] {
+  return [&option, button, group] {
+    // Tab goes to the set one of a group; left alone, the toolkit sees to that only after the first visit.
+    button->setFocusPolicy(option.Value() ? Qt::StrongFocus : Qt::ClickFocus);
     if (button->isChecked() == option.Value()) return;
     const QSignalBlocker silence(button);
-    button->setAutoExclusive(false);
+    group->setExclusive(false);  // the model alone says which of them is set
     button->setChecked(option.Value());
-    button->setAutoExclusive(true);
+    group->setExclusive(true);
   };
 }
 

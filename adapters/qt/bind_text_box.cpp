@@ -25,6 +25,10 @@ class LineEditTie : public QObject {
     if (telling_) return;
     const QSignalBlocker silence(edit_);
     if (const QString text = ToQt(box_.Text()); edit_.text() != text) edit_.setText(text);
+    if (!edit_.hasFocus()) {
+      edit_.home(false);  // of a long text the beginning is shown
+      return;
+    }
     const int start = Position(box_.SelStart());
     const int length = Position(box_.SelStart() + box_.SelLength()) - start;
     if (Start() == start && edit_.selectionLength() == length) return;

@@ -27,6 +27,8 @@ struct Fields : Form {
   CheckBox check{*this, "check"};
   OptionButton optA{*this, "optA", group};
   OptionButton optB{*this, "optB", group};
+  OptionGroup otherGroup;
+  OptionButton optC{*this, "optC", otherGroup};
   Slider slider{*this, "slider", {10, 200, 2, 20, 10}};
   Button button{*this, "button", "Go && stop"};
 };
@@ -45,6 +47,7 @@ struct FieldsWindow : QWidget {
   QCheckBox* check = Add<QCheckBox>("check");
   QRadioButton* optA = Add<QRadioButton>("optA");
   QRadioButton* optB = Add<QRadioButton>("optB");
+  QRadioButton* optC = Add<QRadioButton>("optC");
   QSlider* slider = Add<QSlider>("slider");
   QPushButton* button = Add<QPushButton>("button");
 };
@@ -156,6 +159,7 @@ TEST_F(Bound, UsersActionsReachTheControlsOnce) {
   note("check", form.check.Clicked, [this] { return form.check.Value(); });
   note("optA", form.optA.Clicked, [this] { return window.optA->isChecked() && !window.optB->isChecked(); });
   note("optB", form.optB.Clicked, [this] { return form.optB.Value(); });
+  note("optC", form.optC.Clicked, [this] { return form.optC.Value(); });
   note("slider", form.slider.Change, [this] { return form.slider.Value(); });
   note("button", form.button.Clicked, [this] { return form.FocusedControl() == &form.button; });
   const QPoint second = window.list->visualItemRect(window.list->item(1)).center();
@@ -165,6 +169,7 @@ TEST_F(Bound, UsersActionsReachTheControlsOnce) {
   window.check->click();
   window.optB->click();
   window.optB->click();
+  QTest::keyClick(window.optB, Qt::Key_Down);  // stays in its group
   QTest::keyClick(window.optB, Qt::Key_Up);
   QTest::keyClick(window.slider, Qt::Key_PageUp);
   QTest::keyClick(window.button, Qt::Key_Space);
