@@ -257,25 +257,14 @@ TEST_F(EditMotorTest, OpeningShowsTheCustomMotorUnlessItStandsOpen) {
 }
 
 TEST_F(EditMotorTest, TypedNumbersAreCleanedAndSlidersWriteTheirTexts) {
-  const std::tuple<TextBox*, const char*, const char*> typed[] = {{&editor.txtR, "0", "0.1"},
-                                                                  {&editor.txtL, "999", "320"},
-                                                                  {&editor.txtMaxVolts, "55.5", "55.5"},
-                                                                  {&editor.txtDeg, "", "45"},
-                                                                  {&editor.txtRPS, "12abc", "12"},
-                                                                  {&editor.Gain, "99999", "10000"},
-                                                                  {&editor.Phase, "-9", "-9"},
-                                                                  {&editor.Gain, "5000", "5000"},
-                                                                  {&editor.txtRatedCurrent, "x", "x"},
-                                                                  {&editor.txtR, "321", "320"},
-                                                                  {&editor.txtL, "-1", "0.1"},
-                                                                  {&editor.txtMaxVolts, "9", "10"},
-                                                                  {&editor.txtMaxVolts, "101", "100"},
-                                                                  {&editor.txtDeg, "361", "360"},
-                                                                  {&editor.txtRPS, "4", "5"},
-                                                                  {&editor.txtRPS, "101", "100"},
-                                                                  {&editor.Gain, "-1", "0"},
-                                                                  {&editor.Phase, "-129", "-128"},
-                                                                  {&editor.Phase, "129", "128"}};
+  const std::tuple<TextBox*, const char*, const char*> typed[] = {
+      {&editor.txtR, "321", "320"},          {&editor.txtL, "-1", "0.1"},    {&editor.txtMaxVolts, "9", "10"},
+      {&editor.txtMaxVolts, "101", "100"},   {&editor.txtDeg, "361", "360"}, {&editor.txtRPS, "4", "5"},
+      {&editor.txtRPS, "101", "100"},        {&editor.Gain, "-1", "0"},      {&editor.Phase, "-129", "-128"},
+      {&editor.Phase, "129", "128"},         {&editor.txtR, "0", "0.1"},     {&editor.txtL, "999", "320"},
+      {&editor.txtMaxVolts, "55.5", "55.5"}, {&editor.txtDeg, "", "45"},     {&editor.txtRPS, "12abc", "12"},
+      {&editor.Gain, "99999", "10000"},      {&editor.Phase, "-9", "-9"},    {&editor.Gain, "5000", "5000"},
+      {&editor.txtRatedCurrent, "x", "x"}};
   for (const auto& [box, text, cleaned] : typed) {
     box->Type(text);
     editor.txtMotorName.Focus();
