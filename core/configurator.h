@@ -5,7 +5,11 @@
 #include "core/main_form.h"
 #include "core/settings.h"
 #include "core/start_form.h"
+#include "dialogs/advanced_settings.h"
+#include "dialogs/encoder_dialog.h"
 #include "dialogs/io_dialog.h"
+#include "dialogs/motion_menu.h"
+#include "dialogs/regen_dialog.h"
 #include "motor/edit_motor.h"
 #include "motor/motor_dialog.h"
 #include "motor/motor_table.h"
@@ -20,15 +24,29 @@ class Configurator {
   /// Shows the splash, loads the main screen and shows it. Events run meanwhile.
   void Start() { Splash.EnsureLoaded(); }
 
+  Configurator(const Configurator&) = delete;
+  Configurator& operator=(const Configurator&) = delete;
+
   Settings settings;
   MotorTable motorTable;
   MainForm Main;
   MotorDialog MotorSetup;
   EditMotor CustomMotorSetup;
+  PulseDirDialog PulseDirSetup;
+  VelocityDialog VelocitySetup;
+  AdvancedSettings AdvancedSetup;
+  VTLdialog VTLSetup;
+  MotionMenu ModeMenu;
   IOdialog IOSetup;
+  EncoderDialog EncoderSetup;
+  RegenDialog RegenSetup;
   StartForm Splash;
   About Credits;
   ConfigFiles Files;
+
+ private:
+  void WireFiles();
+  void WireSetupDialogs();
 };
 
 }  // namespace kavr6

@@ -173,8 +173,8 @@ void MainForm::ModelListClick() {
 }
 
 void MainForm::PressOpenOks() {
-  for (const CommittedDialog& dialog : CommittedDialogs)
-    if (dialog.form->Visible()) dialog.OK->Click();
+  for (SetupDialog* dialog : CommittedDialogs)
+    if (dialog->Visible()) dialog->OK.Click();
 }
 
 bool MainForm::KeyPressed(char character) {

@@ -35,12 +35,6 @@ struct MainFormOpeners {
   std::function<void(const std::string& hotSpot)> HelpOn;
 };
 
-/// A dialog whose OK a download presses first, as the user would, when it is open.
-struct CommittedDialog {
-  Form* form;
-  Button* OK;
-};
-
 /// The window "MainForm": start of the link and the motor data, dispatch of all buttons and menu commands,
 /// the question before changes are thrown away, and the status line.
 class MainForm : public MainScreen {
@@ -50,8 +44,8 @@ class MainForm : public MainScreen {
 
   /// To be set before the window is loaded.
   MainFormOpeners Openers;
-  /// In the order in which a download commits them.
-  std::vector<CommittedDialog> CommittedDialogs;
+  /// The dialogs whose OK a download presses first, as the user would, where they are open; in this order.
+  std::vector<SetupDialog*> CommittedDialogs;
 
   /// Leaves the program, after the question when there are changes; returns when the user stays.
   void Leave();

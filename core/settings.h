@@ -17,6 +17,7 @@ inline constexpr Long kOpHub = 4;
 inline constexpr Long kOpWyProgram = 7;
 // Control modes (ControlMode) that decide something here.
 inline constexpr Long kControlPulse = 7;
+inline constexpr Long kControlPointToPoint = 21;
 inline constexpr Long kControlVelocity = 11;      ///< in the image packed with its options,
 inline constexpr Long kControlVelocityLast = 18;  ///< up to this code
 

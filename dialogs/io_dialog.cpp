@@ -1,10 +1,83 @@
 #include "dialogs/io_dialog.h"
 
+#include "core/numbers.h"
+#include "dialogs/numeric_entry.h"
+
 namespace kavr6 {
+namespace {
+
+// Modes of the dedicated inputs and outputs; each has its own two, and 3 where it is not used.
+constexpr Long kNotUsed = 3;
+constexpr Long kEnableOpen = 1;
+constexpr Long kEnableClosed = 2;
+constexpr Long kAlarmReset = 1;
+constexpr Long kAlarmCloses = 1;
+constexpr Long kAlarmOpens = 2;
+constexpr Long kBrakeCloses = 1;
+constexpr Long kBrakeOpens = 2;
+
+}  // namespace
+
+IOdialog::IOdialog(MainScreen& screen, Settings& settings, MSComm& comm)
+    : SetupDialog(screen, settings, {"IOdialog", "I/O Configuration", "ConfigSoftware_InputsOutputs.html"}),
+      comm_(comm) {
+  for (TextBox* box : {&txtBrakeDelay, &txtBrakeEngage, &txtMaxAccel}) LimitEntry(*box);
+  optBrakeClose.SetValue(true);
+  ShowHistory.Clicked.Set([this] {
+    if (comm_.PortOpen()) OpenHistory();
+  });
+  Wiring.Clicked.Set([this] { ShowHelp("Connecting_IO_to_InOut1.html"); });
+}
 
 void IOdialog::FillLimitList() {
-  for (const char* words : {"closed", "open", "not used"}) ListLimits.AddItem(words);
+  for (const char* word : {"closed", "open", "not used"}) ListLimits.AddItem(word);
   ListLimits.SetListIndex(0);
+}
+
+void IOdialog::Load() {
+  SetupDialog::Load();
+  Wiring.SetEnabled(static_cast<bool>(ShowHelp));
+  ShowHistory.SetEnabled(static_cast<bool>(OpenHistory));
+}
+
+void IOdialog::Fill() {
+  const Settings& s = settings_;
+  (s.EnableMode == kNotUsed        ? optEnableAuto
+   : s.EnableMode == kEnableClosed ? optServoClosed
+                                   : optServoOpen)
+      .SetValue(true);
+  chkAlarmInput.SetValue(s.AlarmResetMode == kAlarmReset);
+  (s.AlarmOutMode == kAlarmCloses  ? optCloseAlarm
+   : s.AlarmOutMode == kAlarmOpens ? optOpenAlarm
+                                   : optNoAlarm)
+      .SetValue(true);
+  if (s.BrakeMode == kBrakeCloses) optBrakeClose.SetValue(true);
+  if (s.BrakeMode == kBrakeOpens) optBrakeOpen.SetValue(true);
+  chkBrake.SetValue(s.BrakeMode == kBrakeCloses || s.BrakeMode == kBrakeOpens);
+  txtBrakeDelay.SetText(NumberText(s.BrakeDelay));
+  txtBrakeEngage.SetText(NumberText(s.BrakeEngage));
+  MotionOut.Show(s.MotionOutMode);
+  ListLimits.SetListIndex(s.LimitMode == 1 || s.LimitMode == 2 ? s.LimitMode - 1 : kNotUsed - 1);
+  txtMaxAccel.SetText(NumberText(s.MaxAccel));
+}
+
+void IOdialog::Opened() {
+  for (OptionButton* enable : {&optServoClosed, &optServoOpen, &optEnableAuto})
+    if (enable->Value()) enable->Focus();
+}
+
+void IOdialog::Commit() {
+  Settings& s = settings_;
+  s.BrakeDelay = EntryLong(txtBrakeDelay);
+  s.BrakeEngage = EntryLong(txtBrakeEngage);
+  s.LimitMode = ListLimits.ListIndex() + 1;
+  s.EnableMode = optServoClosed.Value() ? kEnableClosed : optServoOpen.Value() ? kEnableOpen : kNotUsed;
+  s.AlarmResetMode = chkAlarmInput.Value() ? kAlarmReset : kNotUsed;
+  s.AlarmOutMode = optCloseAlarm.Value() ? kAlarmCloses : optOpenAlarm.Value() ? kAlarmOpens : kNotUsed;
+  s.BrakeMode = !chkBrake.Value() ? kNotUsed : optBrakeClose.Value() ? kBrakeCloses : kBrakeOpens;
+  s.MotionOutMode = MotionOut.Mode();
+  s.MaxAccel = EntryNumber(txtMaxAccel);
+  Finish();
 }
 
 }  // namespace kavr6

@@ -83,19 +83,6 @@ bool Transfers::DriveTakesSettings() {
   return true;
 }
 
-bool Transfers::AwaitBytes(int count, double limit, const std::function<void()>& onEvent) {
-  Desktop& desktop = p_.screen.Screen();
-  const double start = desktop.Now();
-  const bool enough = desktop.PumpEventsUntil(
-      [&] {
-        if (onEvent) onEvent();
-        return p_.comm.InBufferCount() >= count;
-      },
-      limit);
-  // A box or a transaction that came in between can have held this wait up beyond its limit.
-  return enough && desktop.Now() - start <= limit;
-}
-
 void Transfers::DataDownload() {
   p_.screen.CommandActive = true;
   // The answer is one byte: it must not reach the receive path.
@@ -107,7 +94,7 @@ void Transfers::DataDownload() {
   DownloadString(image, p_.settings, p_.motorTable, p_.calculations);
   StoreChecksum(image);
   SendImage(image);
-  AwaitBytes(1, kDownloadAnswerLimit);
+  AwaitBytes(p_.screen.Screen(), p_.comm, 1, kDownloadAnswerLimit);
   Delay(p_.screen.Screen(), kDownloadAnswerPause);
   ReadAnswer();
   EndExchange();
@@ -172,10 +159,11 @@ void Transfers::DataUpload() {
   p_.screen.ProgBar.SetFloodPercent(0);
   p_.comm.Output("u");
   int count = 0;
-  const bool inTime = AwaitBytes(static_cast<int>(kImageSize), kUploadLimit, [&] {
-    count = p_.comm.InBufferCount();
-    p_.screen.ProgBar.SetFloodPercent(ToLong(count * 100.0 / kImageSize));
-  });
+  const bool inTime =
+      AwaitBytes(p_.screen.Screen(), p_.comm, static_cast<int>(kImageSize), kUploadLimit, [&] {
+        count = p_.comm.InBufferCount();
+        p_.screen.ProgBar.SetFloodPercent(ToLong(count * 100.0 / kImageSize));
+      });
   if (inTime) {
     TakeUpload(p_.comm.Input());
   } else {

@@ -56,7 +56,6 @@ class Transfers {
 
  private:
   bool DriveTakesSettings();
-  bool AwaitBytes(int count, double limit, const std::function<void()>& onEvent = {});
   void SendImage(const ParameterImage& image);
   void ReadAnswer();
   void TakeUpload(const Bytes& buffer);

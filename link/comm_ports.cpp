@@ -106,4 +106,17 @@ void Write2Bytes(MSComm& comm, std::uint8_t first, std::uint8_t second) {
   comm.Output(std::array{first, second});
 }
 
+bool AwaitBytes(Desktop& desktop, const MSComm& comm, int count, double limit,
+                const std::function<void()>& onEvent) {
+  const double deadline = desktop.Now() + limit;
+  const bool enough = desktop.PumpEventsUntil(
+      [&] {
+        if (onEvent) onEvent();
+        return comm.InBufferCount() >= count;
+      },
+      limit);
+  // A box or a transaction that came in between can have held this wait up beyond its limit.
+  return enough && desktop.Now() <= deadline;
+}
+
 }  // namespace kavr6

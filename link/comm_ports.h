@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "core/main_screen.h"
@@ -38,5 +39,10 @@ inline bool NoCommPort(const MSComm& comm) { return !comm.PortOpen(); }
 /// Send one or two bytes in one write. With the port closed they do nothing.
 void WriteByte(MSComm& comm, std::uint8_t byte);
 void Write2Bytes(MSComm& comm, std::uint8_t first, std::uint8_t second);
+
+/// Lets events run until that many bytes wait at the port, for `limit` seconds at most; `onEvent` is called
+/// after each event. True when they were there in time.
+bool AwaitBytes(Desktop& desktop, const MSComm& comm, int count, double limit,
+                const std::function<void()>& onEvent = {});
 
 }  // namespace kavr6

@@ -72,10 +72,7 @@ std::string DriveIdentity::AskIdentity(const std::string& boxTitle) {
   const bool answered = AwaitReply(kIdentitySize, kShortWait);
   screen_.CommandActive = false;
   if (answered) return TakeIdentity();
-  screen_.Screen().Ask(
-      {.text = "The drive is not responding.  Is it connected to the right port and turned on?",
-       .icon = BoxIcon::Question,
-       .title = boxTitle});
+  screen_.Screen().Ask({.text = kDriveNotResponding, .icon = BoxIcon::Question, .title = boxTitle});
   return {};
 }
 

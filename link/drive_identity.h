@@ -8,6 +8,9 @@
 
 namespace kavr6 {
 
+inline constexpr const char* kDriveNotResponding =
+    "The drive is not responding.  Is it connected to the right port and turned on?";
+
 /// Each exchange writes a command and waits, events running, for a reply in GlobalBuffer. None is repeated; a
 /// reply that comes too late stays in GlobalBuffer until the next command empties it.
 class DriveIdentity {

@@ -15,13 +15,14 @@ constexpr unsigned char kWizardLetter = 'k';
 
 }  // namespace
 
-EditMotor::EditMotor(Desktop& desktop, MainScreen& screen, Settings& settings, MotorDialog& motorDialog)
-    : Form(desktop, "EditMotor"), screen_(screen), settings_(settings), motorDialog_(motorDialog) {
-  SetCaption("Define Custom Motor");
+EditMotor::EditMotor(MainScreen& screen, Settings& settings, MotorDialog& motorDialog)
+    : SetupDialog(screen, settings,
+                  {"EditMotor", "Define Custom Motor", "ConfigSoftware_Motor.html#DefineMotor"}),
+      motorDialog_(motorDialog) {
   FillUnits(TorqueUnit, TorqueUnitName);
   FillUnits(JUnits, InertiaUnitName);
   WireEntries();
-  WireButtons();
+  Wizard.Clicked.Set([this] { WizardClick(); });
 }
 
 void EditMotor::WireEntries() {
@@ -37,29 +38,7 @@ void EditMotor::WireEntries() {
   }
 }
 
-void EditMotor::WireButtons() {
-  Wizard.Clicked.Set([this] { WizardClick(); });
-  OK.Clicked.Set([this] { TakeOver(); });
-  Cancel.Clicked.Set([this] { Hide(); });
-  Help.Clicked.Set([this] { ShowHelp("ConfigSoftware_Motor.html#DefineMotor"); });
-}
-
-void EditMotor::Load() {
-  CenterOn(screen_, *this);
-  Help.SetEnabled(static_cast<bool>(ShowHelp));
-}
-
-void EditMotor::Open() {
-  if (Visible()) {
-    Show();
-    return;
-  }
-  EnsureLoaded();
-  Cancel.Focus();  // a field left behind by closing the window is cleaned before it is filled anew
-  Fill();
-  Show();
-  txtMotorName.Focus();
-}
+void EditMotor::Opened() { txtMotorName.Focus(); }
 
 void EditMotor::Fill() {
   txtRatedTorque.SetText(FormatByMagnitude(settings_.RatedTorque));
@@ -80,11 +59,10 @@ void EditMotor::Fill() {
   txtDeg.SetText(NumberText(settings_.LeadAngleDeg));
 }
 
-void EditMotor::TakeOver() {
+void EditMotor::Commit() {
   static_cast<MotorRecord&>(settings_) = Edited();
   ShowInMotorDialog();
-  screen_.Modified = true;
-  Hide();
+  Finish();
 }
 
 MotorRecord EditMotor::Edited() const {

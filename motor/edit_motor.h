@@ -10,9 +10,9 @@ namespace kavr6 {
 
 /// Window "EditMotor". Its OK writes straight into the settings: a later Cancel of the motor dialog, which
 /// has opened it, takes nothing back.
-class EditMotor : public Form {
+class EditMotor : public SetupDialog {
  public:
-  EditMotor(Desktop& desktop, MainScreen& screen, Settings& settings, MotorDialog& motorDialog);
+  EditMotor(MainScreen& screen, Settings& settings, MotorDialog& motorDialog);
 
   TextBox txtMotorName{*this, "txtMotorName"};
   TextBox txtRatedCurrent{*this, "txtRatedCurrent"};
@@ -32,32 +32,20 @@ class EditMotor : public Form {
   TextBox Phase{*this, "Phase"};
   Slider SliderPhase{*this, "SliderPhase", {-128, 128, 1, 10, 32}};
   Button Wizard{*this, "Wizard", "Wizard..."};
-  Button OK{*this, "OK", "OK", Button::Role::Default};
-  Button Cancel{*this, "Cancel", "Cancel", Button::Role::Cancel};
-  Button Help{*this, "Help", "Help"};
 
-  /// To be set before the window is loaded. Without ShowHelp the help button is greyed.
   std::function<void()> OpenWizard;
-  std::function<void(const std::string& page)> ShowHelp;
-
-  /// Shows the custom motor of the settings and opens the editor; one that stands open only comes to the
-  /// front.
-  void Open();
 
  protected:
-  void Load() override;
+  void Fill() override;
+  void Opened() override;
+  void Commit() override;
 
  private:
   void WireEntries();
-  void WireButtons();
-  void Fill();
-  void TakeOver();
   MotorRecord Edited() const;
   void ShowInMotorDialog();
   void WizardClick();
 
-  MainScreen& screen_;
-  Settings& settings_;
   MotorDialog& motorDialog_;
 };
 

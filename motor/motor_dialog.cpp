@@ -15,21 +15,18 @@ constexpr const char* kLess = "Less";
 
 }  // namespace
 
-MotorDialog::MotorDialog(Desktop& desktop, MainScreen& screen, MotorTable& table, Settings& settings,
+MotorDialog::MotorDialog(MainScreen& screen, MotorTable& table, Settings& settings,
                          MotorCalculations& calculations)
-    : Form(desktop, "MotorDialog"),
-      screen_(screen),
+    : SetupDialog(screen, settings, {"MotorDialog", "Motor", "ConfigSoftware_Motor.html"}),
       table_(table),
-      settings_(settings),
       calculations_(calculations) {
-  SetCaption("Motor");
   FillUnits(JUnits, InertiaUnitName);
   ShowMore(false);
   WireMotorChoice();
   WireRunningCurrent();
   WireIdleCurrent();
   WireLoadInertia();
-  WireButtons();
+  Wiring.Clicked.Set([this] { ShowHelp("Connecting_the_Motor.html"); });
   calculations_.DialogShowsCustom = [this] { return optCustom.Value(); };
 }
 
@@ -78,16 +75,8 @@ void MotorDialog::WireLoadInertia() {
   optValue.Clicked.Set([this] { LoadKindChosen(false); });
 }
 
-void MotorDialog::WireButtons() {
-  OK.Clicked.Set([this] { TakeOver(); });
-  Cancel.Clicked.Set([this] { Hide(); });
-  Help.Clicked.Set([this] { ShowHelp("ConfigSoftware_Motor.html"); });
-  Wiring.Clicked.Set([this] { ShowHelp("Connecting_the_Motor.html"); });
-}
-
 void MotorDialog::Load() {
-  CenterOn(screen_, *this);
-  Help.SetEnabled(static_cast<bool>(ShowHelp));
+  SetupDialog::Load();
   Wiring.SetEnabled(static_cast<bool>(ShowHelp));
   try {
     table_.Open(Screen().ProgramDirectory());

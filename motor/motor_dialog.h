@@ -4,25 +4,21 @@
 #include <functional>
 #include <string>
 
-#include "core/main_screen.h"
-#include "core/settings.h"
+#include "dialogs/setup_dialog.h"
 #include "motor/motor_calculations.h"
 #include "motor/motor_table.h"
-#include "platform/controls.h"
-#include "platform/form.h"
 
 namespace kavr6 {
 
 /// Window "MotorDialog". It opens the motor table when it is loaded and keeps it for the whole run. It works
 /// on its controls and writes the settings in OK alone, but a row picked in MotorList is the selected
 /// standard motor at once, and Cancel does not bring the earlier one back.
-class MotorDialog : public Form {
+class MotorDialog : public SetupDialog {
   OptionGroup source_;
   OptionGroup load_;
 
  public:
-  MotorDialog(Desktop& desktop, MainScreen& screen, MotorTable& table, Settings& settings,
-              MotorCalculations& calculations);
+  MotorDialog(MainScreen& screen, MotorTable& table, Settings& settings, MotorCalculations& calculations);
 
   OptionButton optStandard{*this, "optStandard", source_};
   OptionButton optCustom{*this, "optCustom", source_};
@@ -72,22 +68,14 @@ class MotorDialog : public Form {
 
   CheckBox chkSmoothingOff{*this, "chkSmoothingOff"};
   CheckBox chkDampingOff{*this, "chkDampingOff"};
-  Button OK{*this, "OK", "OK", Button::Role::Default};
-  Button Cancel{*this, "Cancel", "Cancel", Button::Role::Cancel};
-  Button Help{*this, "Help", "Help"};
   Button Wiring{*this, "Wiring", "Wiring"};
 
   /// The user has touched the load inertia since the dialog was opened.
   bool InertiaEdited = false;
 
-  /// To be set before the window is loaded. Without ShowHelp the two help buttons are greyed.
+  /// To be set before the window is loaded.
   std::function<void()> OpenEditor;
-  std::function<void()> SummarizeMotor;
-  std::function<void(const std::string& page)> ShowHelp;
 
-  /// Shows the settings in the controls and opens the dialog. One that stands open already only comes to the
-  /// front: what has been typed there stays.
-  void Open();
   /// Fills MotorList in the order of the table and selects its first row.
   void LoadMotorList();
   /// Selects the row of that name, or the first one when there is none.
@@ -100,13 +88,15 @@ class MotorDialog : public Form {
  protected:
   /// Opens the table and fills the list; a table that cannot be opened is told in a box and ends the program.
   void Load() override;
+  void Fill() override;
+  void Opened() override;
+  void Commit() override;
 
  private:
   void WireMotorChoice();
   void WireRunningCurrent();
   void WireIdleCurrent();
   void WireLoadInertia();
-  void WireButtons();
 
   void MotorPicked();
   void SourceChosen(bool custom);
@@ -116,15 +106,11 @@ class MotorDialog : public Form {
   void RunningCurrentTyped();
   void ShowIdleAmps();
 
-  void Fill();
   void FillCurrents();
   void FillLoadInertia();
-  void TakeOver();
   Settings Edited() const;
 
-  MainScreen& screen_;
   MotorTable& table_;
-  Settings& settings_;
   MotorCalculations& calculations_;
   bool holding_ = false;
 };

@@ -55,15 +55,7 @@ void MotorDialog::ShowIdleAmps() {
   IdleLabel.SetCaption("%  (" + FormatNumber(amperes, "0.00") + " A)");
 }
 
-void MotorDialog::Open() {
-  if (Visible()) {
-    Show();
-    return;
-  }
-  EnsureLoaded();
-  Cancel.Focus();  // a field left behind by closing the window is cleaned before it is filled anew
-  Fill();
-  Show();
+void MotorDialog::Opened() {
   if (settings_.CustomMotor) {
     DefineNewMotor.Focus();
   } else {
@@ -112,14 +104,12 @@ void MotorDialog::ShowCustomSpecs() {
   OtherRPS.SetCaption(NumberText(settings_.LeadAngleRps));
 }
 
-void MotorDialog::TakeOver() {
+void MotorDialog::Commit() {
   const double most = Steps(static_cast<double>(calculations_.MotorCurrentLimit()), txtDriveCurrent);
   if (most < SliderMaxCurrent.Value()) MoveSlider(SliderMaxCurrent, most);
   settings_ = Edited();
-  screen_.Modified = true;
   if (InertiaEdited) screen_.InertiaSet = true;
-  Hide();
-  if (SummarizeMotor) SummarizeMotor();
+  Finish();
 }
 
 Settings MotorDialog::Edited() const {

@@ -15,6 +15,9 @@ constexpr std::uint8_t kRevisionHeader = 0xF1;
 constexpr std::uint8_t kStatusWordRequest = 128;
 constexpr std::uint8_t kLetterRequest = 142;
 
+/// What the analog input shows at zero volts, in half millivolts.
+constexpr int kAnalogOffset = -25;
+
 constexpr int kStatusEnabled = 1 << 0;
 constexpr int kStatusFault = 1 << 2;
 constexpr int kStatusAlarm = 1 << 9;
@@ -52,6 +55,7 @@ SimulatedDrive::SimulatedDrive(Scheduler& scheduler)
   };
   LearnCommands();
   LearnMaintenance();
+  LearnOffset();
 }
 
 void SimulatedDrive::LearnCommands() {
@@ -83,6 +87,16 @@ void SimulatedDrive::LearnMaintenance() {
   });
 }
 
+// Later firmware wants a guard code with the command that measures the analog input.
+void SimulatedDrive::LearnOffset() {
+  const bool early = (revision_ == 0 && letter_ < 'k') || (revision_ == 1 && letter_ == 'A');
+  const std::string_view guard = early ? "" : "4071";
+  interpreter_.Add("O", guard.size(), [this, guard](std::span<const std::uint8_t> code) {
+    if (!std::equal(code.begin(), code.end(), guard.begin())) return;
+    Answer(BytesOf({kAnalogOffset >> 8 & 0xFF, kAnalogOffset & 0xFF}), "analog offset");
+  });
+}
+
 void SimulatedDrive::TextLine(const std::string& line) {
   if (line == "QT" || line == "HM") interpreter_.SetTextMode(false);
 }
@@ -91,6 +105,7 @@ void SimulatedDrive::SetIdentity(int revisionByte, int modelCode, char letter) {
   revision_ = revisionByte;
   model_ = modelCode;
   letter_ = letter;
+  LearnOffset();
 }
 
 int SimulatedDrive::StatusWord() const {

@@ -86,6 +86,7 @@ class SimulatedDrive {
  private:
   void LearnCommands();
   void LearnMaintenance();
+  void LearnOffset();
   void TextLine(const std::string& line);
   void Identify();
   void AnswerWord(std::uint8_t which);

@@ -62,7 +62,6 @@ RefreshView BindCombo(ListBox& list, QComboBox& combo, const UserAction& act) {
 RefreshView BindListView(ListBox& list, QListWidget& view, const UserAction& act) {
   view.setSelectionMode(QAbstractItemView::SingleSelection);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
-  view.setUniformItemSizes(true);
   QObject::connect(&view, &QListWidget::itemSelectionChanged, &view, [&list, &view, act] {
     act([&list, &view] {
       if (const int row = SelectedRow(view); row >= 0) list.Select(row);

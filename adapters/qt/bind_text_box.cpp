@@ -6,6 +6,7 @@
 #include "adapters/qt/bind_kinds.h"
 #include "adapters/qt/text.h"
 #include "platform/controls.h"
+#include "platform/form.h"
 
 namespace kavr6 {
 namespace {
@@ -25,7 +26,7 @@ class LineEditTie : public QObject {
     if (telling_) return;
     const QSignalBlocker silence(edit_);
     if (const QString text = ToQt(box_.Text()); edit_.text() != text) edit_.setText(text);
-    if (!edit_.hasFocus()) {
+    if (box_.Owner().FocusedControl() != &box_) {
       edit_.home(false);  // of a long text the beginning is shown
       return;
     }

@@ -1,7 +1,7 @@
 #include "adapters/qt/choose_file.h"
 
-#include <QAbstractFileIconProvider>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QHeaderView>
 #include <QTreeView>
 
@@ -18,10 +18,10 @@ QString FilterOf(const std::string& filter) {
 
 /// Icons by kind alone. The toolkit's own ones look into every file, which takes its time in a slow folder
 /// and for ever in some.
-class PlainIcons : public QAbstractFileIconProvider {
+class PlainIcons : public QFileIconProvider {
  public:
   QIcon icon(const QFileInfo& info) const override {
-    return QAbstractFileIconProvider::icon(info.isDir() ? Folder : File);
+    return QFileIconProvider::icon(info.isDir() ? Folder : File);
   }
   QString type(const QFileInfo& /*info*/) const override { return {}; }
 };

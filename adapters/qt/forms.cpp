@@ -7,10 +7,18 @@
 #include <string_view>
 
 #include "ui_About.h"
+#include "ui_AdvancedSettings.h"
 #include "ui_EditMotor.h"
+#include "ui_EncoderDialog.h"
+#include "ui_IOdialog.h"
 #include "ui_MainForm.h"
+#include "ui_MotionMenu.h"
 #include "ui_MotorDialog.h"
+#include "ui_PulseDirDialog.h"
+#include "ui_RegenDialog.h"
 #include "ui_StartForm.h"
+#include "ui_VTLdialog.h"
+#include "ui_VelocityDialog.h"
 
 namespace kavr6 {
 namespace {
@@ -34,6 +42,14 @@ const std::array kForms{
     FormRow{"About", Build<QDialog, Ui::About>},
     FormRow{"MotorDialog", Build<QDialog, Ui::MotorDialog>},
     FormRow{"EditMotor", Build<QDialog, Ui::EditMotor>},
+    FormRow{"MotionMenu", Build<QDialog, Ui::MotionMenu>},
+    FormRow{"PulseDirDialog", Build<QDialog, Ui::PulseDirDialog>},
+    FormRow{"VelocityDialog", Build<QDialog, Ui::VelocityDialog>},
+    FormRow{"AdvancedSettings", Build<QDialog, Ui::AdvancedSettings>},
+    FormRow{"VTLdialog", Build<QDialog, Ui::VTLdialog>},
+    FormRow{"IOdialog", Build<QDialog, Ui::IOdialog>},
+    FormRow{"EncoderDialog", Build<QDialog, Ui::EncoderDialog>},
+    FormRow{"RegenDialog", Build<QDialog, Ui::RegenDialog>},
 };
 
 /// What a design marks with "keepsRoom" hides without moving anything around it.

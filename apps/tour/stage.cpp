@@ -26,6 +26,8 @@ constexpr double kWindowSeconds = 5.0;
 Stage::Stage(std::filesystem::path folder) : folder_(std::move(folder)) {
   std::filesystem::remove_all(folder_ / "ports");
   std::filesystem::create_directories(folder_);
+  for (const auto& old : std::filesystem::directory_iterator(folder_))
+    if (old.path().extension() == ".png") std::filesystem::remove(old.path());
   log_.open(folder_ / "tour.log");
   QObject::connect(&dialogTimer_, &QTimer::timeout, [this] { LookForDialog(); });
   dialogTimer_.start(kPollMs);
@@ -80,7 +82,9 @@ QWidget& Stage::Window(const std::string& form) {
 void Stage::Click(QWidget& window, const char* name) {
   auto* const widget = window.findChild<QWidget*>(name);
   if (widget == nullptr || !widget->isVisible()) Fail(std::string("nothing to click: ") + name);
-  QTest::mouseClick(widget, Qt::LeftButton);
+  // Of a check box or a radio button only mark and words take the mouse, not the room behind them.
+  const bool marked = widget->inherits("QCheckBox") || widget->inherits("QRadioButton");
+  QTest::mouseClick(widget, Qt::LeftButton, {}, marked ? QPoint(8, widget->height() / 2) : QPoint());
 }
 
 void Stage::Command(QWidget& window, const char* name) {

@@ -24,6 +24,10 @@ void Tour::Play() {
   OpenBadFile();
   Download();
   Upload();
+  SetVelocity();
+  SetHostCommands();
+  SetPulses();
+  SetInputsAndOutputs();
   LoseTheLine();
   FindItAgain();
   ShowCredits();
@@ -61,12 +65,18 @@ void Tour::ShowDark() {
 void Tour::LookAtWindows(const std::string& suffix) {
   stage_.Pause(0.1);
   stage_.Picture(Main(), "main-" + suffix);
-  QWidget& motor = OpenBy("Motor", "MotorDialog");
-  stage_.Picture(motor, "motor-" + suffix);
-  program_.CustomMotorSetup.Open();
-  stage_.Picture(stage_.Window("EditMotor"), "custom-motor-" + suffix);
-  program_.CustomMotorSetup.Cancel.Click();
-  stage_.Click(motor, "Cancel");
+  program_.ModeMenu.Show();
+  stage_.Picture(stage_.Window("MotionMenu"), "motion-menu-" + suffix);
+  program_.ModeMenu.Hide();
+  for (SetupDialog* dialog : std::initializer_list<SetupDialog*>{
+           &program_.MotorSetup, &program_.CustomMotorSetup, &program_.PulseDirSetup, &program_.VelocitySetup,
+           &program_.AdvancedSetup, &program_.VTLSetup, &program_.IOSetup, &program_.EncoderSetup,
+           &program_.RegenSetup}) {
+    dialog->Open();
+    stage_.Pause(0.05);
+    stage_.Picture(stage_.Window(dialog->Name()), dialog->Name() + "-" + suffix);
+    dialog->Cancel.Click();
+  }
 }
 
 }  // namespace kavr6

@@ -38,6 +38,12 @@ class Tour {
   // steps_setup.cpp
   void ChooseMotor();
   void DefineMotor();
+  // steps_dialogs.cpp
+  QWidget& OpenFromMenu(const char* button, const char* form);
+  void SetVelocity();
+  void SetHostCommands();
+  void SetPulses();
+  void SetInputsAndOutputs();
   // steps_files.cpp
   void SaveAndReopen();
   void OpenBadFile();

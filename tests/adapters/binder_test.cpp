@@ -76,8 +76,10 @@ TEST(Binder, NamesWhatDoesNotFit) {
 TEST(Binder, EveryDesignFitsItsForm) {
   Scene scene;
   Configurator& program = scene.program;
-  for (Form* form : std::initializer_list<Form*>{&program.Main, &program.Splash, &program.Credits,
-                                                 &program.MotorSetup, &program.CustomMotorSetup}) {
+  for (Form* form : std::initializer_list<Form*>{
+           &program.Main, &program.Splash, &program.Credits, &program.MotorSetup, &program.CustomMotorSetup,
+           &program.ModeMenu, &program.PulseDirSetup, &program.VelocitySetup, &program.AdvancedSetup,
+           &program.VTLSetup, &program.IOSetup, &program.EncoderSetup, &program.RegenSetup}) {
     const std::unique_ptr<QWidget> window = BuildWindow(form->Name());
     QStringList mnemonics;
     for (const QWidget* widget : window->findChildren<QWidget*>()) {

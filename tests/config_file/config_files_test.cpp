@@ -13,16 +13,11 @@ constexpr auto Load = FileDialog::Purpose::Open;
 constexpr auto Save = FileDialog::Purpose::Save;
 constexpr const char* kName = "/anlagen/s\u00FCd/kran.cnf";
 constexpr const char* kFolder = "/anlagen/s\u00FCd";
+constexpr const char* kWanted = "Configurator Files|*.cnfcnf";
 constexpr const char* kTitle = "KAVR6 Configurator  V1.0 - ";
 
-class ConfigFilesTest : public testing::Test {
- protected:
-  ConfigFilesTest() {
-    scene.Start();
-    files[kName] = SavedText();
-  }
-  void TearDown() override { scene.ExpectCalm(); }
-
+struct ConfigFilesTest : SceneTest {
+  ConfigFilesTest() { files[kName] = SavedText(); }
   /// The file that the program would write now.
   std::string SavedText() {
     const bool modified = main.Modified;
@@ -47,8 +42,6 @@ class ConfigFilesTest : public testing::Test {
     EXPECT_TRUE(main.FileName == kName && !main.Modified && main.InertiaSet);
   }
 
-  Scene scene;
-  MainForm& main = scene.main;
   std::map<std::string, std::string>& files = scene.files.content;
 };
 
@@ -76,10 +69,8 @@ TEST_F(ConfigFilesTest, SaveAsksOnceForAName) {
   scene.desktop.Expect(ExpectedFile{Save, ""});
   main.MenuSaveAs.Click();
   EXPECT_EQ(main.FileName, kName);
-  const auto& dialogs = scene.desktop.FileDialogs();
-  ASSERT_EQ(dialogs.size(), 2U);
-  EXPECT_EQ(dialogs[0].filter + dialogs[0].defaultExtension, "Configurator Files|*.cnfcnf");
-  EXPECT_EQ(dialogs[0].folder + dialogs[1].folder, "." + std::string(kFolder));
+  const FileDialog& asked = scene.desktop.FileDialogs().at(1);
+  EXPECT_EQ(asked.filter + asked.defaultExtension + asked.folder, kWanted + std::string(kFolder));
 }
 
 TEST_F(ConfigFilesTest, AFailedSaveKeepsTheOldFileAndTheChanges) {

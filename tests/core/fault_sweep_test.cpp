@@ -1,7 +1,5 @@
 // Every kind of fault at every byte of the image, in both directions, against what plain arithmetic on the
 // bytes says must come of it.
-#include <iostream>
-#include <map>
 #include <memory>
 #include <set>
 
@@ -27,19 +25,14 @@ struct Kind {
   std::uint8_t value = 0;
 };
 
+using enum LineFault;
+
 std::vector<Kind> AllKinds() {
-  using enum LineFault;
   std::vector<Kind> kinds{{Lost}, {Doubled}, {Late}, {Silence}, {HangUp}, {Restart}, {Swapped}};
   for (unsigned bit = 0; bit < 8; ++bit) kinds.push_back({Flipped, static_cast<std::uint8_t>(1U << bit)});
   for (const int value : {0x00, 0x01, 0x55, 0x80, 0xFF})
     kinds.push_back({Inserted, static_cast<std::uint8_t>(value)});
   return kinds;
-}
-
-const char* NameOf(LineFault fault) {
-  const char* const names[] = {"lost",    "doubled", "flipped", "inserted", "late",
-                               "silence", "hang-up", "restart", "swapped"};
-  return names[static_cast<int>(fault)];
 }
 
 SimulatedDrive::Image ImageOf(const Bytes& bytes) {
@@ -50,7 +43,6 @@ SimulatedDrive::Image ImageOf(const Bytes& bytes) {
 
 /// The bytes that arrive of an image in one go.
 Bytes Received(const Kind& kind, Bytes image, int at) {
-  using enum LineFault;
   const auto place = image.begin() + at;
   if (kind.fault == Flipped) {
     *place ^= kind.value;
@@ -71,7 +63,8 @@ Bytes Received(const Kind& kind, Bytes image, int at) {
 }
 
 std::string Case(const Kind& kind, int at) {
-  return std::string(NameOf(kind.fault)) + " " + std::to_string(kind.value) + " at " + std::to_string(at);
+  return "fault " + std::to_string(static_cast<int>(kind.fault)) + " " + std::to_string(kind.value) + " at " +
+         std::to_string(at);
 }
 
 class FaultSweep : public testing::Test {
@@ -92,16 +85,8 @@ class FaultSweep : public testing::Test {
     good.assign(image.begin(), image.end());
   }
 
-  ~FaultSweep() override {
-    if (ended > 0) std::cout << ended << " of the following ended in the error report; ";
-    std::cout << cases << " cases; let through because the sum cannot see them:";
-    for (const auto& [fault, count] : letThrough) std::cout << ' ' << count << ' ' << NameOf(fault);
-    std::cout << (letThrough.empty() ? " none\n" : "\n");
-  }
-
   /// Clicks with the fault armed; the boxes that came.
   std::string Act(ImageButton MainScreen::*button, const FaultAt& fault, double bound) {
-    ++cases;
     const std::size_t before = scene->desktop.Boxes().size();
     const double start = scene->desktop.Now();
     scene->comm.Arm(fault);
@@ -143,9 +128,6 @@ class FaultSweep : public testing::Test {
   std::unique_ptr<Scene> scene;
   Settings base;
   Bytes good;
-  std::map<LineFault, int> letThrough;
-  int cases = 0;
-  int ended = 0;
 };
 
 FaultAt Fault(const Kind& kind, Direction direction, int byte) {
@@ -168,7 +150,7 @@ TEST_F(FaultSweep, DownloadEndsRightWhateverHappensToAnyByteOfTheImage) {
       Bytes received = Received(kind, good, at);
       received.resize(std::min(received.size(), kImageSize));  // one too many is a command to the drive
       const Bytes stored(scene->drive.StoredImage().begin(), scene->drive.StoredImage().end());
-      if (kind.fault == LineFault::Restart) {
+      if (kind.fault == Restart) {
         // What follows the restart are commands to the drive, which may answer them.
         EXPECT_EQ(stored, at == kImageBytes - 1 ? good : old);
       } else if (received.size() < kImageSize) {
@@ -180,7 +162,6 @@ TEST_F(FaultSweep, DownloadEndsRightWhateverHappensToAnyByteOfTheImage) {
       } else {
         EXPECT_EQ(boxes, "");
         EXPECT_EQ(stored, received);
-        if (stored != good) ++letThrough[kind.fault];
       }
       EXPECT_FALSE(scene->main.Modified);
       ExpectRecovery();
@@ -194,9 +175,9 @@ TEST_F(FaultSweep, AnswerToADownloadMayBeSpoiltInAnyWay) {
     scene->settings = base;
     const std::string boxes =
         Act(&MainScreen::Download, Fault(kind, Direction::ToTool, kBeforeAnswerToTool), kLongestDownload);
-    using enum LineFault;
     const bool none = std::set{Lost, Late, Silence, HangUp, Swapped}.contains(kind.fault);
     EXPECT_EQ(Has(boxes, "The download did not work."), none) << boxes;
+    EXPECT_TRUE(none || boxes.empty()) << "another answer than the two: " << boxes;
     ExpectRecovery();
   }
 }
@@ -220,13 +201,11 @@ class UploadSweep : public FaultSweep {
       EXPECT_EQ(scene->settings, before);
       EXPECT_TRUE(scene->main.Modified);
     } else {
-      if (inHand != good) ++letThrough[kind.fault];
       Settings decoded = before;
       try {
         DecodeImage(inHand, decoded);
       } catch (const RuntimeError& error) {
         EXPECT_EQ(boxes, error.what());
-        ++ended;
         Begin();
         return;
       }
@@ -243,7 +222,7 @@ TEST_F(UploadSweep, NoWrongRecordIsTakenWhateverHappensToAnyByteOfTheImage) {
     for (int at = 0; at < kImageBytes && !HasFailure(); ++at) {
       Bytes inHand = Received(kind, good, at);
       // The read takes the first 161, and a 162nd only when the last two come in one arrival.
-      const bool twoAtOnce = kind.fault == LineFault::Doubled || kind.fault == LineFault::Inserted;
+      const bool twoAtOnce = kind.fault == Doubled || kind.fault == Inserted;
       if (at != kImageBytes - 1 || !twoAtOnce) inHand.resize(std::min(inHand.size(), kImageSize));
       Try(kind, at, inHand);
     }
@@ -252,10 +231,10 @@ TEST_F(UploadSweep, NoWrongRecordIsTakenWhateverHappensToAnyByteOfTheImage) {
 
 TEST_F(UploadSweep, AdapterThatHandsEverythingOverAtOnceShowsWhatTheSumCannotSee) {
   for (const Kind& kind : AllKinds()) {
-    if (kind.fault == LineFault::Late) continue;
+    if (kind.fault == Late) continue;
     for (int at = 0; at < kImageBytes && !HasFailure(); ++at) {
       scene->comm.SetLatency(0.2);
-      Try(kind, at, kind.fault == LineFault::HangUp ? Bytes() : Received(kind, good, at));
+      Try(kind, at, kind.fault == HangUp ? Bytes() : Received(kind, good, at));
     }
   }
 }

@@ -7,16 +7,8 @@
 namespace kavr6 {
 namespace {
 
-class TransfersTest : public testing::Test {
- protected:
-  TransfersTest() {
-    scene.Start();
-    main.InertiaSet = true;
-  }
-  void TearDown() override { scene.ExpectCalm(); }
-
-  Scene scene;
-  MainForm& main = scene.main;
+struct TransfersTest : SceneTest {
+  TransfersTest() { main.InertiaSet = true; }
 };
 
 TEST_F(TransfersTest, DownloadPutsExactlyThisOnTheWire) {
@@ -106,20 +98,6 @@ TEST_F(TransfersTest, UnknownModelGetsNothingAndNoMessage) {
   main.Download.Click();
   main.Upload.Click();
   EXPECT_EQ(scene.comm.Written(), "SCy\x8ESC");
-  EXPECT_TRUE(scene.desktop.Boxes().empty());
-}
-
-TEST_F(TransfersTest, AnswerOtherThanTheTwoGetsNoBoxAndOnlyTheFirstByteCounts) {
-  for (const char* answer : {"\x07", "\x06\x15", "\x06tail"}) {
-    scene.drive.SetRefusing(true);
-    scene.comm.Arm({.direction = FaultAt::Direction::ToTool, .fault = LineFault::Silence, .byte = 6});
-    scene.desktop.CallAfter(0.4, [&] {
-      scene.comm.ClearFault();
-      scene.drive.SendRaw(answer);
-    });
-    main.Download.Click();
-    scene.drive.SetRefusing(false);
-  }
   EXPECT_TRUE(scene.desktop.Boxes().empty());
 }
 

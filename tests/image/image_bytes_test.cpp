@@ -11,30 +11,6 @@
 namespace kavr6 {
 namespace {
 
-TEST(ByteCodec, HexWordsKeepTheFirstDigitsOfALongNumber) {
-  using Row = std::tuple<Long, int, int>;
-  const Row cases[] = {{1000, 0x03E8, 0x03E8},        {-1, 0xFFFF, 0xFFFFFF},   {-65537, 0xFFFF, 0xFFFEFF},
-                       {65535, 0xFFFF, 0xFFFF},       {65536, 0x1000, 0x10000}, {70000, 0x1117, 0x11170},
-                       {0x7FEDCBA9, 0x7FED, 0x7FEDCB}};
-  for (const auto& [value, word, longWord] : cases) {
-    Byte high = 1, middle = 1, low = 1;
-    HexBytes16(value, high, low);
-    EXPECT_EQ(high * 256 + low, word) << value;
-    HexBytes24(value, high, middle, low);
-    EXPECT_EQ(high << 16 | middle << 8 | low, longWord) << value;
-  }
-}
-
-TEST(ByteCodec, SignedWordsOverflowWhereTheArithmeticDoes) {
-  const std::pair<Long, int> cases[] = {{-5, 0xFFFB}, {32767, 0x7FFF}, {65535, 0xFFFF},
-                                        {-65536, 0},  {65536, -1},     {-65537, -1}};
-  for (const auto& [value, word] : cases) {
-    Byte high = 0, low = 0;
-    const int error = ErrorOf([&, v = value] { SignedString16(v, high, low); });
-    EXPECT_EQ(error == 6 ? -1 : high * 256 + low, word) << value;
-  }
-}
-
 TEST(ByteCodec, FloatsKeep23BitsAndEndInOverflowBeyondTheirFormat) {
   using Row = std::pair<double, std::uint32_t>;
   const Row cases[] = {{16777215.0, 0x00FFFFFF},

@@ -1,3 +1,4 @@
+#include <array>
 #include <random>
 
 #include "core/numbers.h"
@@ -54,21 +55,15 @@ const Survivor kOthers[] = {
 const Survivor kNotInTheImage[] = {
     {&S::PowerUpMode, 0, 21, 0}, {&S::MaxSpeed, 0, 80, 0}, {&S::InertiaRatio, 0, 10, 0}};
 
-class Dice {
- public:
-  Long Number(Long least, Long most) { return std::uniform_int_distribution<Long>(least, most)(random_); }
-  double Real(double least, double most) { return std::uniform_real_distribution<>(least, most)(random_); }
-  Long OneOf(std::initializer_list<Long> values) {
-    return values.begin()[Number(0, static_cast<Long>(values.size()) - 1)];
-  }
+struct Dice {
+  std::mt19937 random{161};
+  Long Number(Long least, Long most) { return std::uniform_int_distribution<Long>(least, most)(random); }
+  double Real(double least, double most) { return std::uniform_real_distribution<>(least, most)(random); }
   std::string Text(Long most) {
     std::string text(static_cast<std::size_t>(Number(0, most)), ' ');
     for (char& c : text) c = static_cast<char>(Number(0, 3) == 0 ? ' ' : Number(' ', '~'));
     return text;
   }
-
- private:
-  std::mt19937 random_{161};
 };
 
 Settings RandomSettings(Dice& dice) {
@@ -80,8 +75,8 @@ Settings RandomSettings(Dice& dice) {
       Set(s, field,
           whole ? dice.Number(static_cast<Long>(least), static_cast<Long>(most)) : dice.Real(least, most));
     }
-  s.OpMode = dice.OneOf({1, 2, 3, 3, 3, 4, 5, 7});
-  s.ControlMode = dice.OneOf({2, 7, 11, 21});
+  s.OpMode = std::array{1, 2, 3, 3, 3, 4, 5, 7}[static_cast<std::size_t>(dice.Number(0, 7))];
+  s.ControlMode = std::array{2, 7, 11, 21}[static_cast<std::size_t>(dice.Number(0, 3))];
   s.RS485Addr = CharacterOf(static_cast<Byte>(dice.Number(0, 255)));
   s.MotorName = dice.Text(20);
   return s;

@@ -275,34 +275,5 @@ TEST_F(CommPortsTest, StartBehindBusyPortsOpensTheFreeOneTwiceAndGreetsIt) {
   EXPECT_EQ(comm.TakeWritten(), "0");
 }
 
-TEST_F(CommPortsTest, StartWithoutAnyPortEndsClosedOnRowOneWhichThenDoesNothing) {
-  for (int port = 1; port <= 8; ++port) {
-    comm.Refuse(port, "Port in use");
-    desktop.Expect({port < 8 ? "Error on Comm" : "Could not find an open comm port."});
-  }
-  ports.StartComm();
-  ExpectState(0, 1, false, {});
-  comm.Accept(4);
-  screen.CommList.Select(0);
-  ExpectState(0, 1, false, {});
-  screen.CommList.Select(3);
-  ExpectState(0, 4, true, {4});
-}
-
-TEST_F(CommPortsTest, ChoosingABusyPortReturnsToTheOldOneAndFailsQuietlyWhenThatIsGoneToo) {
-  ports.StartComm();
-  ExpectState(1, 1, true, {1});
-  EXPECT_EQ(comm.TakeWritten(), "");
-  comm.Refuse(5, "Port in use");
-  desktop.Expect({"COM port 5 is not available."});
-  screen.CommList.Select(4);
-  ExpectState(1, 1, true, {1, 1});
-
-  comm.Refuse(1, "Port in use");
-  desktop.Expect({"COM port 5"});
-  screen.CommList.Select(4);
-  ExpectState(1, 1, false, {1, 1});
-}
-
 }  // namespace
 }  // namespace kavr6

@@ -11,15 +11,10 @@
 namespace kavr6 {
 namespace {
 
-struct MotorWindows : testing::Test {
-  MotorWindows() { scene.Start(); }
-  Scene scene;
-  MainForm& main = scene.main;
-  Settings& settings = scene.settings;
+struct MotorWindows : SceneTest {
   MotorDialog& dialog = scene.program.MotorSetup;
   EditMotor& editor = scene.program.CustomMotorSetup;
 
-  void TearDown() override { scene.ExpectCalm(); }
   void Open() { main.Motor.Click(); }
   void OpenEditor() {
     Open();
@@ -49,35 +44,6 @@ struct MotorWindows : testing::Test {
 
 using MotorDialogTest = MotorWindows;
 
-TEST_F(MotorDialogTest, EachOpeningShowsTheRecordWhateverAnEarlierOneHasLeft) {
-  const std::pair<std::function<void(Settings&)>, const char*> cases[] = {
-      {[](Settings&) {}, "1.40|50|0.40|1|.00000|g cm2|"},
-      {[](Settings& s) { s.RunCurrent = 5, s.IdlePercent = 95; }, "5.00|95|0.40|1|.00000|g cm2|"},
-      {[](Settings& s) { s.RunCurrent = 6.4, s.IdlePercent = 0; }, "6.00|0|0.40|1|.00000|g cm2|"},
-      {[](Settings& s) { s.InertiaRatio = -1; }, "1.40|50|0.40|0|.00000|g cm2|"},
-      {[](Settings& s) { s.InertiaRatio = 1e300; }, "1.40|50|0.40|20|.00000|g cm2|"},
-      {[](Settings& s) { s.LoadInertia = 0.5, s.LoadInertiaUnit = 9; }, "1.40|50|0.40|1|.5|kg m2|"}};
-  constexpr const char* kTexts =
-      "txtDriveCurrent txtIdlePercent IdleDelayTime txtInertiaRatio txtLoadInertia JUnits";
-  const Settings start = settings;
-  for (const auto& [change, texts] : cases) {
-    settings = start;
-    change(settings);
-    for (TextBox* left : {&dialog.txtDriveCurrent, &dialog.txtIdlePercent, &dialog.IdleDelayTime,
-                          &dialog.txtInertiaRatio, &dialog.txtLoadInertia}) {
-      Open();
-      EXPECT_EQ(Shown(dialog, kTexts), texts) << left->Name();
-      EXPECT_EQ(dialog.SliderIdleCurrent.Value(), std::min(settings.IdlePercent, 90));
-      EXPECT_FALSE(dialog.InertiaEdited);
-      left->Type("7.7x");
-      const std::string typed = Shown(dialog, kTexts);
-      Open();  // while it stands open
-      EXPECT_EQ(Shown(dialog, kTexts), typed);
-      dialog.RequestClose();
-    }
-  }
-}
-
 TEST_F(MotorDialogTest, RunningCurrentIsHeldByMotorModelAndRange) {
   enum Way { Typed, Scrolled, Set };
   const std::tuple<int, int, Way, const char*, const char*> cases[] = {
@@ -98,37 +64,41 @@ TEST_F(MotorDialogTest, RunningCurrentIsHeldByMotorModelAndRange) {
   }
 }
 
-TEST_F(MotorDialogTest, TypedNumbersAreCleanedAndLeadTheirSliders) {
-  const std::tuple<TextBox*, const char*, const char*, const char*> cases[] = {
-      {&dialog.txtIdlePercent, "SliderIdleCurrent IdleLabel", "95", "95|90|%  (1.33 A)|"},
-      {&dialog.txtIdlePercent, "SliderIdleCurrent IdleLabel", "2.5", "2|2|%  (0.03 A)|"},
-      {&dialog.IdleDelayTime, "SliderIdleDelay", "12", "10.00|1000|"},
-      {&dialog.txtInertiaRatio, "SliderInertiaRatio", "1.23", "1.2|12|"}};
-  Open();
-  for (const auto& [box, followers, typed, shown] : cases) {
-    box->Type(typed);
-    dialog.MotorList.Focus();
-    EXPECT_EQ(Shown(dialog, box->Name() + " " + followers), shown);
-  }
-  dialog.txtIdlePercent.Type("");
-  EXPECT_EQ(dialog.IdleLabel.Caption(), "%  (0.00 A)");
-}
-
-TEST_F(MotorDialogTest, PickedMotorShowsItsFactsAndStaysSelectedAfterCancel) {
-  main.ModelList.SetListIndex(1);
-  const Settings before = settings;
+TEST_F(MotorDialogTest, OkTakesWhatWasEditedAndCancelKeepsTheSelectedMotorOnly) {
+  Settings expected = settings;
   Open();
   dialog.MotorList.Select(2);
-  EXPECT_EQ(dialog.SliderMaxCurrent.Value(), 600) << "6.7 A on a model of 6 A";
   EXPECT_EQ(Shown(dialog,
                   "lblRatedTorque TorqueUnit lblRatedCurrent lblRotorInertia RotorInertiaUnit "
                   "lblSmoothingGain lblSmoothingPhase lblDeg lblrps"),
             "1200|oz in|6.7|4000|g cm2|0|0|120|25|");
   dialog.Cancel.Click();
-  EXPECT_FALSE(dialog.Visible() || main.Modified);
-  EXPECT_EQ(settings, before);
+  EXPECT_TRUE(settings == expected && !main.Modified);
   Open();
   EXPECT_EQ(Shown(dialog, "MotorList txtDriveCurrent"), "KM34-3S-670|1.40|");
+  dialog.OK.Click();
+  EXPECT_FALSE(main.InertiaSet) << "nobody has touched the load";
+  expected.RunCurrent = 3.2, expected.IdlePercent = 95, expected.IdleDelay = 10;
+  expected.LoadInertiaUnit = 2, expected.LoadInertia = 0.0012, expected.InertiaRatio = 1.2;
+  expected.InertiaIsRatio = expected.DampingOn = expected.SmoothingOn = false;
+  Open();
+  dialog.MotorList.Select(1);
+  dialog.SliderMaxCurrent.Scroll(400);
+  dialog.IdleDelayTime.Type("12");
+  dialog.txtInertiaRatio.Type("1.23");
+  dialog.optValue.Click();
+  dialog.JUnits.Select(2);
+  dialog.txtLoadInertia.Type(" 12 ");
+  dialog.chkDampingOff.Click();
+  dialog.chkSmoothingOff.Click();
+  dialog.txtIdlePercent.Type("95");
+  main.ModelList.SetListIndex(3);
+  dialog.OK.Click();
+  EXPECT_EQ(Shown(dialog, "SliderIdleCurrent IdleLabel SliderIdleDelay SliderInertiaRatio"),
+            "90|%  (3.04 A)|1000|12|");
+  EXPECT_EQ(settings, expected);
+  EXPECT_TRUE(main.Modified && main.InertiaSet && !dialog.Visible());
+  EXPECT_EQ(main.Summary.Text(0, 0) + main.Summary.Text(1, 0), "Motor: KM23-2S-3003.2");
 }
 
 TEST_F(MotorDialogTest, SourceOfTheMotorDecidesItsCurrentAndItsLimit) {
@@ -149,43 +119,6 @@ TEST_F(MotorDialogTest, SourceOfTheMotorDecidesItsCurrentAndItsLimit) {
     EXPECT_EQ(dialog.txtDriveCurrent.Text(), current);
     EXPECT_EQ(dialog.FocusedControl(), &dialog.DefineNewMotor);
     dialog.Cancel.Click();
-  }
-}
-
-TEST_F(MotorDialogTest, OkTakesEverythingOverAndRedrawsTheGrid) {
-  Settings expected = settings;
-  expected.RunCurrent = 3.2, expected.IdlePercent = 95;
-  expected.IdleDelay = 2.5;
-  expected.LoadInertiaUnit = 2, expected.LoadInertia = 0.0012;
-  expected.InertiaIsRatio = expected.DampingOn = expected.SmoothingOn = false;
-  expected.InertiaRatio = 4.5;
-  Open();
-  dialog.MotorList.Select(1);
-  dialog.SliderMaxCurrent.Scroll(400);
-  dialog.IdleDelayTime.Type("2.5");
-  dialog.SliderInertiaRatio.Scroll(45);
-  dialog.optValue.Click();
-  dialog.JUnits.Select(2);
-  dialog.txtLoadInertia.Type(" 12 ");
-  dialog.chkDampingOff.Click();
-  dialog.chkSmoothingOff.Click();
-  dialog.txtIdlePercent.Type("95");
-  main.ModelList.SetListIndex(3);
-  dialog.OK.Click();
-  EXPECT_EQ(settings, expected);
-  EXPECT_TRUE(main.Modified && main.InertiaSet);
-  EXPECT_FALSE(dialog.Visible());
-  EXPECT_EQ(main.Summary.Text(0, 0) + main.Summary.Text(1, 0), "Motor: KM23-2S-3003.2");
-}
-
-TEST_F(MotorDialogTest, OnlyATouchedLoadCountsAsConfirmed) {
-  for (const bool touched : {false, true}) {
-    main.InertiaSet = false;
-    Open();
-    dialog.MotorList.Select(2);
-    if (touched) dialog.txtInertiaRatio.Type("4");
-    dialog.OK.Click();
-    EXPECT_EQ(main.InertiaSet, touched);
   }
 }
 
@@ -231,46 +164,35 @@ TEST(MotorDialogAlone, FirstMotorOfVeryLowCurrentStartsTheProgram) {
 
 struct EditMotorTest : MotorWindows {
   EditMotorTest() { OpenEditor(); }
-  std::string Texts() const {
-    return Shown(editor,
-                 "txtMotorName txtRatedCurrent txtRatedTorque TorqueUnit txtRotorInertia JUnits txtR "
-                 "txtL txtMaxVolts txtDeg txtRPS Gain Phase");
-  }
 };
 
-TEST_F(EditMotorTest, OpeningShowsTheCustomMotorUnlessItStandsOpen) {
-  const std::string start = "custom motor|2|118|oz in|300|g cm2|3.6|10|94|120|25|0|0|";
+TEST_F(EditMotorTest, OpeningAgainLeavesWhatIsTypedUnlessItWasClosed) {
   EXPECT_EQ(editor.FocusedControl(), &editor.txtMotorName);
-  EXPECT_EQ(Shown(editor, "SliderMaxVolts SliderGain SliderPhase"), "94|0|0|");
-  for (TextBox* left : {&editor.txtMaxVolts, &editor.Gain, &editor.Phase, &editor.txtR}) {
-    EXPECT_EQ(Texts(), start) << left->Name();
-    left->Type("51.5");
+  editor.txtMaxVolts.Type("51.5");
+  for (const char* text : {"51.5", "94"}) {
     dialog.DefineNewMotor.Click();
-    EXPECT_EQ(left->Text(), "51.5");
+    EXPECT_EQ(Shown(editor, "txtMaxVolts txtRatedTorque TorqueUnit"), text + std::string("|118|oz in|"));
     editor.RequestClose();
-    if (left != &editor.txtR) dialog.DefineNewMotor.Click();
   }
-  settings.TorqueUnit = 17, settings.InertiaUnit = -1;
-  settings.HarmonicGain = 8000, settings.MotorR = 0;
-  dialog.DefineNewMotor.Click();
-  EXPECT_EQ(Texts(), "custom motor|2|118|N m|300|kg m2|0|10|94|120|25|8000|0|");
 }
 
 TEST_F(EditMotorTest, TypedNumbersAreCleanedAndSlidersWriteTheirTexts) {
-  const std::tuple<TextBox*, const char*, const char*> typed[] = {
-      {&editor.txtR, "321", "320"},          {&editor.txtL, "-1", "0.1"},    {&editor.txtMaxVolts, "9", "10"},
-      {&editor.txtMaxVolts, "101", "100"},   {&editor.txtDeg, "361", "360"}, {&editor.txtRPS, "4", "5"},
-      {&editor.txtRPS, "101", "100"},        {&editor.Gain, "-1", "0"},      {&editor.Phase, "-129", "-128"},
-      {&editor.Phase, "129", "128"},         {&editor.txtR, "0", "0.1"},     {&editor.txtL, "999", "320"},
-      {&editor.txtMaxVolts, "55.5", "55.5"}, {&editor.txtDeg, "", "45"},     {&editor.txtRPS, "12abc", "12"},
-      {&editor.Gain, "99999", "10000"},      {&editor.Phase, "-9", "-9"},    {&editor.Gain, "5000", "5000"},
-      {&editor.txtRatedCurrent, "x", "x"}};
-  for (const auto& [box, text, cleaned] : typed) {
-    box->Type(text);
-    editor.txtMotorName.Focus();
-    EXPECT_EQ(box->Text(), cleaned) << text;
+  // What is typed and what then stands there, in turn.
+  const std::pair<TextBox*, const char*> cases[] = {{&editor.txtR, "321 320 0 0.1"},
+                                                    {&editor.txtL, "999 320 -1 0.1"},
+                                                    {&editor.txtDeg, "none 45 361 360"},
+                                                    {&editor.txtRPS, "4 5 101 100 12abc 12"},
+                                                    {&editor.Gain, "-1 0 99999 10000 5000 5000"},
+                                                    {&editor.Phase, "-129 -128 129 128 -9 -9"},
+                                                    {&editor.txtMaxVolts, "9 10 101 100 55.5 55.5"}};
+  for (const auto& [box, entries] : cases) {
+    std::istringstream words(entries);
+    for (std::string typed, cleaned; words >> typed >> cleaned;) {
+      box->Type(typed);
+      editor.txtMotorName.Focus();
+      EXPECT_EQ(box->Text(), cleaned) << typed;
+    }
   }
-  EXPECT_EQ(Shown(editor, "SliderGain SliderPhase SliderMaxVolts"), "3000|-9|94|");
   editor.SliderGain.Scroll(120);
   editor.SliderPhase.Scroll(-7);
   editor.SliderMaxVolts.Scroll(80);
@@ -280,18 +202,13 @@ TEST_F(EditMotorTest, TypedNumbersAreCleanedAndSlidersWriteTheirTexts) {
 TEST_F(EditMotorTest, OkWritesTheSettingsAndTheMotorDialogsLabelsForGood) {
   Settings expected = settings;
   static_cast<MotorRecord&>(expected) = {20, 1.50, 7, 55.5, 1.25, 2, " my motor ", 70, -8, 4, 3, 46, 6};
-  const std::pair<TextBox&, const char*> typed[] = {{editor.txtRatedCurrent, "20.0"},
-                                                    {editor.txtRatedTorque, "1.50"},
-                                                    {editor.txtRotorInertia, "7"},
-                                                    {editor.txtMaxVolts, "55.5"},
-                                                    {editor.txtR, "1.25"},
-                                                    {editor.txtL, "2"},
-                                                    {editor.Gain, "70"},
-                                                    {editor.txtMotorName, " my motor "},
-                                                    {editor.Phase, "-8"},
-                                                    {editor.txtDeg, "45.6"},
-                                                    {editor.txtRPS, "5.5"}};
-  for (const auto& [box, text] : typed) box.Type(text);
+  std::istringstream typed("20.0 1.50 7 55.5 1.25 2 70 -8 45.6 5.5");
+  std::string text;
+  for (TextBox* box :
+       {&editor.txtRatedCurrent, &editor.txtRatedTorque, &editor.txtRotorInertia, &editor.txtMaxVolts,
+        &editor.txtR, &editor.txtL, &editor.Gain, &editor.Phase, &editor.txtDeg, &editor.txtRPS})
+    typed >> text, box->Type(text);
+  editor.txtMotorName.Type(" my motor ");
   editor.TorqueUnit.Select(4);
   editor.JUnits.Select(3);
   dialog.RequestClose();

@@ -7,10 +7,7 @@ namespace kavr6 {
 namespace {
 
 using namespace std::string_literals;
-constexpr double kByte = SimulatedDrive::kByteTime;
 const std::string kPowerUp = "\xFF\x34\x29";
-
-std::string TextOf(const SimulatedDrive::Image& image) { return {image.begin(), image.end()}; }
 
 /// One tool's port with one drive behind it, in virtual time.
 struct Bench {
@@ -30,37 +27,6 @@ struct Bench {
     return {received.begin(), received.end()};
   }
 };
-
-TEST(Drive, AnswersEachCommandAtLineSpeed) {
-  const std::tuple<std::string, std::string, double> cases[] = {
-      // with the bytes on the line
-      {"y\x8E", "006B", 6},
-      {"u", TextOf(FactoryImage()), 162},
-      {"CC", "4)4)", 5},             // the second answer waits until the first has left
-      {"S0QT\r\xFFHCno", "4)", 10},  // among bytes that are no command or have no answer
-  };
-  for (const auto& [command, reply, bytes] : cases) {
-    Bench bench;
-    EXPECT_EQ(bench.Say(command, (bytes - 0.5) * kByte), reply.substr(0, reply.size() - 1)) << command;
-    EXPECT_EQ(bench.Say("", kByte), reply.substr(reply.size() - 1)) << command;
-  }
-}
-
-TEST(Drive, KeepsAnImageOverARestartAndAbandonsHalfAnImageOnlyAfterAPause) {
-  Bench bench;
-  SimulatedDrive::Image other;
-  other.fill(0xF0);
-  other[159] = 159 * 0xF0 / 256;
-  other[160] = 159 * 0xF0 % 256;
-  const std::string image = TextOf(other);
-  EXPECT_EQ(bench.Say("d" + image.substr(0, 160), 161 * kByte + 0.55), "");
-  EXPECT_EQ(bench.Say("C"), "4)");
-  EXPECT_EQ(bench.Say("d" + image.substr(0, 100), 100 * kByte + 0.45), "");
-  EXPECT_EQ(bench.Say(image.substr(100)), "\x06");
-  bench.drive.Restart();
-  EXPECT_EQ(bench.Say("u"), kPowerUp + image);
-  EXPECT_EQ(bench.Say("i4071u"), TextOf(FactoryImage()));
-}
 
 TEST(Drive, TellsAndRemembersAlarmsUntilTheyAreCleared) {
   Bench bench;

@@ -45,4 +45,14 @@ struct Scene {
   }
 };
 
+/// A test on a started scene.
+struct SceneTest : testing::Test {
+  SceneTest() { scene.Start(); }
+  void TearDown() override { scene.ExpectCalm(); }
+  Scene scene;
+  MainForm& main = scene.main;
+  Settings& settings = scene.settings;
+  Configurator& program = scene.program;
+};
+
 }  // namespace kavr6

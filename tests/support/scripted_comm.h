@@ -23,7 +23,6 @@ class ScriptedComm : public MSComm {
 
   /// Opening this port fails with `why` from now on.
   void Refuse(int port, std::string why) { refused_[port] = std::move(why); }
-  void Accept(int port) { refused_.erase(port); }
   std::string DeviceName(int) const override { return {}; }
   /// The ports opened so far, in order.
   const std::vector<int>& Opened() const { return opened_; }

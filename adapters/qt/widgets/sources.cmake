@@ -11,5 +11,6 @@ set(WIDGET_SOURCES
     widgets/lamp.cpp
     widgets/percent_panel.cpp
     widgets/picture.cpp
+    widgets/picture_button.cpp
     widgets/summary_grid.cpp
     ../../resources/artwork.qrc)

@@ -1,0 +1,47 @@
+#include "dialogs/regen_dialog.h"
+
+#include "core/numbers.h"
+#include "dialogs/numeric_entry.h"
+
+namespace kavr6 {
+
+RegenDialog::RegenDialog(MainScreen& screen, Settings& settings)
+    : SetupDialog(screen, settings, {"RegenDialog", "Regen Clamp", "regen.html"}) {
+  for (TextBox* box : {&RegenWatts, &RegenOhms, &RegenSecs}) LimitEntry(*box);
+  optIntRes.SetValue(true);
+  ShowExternal(false);
+  for (const bool external : {false, true}) {
+    (external ? optExtRes : optIntRes).Clicked.Set([this, external] {
+      ShowExternal(external);
+      screen_.Modified = true;
+    });
+  }
+}
+
+void RegenDialog::ShowExternal(bool external) {
+  for (Control* control : std::initializer_list<Control*>{&RegenWatts, &RegenOhms, &RegenSecs, &RegenExt})
+    control->SetVisible(external);
+  for (Control* control :
+       std::initializer_list<Control*>{&lblRegenWatts, &lblRegenOhms, &lblRegenSecs, &RegenInt})
+    control->SetVisible(!external);
+}
+
+void RegenDialog::Fill() {
+  RegenWatts.SetText(NumberText(settings_.RegenWatts));
+  RegenSecs.SetText(NumberText(settings_.RegenSecs));
+  RegenOhms.SetText(NumberText(settings_.RegenOhms));
+  (settings_.RegenExternal ? optExtRes : optIntRes).SetValue(true);
+}
+
+void RegenDialog::Opened() { (optExtRes.Value() ? optExtRes : optIntRes).Focus(); }
+
+void RegenDialog::Commit() {
+  // The texts count also while they are hidden.
+  settings_.RegenExternal = optExtRes.Value();
+  settings_.RegenWatts = EntryNumber(RegenWatts);
+  settings_.RegenSecs = EntryNumber(RegenSecs);
+  settings_.RegenOhms = EntryNumber(RegenOhms);
+  Finish();
+}
+
+}  // namespace kavr6

@@ -1,0 +1,92 @@
+#include "dialogs/velocity_dialog.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "core/numbers.h"
+#include "dialogs/numeric_entry.h"
+#include "dialogs/pulse_settings.h"
+
+namespace kavr6 {
+namespace {
+
+constexpr int kFirstRangeOf5Volts = 2;
+
+/// A file can bring any number; one out of range becomes the end of the range.
+Long NearestLong(double value) {
+  using Limits = std::numeric_limits<Long>;
+  return ToLong(std::clamp<double>(value, Limits::min(), Limits::max()));
+}
+
+}  // namespace
+
+VelocityDialog::VelocityDialog(MainScreen& screen, Settings& settings)
+    : SetupDialog(screen, settings, {"VelocityDialog", "Velocity Control Mode", "velocity.html"}) {
+  for (TextBox* box : {&txtSpeed, &txtSpeed2, &txtAccel, &txtDecel, &CmdScale}) LimitEntry(*box);
+  for (const char* range : {"\u00B110V", "0 to 10V", "\u00B15V", "0 to 5V"}) ListAnalogRange.AddItem(range);
+  ListAnalogRange.Clicked.Set([this] { DispScaleOffset(); });
+  ListAnalogRange.SetListIndex(0);
+  chkAnalog.Clicked.Set([this] { ShowHideAnalog(); });
+  Activate.Set([this] { ShowHideAnalog(); });
+  Advanced.Clicked.Set([this] {
+    if (OpenAdvanced) OpenAdvanced();
+  });
+}
+
+void VelocityDialog::DispScaleOffset() {
+  lblAnalogUnits.SetCaption(std::string("rev/sec at ") +
+                            (ListAnalogRange.ListIndex() < kFirstRangeOf5Volts ? "+10V" : "+5V"));
+}
+
+void VelocityDialog::ShowHideAnalog() {
+  const bool analog = chkAnalog.Value();
+  for (Control* control : std::initializer_list<Control*>{&FrameAnalog, &ListAnalogRange, &CmdScale,
+                                                          &Advanced, &lblAnalogUnits, &lblRange, &lblSpeed})
+    control->SetEnabled(analog);
+  for (Control* control : std::initializer_list<Control*>{&lblSpeedUnit, &txtSpeed, &FrameSpeed})
+    control->SetEnabled(!analog);
+}
+
+void VelocityDialog::Fill() { FillVelocityDialog(*this, settings_); }
+
+void VelocityDialog::Opened() { chkRunStop.Focus(); }
+
+void VelocityDialog::Commit() {
+  settings_.MotionOutMode = MotionOut.Mode();
+  settings_.StepsPerRev = kFixedStepsPerRev;
+  settings_.OpMode = kOpPulseOrVelocity;
+  settings_.ControlMode = kControlVelocity;
+  settings_.TwoSpeeds = chk2Speeds.Value();
+  settings_.RunStop = chkRunStop.Value();
+  settings_.AnalogVelocity = chkAnalog.Value();
+  settings_.Speed2 = EntryNumber(txtSpeed2);
+  settings_.Speed = EntryNumber(txtSpeed);
+  settings_.Accel = EntryNumber(txtAccel);
+  settings_.Decel = EntryNumber(txtDecel);
+  settings_.AnalogRange = ToInteger(ListAnalogRange.ListIndex());
+  settings_.CmdScale = EntryNumber(CmdScale);
+  settings_.AnalogTypeFlag = true;
+  settings_.AnalogDeadband = PendingDeadband;
+  settings_.AnalogFilter = PendingFilter;
+  settings_.CmdOffset = PendingOffset;
+  ShowModeName(screen_, settings_);
+  Finish();
+}
+
+void FillVelocityDialog(VelocityDialog& dialog, const Settings& settings) {
+  dialog.MotionOut.Show(settings.MotionOutMode);
+  dialog.chk2Speeds.SetValue(settings.TwoSpeeds);
+  dialog.chkAnalog.SetValue(settings.AnalogVelocity);
+  dialog.chkRunStop.SetValue(settings.RunStop);
+  dialog.txtSpeed.SetText(NumberText(settings.Speed));
+  dialog.txtSpeed2.SetText(NumberText(settings.Speed2));
+  dialog.txtAccel.SetText(NumberText(settings.Accel));
+  dialog.txtDecel.SetText(NumberText(settings.Decel));
+  SelectIfThere(dialog.ListAnalogRange, settings.AnalogRange);
+  dialog.CmdScale.SetText(NumberText(settings.CmdScale));
+  dialog.PendingOffset = settings.CmdOffset;
+  dialog.PendingDeadband = settings.AnalogDeadband;
+  dialog.PendingFilter = NearestLong(settings.AnalogFilter);
+}
+
+}  // namespace kavr6

@@ -1,0 +1,129 @@
+#include "dialogs/vtl_dialog.h"
+
+#include <array>
+
+#include "dialogs/pulse_settings.h"
+
+namespace kavr6 {
+namespace {
+
+constexpr unsigned char kFirstAddress = '!';
+
+struct ControlModeRow {
+  Long code;
+  const char* words;
+};
+constexpr std::array kControlModes{
+    ControlModeRow{7, "Step & Direction"},
+    ControlModeRow{10, "Commanded Vel"},
+    ControlModeRow{11, "Analog Velocity"},
+    ControlModeRow{12, "Analog Vel, X1=run"},
+    ControlModeRow{13, "Analog Vel, X5=change speed"},
+    ControlModeRow{14, "Analog Vel, X1=run, X5=change speed"},
+    ControlModeRow{15, "Fixed Velocity"},
+    ControlModeRow{16, "Fixed Vel, X1=run"},
+    ControlModeRow{17, "Fixed Vel, X5=change speed"},
+    ControlModeRow{18, "Fixed Vel, X1=run, X5=change speed"},
+    ControlModeRow{21, "Point to Point Positioning"},
+    ControlModeRow{22, "Analog Positioning"},
+};
+
+constexpr Long kAlwaysSet = 1;  // of ProtocolFlags
+
+struct ProtocolBit {
+  CheckBox VTLdialog::*box;
+  Long bit;
+};
+constexpr std::array kProtocolBits{
+    ProtocolBit{&VTLdialog::chkAddress, 2},
+    ProtocolBit{&VTLdialog::chkAckNak, 4},
+    ProtocolBit{&VTLdialog::chkConverter, 16},
+    ProtocolBit{&VTLdialog::chkRedLion, 32},
+};
+
+}  // namespace
+
+VTLdialog::VTLdialog(MainScreen& screen, Settings& settings)
+    : SetupDialog(screen, settings, {"VTLdialog", "VTL Configuration", "VTLdialog.html"}) {
+  for (const ControlModeRow& mode : kControlModes)
+    ListCM.AddItem(std::to_string(mode.code) + ": " + mode.words, mode.code);
+  for (const char* rate : {"9600", "19200", "38400", "57600", "115200"}) LstBitRate.AddItem(rate);
+  for (const char* type : {"Pulse & Direction", "CW & CCW Pulse", "A/B Quadrature"})
+    ListPulseType.AddItem(type);
+  for (TextBox* box : {&txtTxDelay, &SPR, &txtStepFilterFreq, &txtNoiseFilter}) LimitEntry(*box);
+  MakeAddressButtons();
+  ListCM.Clicked.Set([this] { ShowPulseFrames(); });
+  for (ListBox* list : {&ListCM, &LstBitRate, &ListPulseType}) list->SetListIndex(0);
+}
+
+void VTLdialog::MakeAddressButtons() {
+  for (std::size_t i = 0; i < RSchar.size(); ++i) {
+    const std::string address = CharacterOf(static_cast<std::uint8_t>(kFirstAddress + i));
+    // A lone ampersand in a caption would mark a mnemonic.
+    RSchar[i] =
+        std::make_unique<Button>(*this, "RSchar" + std::to_string(i), address == "&" ? "&&" : address);
+    RSchar[i]->Clicked.Set([this, address] {
+      txtRS485addr.SetText(address);
+      txtRS485addr.Focus();  // Enter is OK then, not this button once more
+    });
+  }
+}
+
+bool VTLdialog::PulseChosen() const { return ListCM.ItemData(ListCM.ListIndex()) == kControlPulse; }
+
+void VTLdialog::ShowPulseFrames() {
+  for (Frame* frame : {&FramePulseType, &FrameSPR, &FrameStepFilter, &FrameNoiseFilter})
+    frame->SetVisible(PulseChosen());
+}
+
+void VTLdialog::OpenFor(Long mode) {
+  if (Visible() && Mode != mode) Hide();
+  Mode = mode;
+  SetCaption(mode == kOpWyProgram ? "Wy Configuration" : "VTL Configuration");
+  Open();
+}
+
+void VTLdialog::Fill() { FillVTLdialog(*this, settings_); }
+
+void VTLdialog::Opened() { ListCM.Focus(); }
+
+void VTLdialog::Commit() {
+  settings_.RS485Addr = txtRS485addr.Text();
+  settings_.TxDelay = EntryLong(txtTxDelay);
+  settings_.PowerUpMode = ListCM.ItemData(ListCM.ListIndex());
+  settings_.StepsPerRev = PulseChosen() ? EntryLong(SPR) : kFixedStepsPerRev;
+  settings_.OpMode = Mode;
+  settings_.ControlMode = settings_.PowerUpMode;
+  if (PulseChosen()) CommitPulses();
+  settings_.ProtocolFlags = kAlwaysSet;
+  for (const ProtocolBit& protocol : kProtocolBits)
+    if ((this->*protocol.box).Value()) settings_.ProtocolFlags |= protocol.bit;
+  settings_.BitRateCode = LstBitRate.ListIndex() + 1;
+  ShowModeName(screen_, settings_);
+  Finish();
+}
+
+void VTLdialog::CommitPulses() {
+  settings_.PulseType = ListPulseType.ListIndex();
+  settings_.DirIsCW = optDir1.Value();
+  settings_.StepFilterFreq = EntryLong(txtStepFilterFreq);
+  settings_.NoiseFilter = NoiseFilterOf(txtNoiseFilter);
+}
+
+void FillVTLdialog(VTLdialog& dialog, const Settings& settings) {
+  SelectIfThere(dialog.ListPulseType, settings.PulseType);
+  (settings.DirIsCW ? dialog.optDir1 : dialog.optDir0).SetValue(true);
+  dialog.txtStepFilterFreq.SetText(NumberText(settings.StepFilterFreq));
+  dialog.SPR.SetText(NumberText(settings.StepsPerRev));
+  dialog.txtTxDelay.SetText(NumberText(settings.TxDelay));
+  dialog.txtNoiseFilter.SetText(NoiseFilterText(settings.NoiseFilter));
+  dialog.txtRS485addr.SetText(settings.RS485Addr);
+  if (settings.BitRateCode > 0) SelectIfThere(dialog.LstBitRate, settings.BitRateCode - 1);
+  for (const ProtocolBit& protocol : kProtocolBits)
+    (dialog.*protocol.box).SetValue((settings.ProtocolFlags & protocol.bit) != 0);
+  dialog.ListCM.SetListIndex(0);
+  for (int row = 0; row < dialog.ListCM.Count(); ++row)
+    if (dialog.ListCM.ItemData(row) == settings.PowerUpMode) dialog.ListCM.SetListIndex(row);
+}
+
+}  // namespace kavr6
