@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <regex>
 
 #include <gtest/gtest.h>
 
@@ -22,14 +21,18 @@ std::string RowOf(const ImageField& field) {
   return row + " |";
 }
 
+bool IsFieldRow(const std::string& line) {
+  return line.size() > 2 && line[0] == '|' && std::isdigit(line[2]) != 0;
+}
+
 TEST(ImagePage, HasTheRowsOfTheTable) {
-  std::vector<std::string> rows, page;
+  std::vector<std::string> rows;
   for (const ImageField& field : ImageLayout()) rows.push_back(RowOf(field));
+  std::vector<std::string> page;
   std::ifstream text(kFile);
   for (std::string line; std::getline(text, line);) page.push_back(line);
-  const auto isRow = [](const std::string& line) { return std::regex_match(line, std::regex("\\| \\d.*")); };
-  const auto place = std::find_if(page.begin(), page.end(), isRow);
-  const auto end = std::find_if_not(place, page.end(), isRow);
+  const auto place = std::find_if(page.begin(), page.end(), IsFieldRow);
+  const auto end = std::find_if_not(place, page.end(), IsFieldRow);
   if (std::getenv("KAVR6_REWRITE_DOCS") == nullptr) {
     EXPECT_EQ(std::vector(place, end), rows);
     return;
