@@ -1,5 +1,4 @@
 #include <QElapsedTimer>
-#include <QTimer>
 
 #include "apps/tour/tour.h"
 
@@ -14,7 +13,7 @@ void Tour::RefuseDownload() {
 
 void Tour::Download() {
   stage_.Step("Download: with the load inertia set there is no question");
-  QTimer::singleShot(150, [this] { stage_.Picture(Main(), "download-under-way"); });
+  desktop_.CallAfter(0.15, [this] { stage_.Picture(Main(), "download-under-way"); });
   QElapsedTimer time;
   time.start();
   stage_.Click(Main(), "Download");
@@ -45,7 +44,7 @@ void Tour::Upload() {
 
 void Tour::LoseTheLine() {
   stage_.Step("The line is unplugged in the middle of an upload");
-  QTimer::singleShot(100, [this] { drive_.Order("unplug"); });
+  desktop_.CallAfter(0.1, [this] { drive_.Order("unplug"); });
   stage_.AnswerNextBox("We are having trouble uploading", QMessageBox::Ok, "upload-problem");
   stage_.AnswerNextBox("The drive is not responding", QMessageBox::Ok);
   stage_.Click(Main(), "Upload");
@@ -72,7 +71,7 @@ void Tour::FindItAgain() {
 
 void Tour::ShowCredits() {
   stage_.Step("Help, About");
-  QTimer::singleShot(100, [this] {
+  desktop_.CallAfter(0.1, [this] {
     QWidget& about = stage_.Window("About");
     stage_.Picture(about, "about");
     stage_.Click(about, "OK");

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QPalette>
-#include <QTimer>
 
 #include "adapters/qt/forms.h"
 
@@ -41,7 +40,7 @@ QWidget& Tour::OpenBy(const char* picture, const char* form) {
 
 void Tour::Start() {
   stage_.Step("The program starts: splash, then the main screen");
-  QTimer::singleShot(0, [this] { stage_.Picture(stage_.Window("StartForm"), "splash"); });
+  desktop_.CallAfter(0.0, [this] { stage_.Picture(stage_.Window("StartForm"), "splash"); });
   program_.Start();
   stage_.Pause(0.2);
   stage_.Check(Main().windowTitle().startsWith("KAVR6 Configurator  V"),
