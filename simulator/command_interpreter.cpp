@@ -14,7 +14,8 @@ void CommandInterpreter::SetTextMode(bool on) {
 }
 
 void CommandInterpreter::Take(std::uint8_t byte) {
-  if (scheduler_.Now() - lastByteAt_ > kPause) pending_.clear();
+  if (scheduler_.Now() - lastByteAt_ > kPause && !pending_.empty())
+    Report(std::exchange(pending_, {}), false);
   lastByteAt_ = scheduler_.Now();
   if (textMode_) {
     TakeText(static_cast<char>(byte));

@@ -1,4 +1,5 @@
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
@@ -10,6 +11,11 @@
 
 namespace kavr6 {
 namespace {
+
+/// Alt and a letter that is no mnemonic here: it would replace the selected text.
+bool IsMissedMnemonic(const QKeyEvent& key) {
+  return key.modifiers() == Qt::AltModifier && !key.text().isEmpty() && key.text()[0].isPrint();
+}
 
 /// Text and selection of one text box, both ways. Lives as long as its widget.
 class LineEditTie : public QObject {
@@ -45,6 +51,8 @@ class LineEditTie : public QObject {
   // A click into a field that did not have the focus puts the cursor where it hit and so takes back the
   // selection that comes with entering; unless the user has drawn one, the whole text is selected again.
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress && IsMissedMnemonic(static_cast<const QKeyEvent&>(*event)))
+      return true;
     if (event->type() == QEvent::FocusIn) {
       enteredByMouse_ = static_cast<const QFocusEvent*>(event)->reason() == Qt::MouseFocusReason;
     } else if (event->type() == QEvent::MouseButtonRelease && std::exchange(enteredByMouse_, false) &&

@@ -166,6 +166,8 @@ TEST_F(Bound, UsersActionsReachTheControlsOnce) {
   note("button", form.button.Clicked, [this] { return form.FocusedControl() == &form.button; });
   const QPoint second = window.list->visualItemRect(window.list->item(1)).center();
   QTest::keyClicks(window.text, "12");
+  QKeyEvent missedMnemonic(QEvent::KeyPress, Qt::Key_U, Qt::AltModifier, "u");
+  QApplication::sendEvent(window.text, &missedMnemonic);
   QTest::mouseClick(window.list->viewport(), Qt::LeftButton, {}, second);
   window.check->click();
   window.check->click();
