@@ -2,6 +2,8 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEvent>
+#include <QGuiApplication>
 #include <QListWidget>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -59,9 +61,40 @@ RefreshView BindCombo(ListBox& list, QComboBox& combo, const UserAction& act) {
   return ShowList(list, combo);
 }
 
+/// Shades the selected row of a list that does not have the focus: typing there picks another row, so a
+/// person must see where the focus is.
+class FocusShade : public QObject {
+ public:
+  explicit FocusShade(QListWidget& view) : QObject(&view), view_(view) {
+    view.installEventFilter(this);
+    Shade(!view.hasFocus());
+  }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+      Shade(event->type() == QEvent::FocusOut);
+    return false;
+  }
+
+ private:
+  void Shade(bool on) {
+    QPalette palette;
+    if (on) {
+      const QPalette usual = QGuiApplication::palette();
+      palette.setColor(QPalette::Highlight, usual.color(QPalette::Mid));
+      palette.setColor(QPalette::HighlightedText, usual.color(QPalette::Text));
+    }
+    view_.setPalette(palette);
+  }
+
+  QListWidget& view_;
+};
+
 RefreshView BindListView(ListBox& list, QListWidget& view, const UserAction& act) {
   view.setSelectionMode(QAbstractItemView::SingleSelection);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  new FocusShade(view);
   QObject::connect(&view, &QListWidget::itemSelectionChanged, &view, [&list, &view, act] {
     act([&list, &view] {
       if (const int row = SelectedRow(view); row >= 0) list.Select(row);
