@@ -3,7 +3,6 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QEvent>
-#include <QGuiApplication>
 #include <QListWidget>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -81,9 +80,10 @@ class FocusShade : public QObject {
   void Shade(bool on) {
     QPalette palette;
     if (on) {
-      const QPalette usual = QGuiApplication::palette();
-      palette.setColor(QPalette::Highlight, usual.color(QPalette::Mid));
-      palette.setColor(QPalette::HighlightedText, usual.color(QPalette::Text));
+      for (const auto group : {QPalette::Active, QPalette::Inactive}) {  // a greyed list looks so itself
+        palette.setColor(group, QPalette::Highlight, palette.color(group, QPalette::Mid));
+        palette.setColor(group, QPalette::HighlightedText, palette.color(group, QPalette::Text));
+      }
     }
     view_.setPalette(palette);
   }
@@ -107,6 +107,18 @@ RefreshView BindListView(ListBox& list, QListWidget& view, const UserAction& act
   return ShowList(list, view);
 }
 
+/// The toolkit's group for the buttons of a model's group: its arrow keys move within it.
+QButtonGroup& ButtonGroupOf(const OptionButton& option, const QRadioButton& button) {
+  const QString name = "group" + QString::number(reinterpret_cast<quintptr>(&option.Group()));
+  QWidget* const window = button.window();
+  auto* group = window->findChild<QButtonGroup*>(name);
+  if (group == nullptr) {
+    group = new QButtonGroup(window);
+    group->setObjectName(name);
+  }
+  return *group;
+}
+
 }  // namespace
 
 RefreshView BindListBox(Control& control, QObject& target, const UserAction& act) {
@@ -127,22 +139,6 @@ RefreshView BindCheckBox(Control& control, QObject& target, const UserAction& ac
     box->setChecked(check.Value());
   };
 }
-
-namespace {
-
-/// The toolkit's group for the buttons of a model's group: its arrow keys move within it.
-QButtonGroup& ButtonGroupOf(const OptionButton& option, const QRadioButton& button) {
-  const QString name = "group" + QString::number(reinterpret_cast<quintptr>(&option.Group()));
-  QWidget* const window = button.window();
-  auto* group = window->findChild<QButtonGroup*>(name);
-  if (group == nullptr) {
-    group = new QButtonGroup(window);
-    group->setObjectName(name);
-  }
-  return *group;
-}
-
-}  // namespace
 
 RefreshView BindOptionButton(Control& control, QObject& target, const UserAction& act) {
   auto* const button = qobject_cast<QRadioButton*>(&target);

@@ -4,7 +4,9 @@
 #include <QSaveFile>
 #include <cerrno>
 
+#ifdef Q_OS_UNIX
 #include <unistd.h>
+#endif
 
 #include "adapters/qt/text.h"
 #include "platform/runtime_error.h"
@@ -60,7 +62,10 @@ void RequireReplaceable(const QFileInfo& file) {
 }
 
 [[noreturn]] void FailWriting(int systemError) {
-  if (systemError == ENOSPC || systemError == EDQUOT) Fail(kDiskFull, "the disk is full");
+#ifdef Q_OS_UNIX
+  if (systemError == EDQUOT) Fail(kDiskFull, "the disk is full");
+#endif
+  if (systemError == ENOSPC) Fail(kDiskFull, "the disk is full");
   Fail(kDeviceError, WithSmallInitial(qt_error_string(systemError)));
 }
 
@@ -70,8 +75,10 @@ void WriteAll(QSaveFile& file, std::string_view content) {
     if (written <= 0) FailWriting(errno);
     content.remove_prefix(static_cast<std::size_t>(written));
   }
+#ifdef Q_OS_UNIX
   // Some disks tell only now that they are full; some cannot be asked.
   if (::fsync(file.handle()) != 0 && errno != EINVAL && errno != ENOTSUP) FailWriting(errno);
+#endif
 }
 
 }  // namespace

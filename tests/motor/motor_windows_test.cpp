@@ -152,6 +152,14 @@ TEST(MotorDialogAlone, HelpButtonsOpenTheirPagesOrAreGrey) {
   EXPECT_EQ(pages, "ConfigSoftware_Motor.html Connecting_the_Motor.html ");
   EXPECT_FALSE(scene.program.CustomMotorSetup.Help.Enabled());
   EXPECT_TRUE(dialog.MoreOrLess.Caption() == "Less" && dialog.OtherMore.Visible());
+
+  Scene noViewer;
+  noViewer.Start();
+  noViewer.main.IO.Click();
+  const MotorDialog& motor = noViewer.program.MotorSetup;
+  const IOdialog& io = noViewer.program.IOSetup;
+  for (const Button* button : {&motor.Help, &motor.Wiring, &io.Help, &io.Wiring, &io.ShowHistory})
+    EXPECT_FALSE(button->Enabled()) << button->Name();
 }
 
 // Once the least current of a scroll and a limit below it chased each other without end.
