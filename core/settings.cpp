@@ -20,7 +20,7 @@ void InitMotor(MotorRecord& motor) {
 
 void InitMotion(Settings& s) {
   s.ControlMode = kControlPulse;
-  s.PowerUpMode = 21;
+  s.PowerUpMode = kControlPointToPoint;
   s.CmdScale = 10.0;
   s.AnalogGain = 8000;
   s.OpMode = kOpPulseOrVelocity;
@@ -86,9 +86,9 @@ std::string NameOf(const std::array<const char*, N>& names, int index) {
 
 std::string PulseName(Long pulseType) {
   switch (pulseType) {
-    case 0:
+    case kPulseAndDirection:
       return "Pulse && Direction";
-    case 2:
+    case kQuadrature:
       return "Quadrature Following";
     default:
       return "CW/CCW Pulse";

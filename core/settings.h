@@ -14,12 +14,21 @@ inline constexpr Long kOpZuProgram = 1;
 inline constexpr Long kOpVtl = 2;
 inline constexpr Long kOpPulseOrVelocity = 3;  ///< which of the two, ControlMode says
 inline constexpr Long kOpHub = 4;
+inline constexpr Long kOpVtlToo = 5;  ///< as kOpVtl; comes from files and drives alone
 inline constexpr Long kOpWyProgram = 7;
 // Control modes (ControlMode) that decide something here.
 inline constexpr Long kControlPulse = 7;
-inline constexpr Long kControlPointToPoint = 21;
 inline constexpr Long kControlVelocity = 11;      ///< in the image packed with its options,
 inline constexpr Long kControlVelocityLast = 18;  ///< up to this code
+inline constexpr Long kControlPointToPoint = 21;
+// Kinds of pulses (PulseType); whatever else comes from a file or a drive is shown as one of these.
+inline constexpr Long kPulseAndDirection = 0;
+inline constexpr Long kCwCcwPulse = 1;
+inline constexpr Long kQuadrature = 2;
+/// StepsPerRev of every mode but the pulse modes.
+inline constexpr Long kFixedStepsPerRev = 20000;
+/// Mode of a dedicated input or output that is not used.
+inline constexpr Long kNotUsed = 3;
 
 /// What makes a motor: the custom motor of the settings, or a motor named by a file or a drive.
 /// Torque and inertia are in the unit of their index. A new one is all zero and empty.

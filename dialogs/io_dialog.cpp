@@ -6,8 +6,7 @@
 namespace kavr6 {
 namespace {
 
-// Modes of the dedicated inputs and outputs; each has its own two, and 3 where it is not used.
-constexpr Long kNotUsed = 3;
+// Modes of the dedicated inputs and outputs; each has its own, and kNotUsed.
 constexpr Long kEnableOpen = 1;
 constexpr Long kEnableClosed = 2;
 constexpr Long kAlarmReset = 1;

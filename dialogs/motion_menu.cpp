@@ -1,12 +1,9 @@
 #include "dialogs/motion_menu.h"
 
 #include "core/drive_models.h"
-#include "dialogs/pulse_settings.h"
 
 namespace kavr6 {
 namespace {
-
-constexpr Long kOpVtlToo = 5;  // comes from files and drives alone
 
 /// What the selected model can do beyond the modes that all have; nothing without one.
 DriveModel ModelOf(const MainScreen& screen) {

@@ -5,7 +5,6 @@ namespace {
 
 constexpr Long kOpen = 1;
 constexpr Long kClosed = 2;
-constexpr Long kNotUsed = 3;
 constexpr Long kFirstTach = 4;
 
 }  // namespace

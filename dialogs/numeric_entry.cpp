@@ -13,6 +13,7 @@ namespace {
 
 using enum EntryForm;
 
+// That some limits of like fields differ is how the drives want it.
 constexpr std::array kLimits{
     EntryLimits{"MotorDialog", "txtDriveCurrent", 0.5, 6, Hundredths, 100},
     EntryLimits{"MotorDialog", "txtIdlePercent", 0, 100, Whole, 1},
@@ -79,8 +80,6 @@ std::string EntryText(double value, EntryForm form) {
 }
 
 }  // namespace
-
-std::span<const EntryLimits> EntryLimitsTable() { return kLimits; }
 
 const EntryLimits& LimitsOf(const TextBox& box) {
   const auto row = std::find_if(kLimits.begin(), kLimits.end(), [&](const EntryLimits& limits) {

@@ -2,7 +2,6 @@
 // field is left.
 #pragma once
 
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -31,11 +30,7 @@ struct EntryLimits {
   int sliderFactor = 0;  ///< slider value of 1.0; 0: no slider follows the text
 };
 
-/// All fields with limits, in the units that stand beside them. That some limits of like fields differ is
-/// how the drives want it.
-std::span<const EntryLimits> EntryLimitsTable();
-
-/// The row of this field; a field without one is a std::logic_error.
+/// The row of this field, in the unit that stands beside it; a field without one is a std::logic_error.
 const EntryLimits& LimitsOf(const TextBox& box);
 
 /// The number at the beginning of `text` (PrefixNumber) within `min` to `max`.

@@ -1,12 +1,12 @@
 #include "dialogs/pulse_dir_dialog.h"
 
-#include "dialogs/pulse_settings.h"
+#include "dialogs/numeric_entry.h"
 
 namespace kavr6 {
 
 PulseDirDialog::PulseDirDialog(MainScreen& screen, Settings& settings)
-    : SetupDialog(screen, settings, {"PulseDirDialog", "Pulse & Direction Control", "DigitalPosn.html"}) {
-  for (TextBox* box : {&SPR, &txtStepFilterFreq, &txtNoiseFilter}) LimitEntry(*box);
+    : PulseInputDialog(screen, settings,
+                       {"PulseDirDialog", "Pulse & Direction Control", "DigitalPosn.html"}) {
   for (OptionButton* type : {&optPulseDir, &optPulsePulse, &optQuad})
     type->Clicked.Set([this] { ShowHideOptions(); });
   Activate.Set([this] { ShowHideOptions(); });
@@ -28,9 +28,7 @@ void PulseDirDialog::Commit() {
   settings_.PulseType = optPulseDir.Value()     ? kPulseAndDirection
                         : optPulsePulse.Value() ? kCwCcwPulse
                                                 : kQuadrature;
-  settings_.DirIsCW = optDir1.Value();  // also while it is hidden
-  settings_.StepFilterFreq = EntryLong(txtStepFilterFreq);
-  settings_.NoiseFilter = NoiseFilterOf(txtNoiseFilter);
+  CommitPulseInputs();
   ShowModeName(screen_, settings_);
   Finish();
 }
@@ -40,10 +38,7 @@ void FillPulseDirDialog(PulseDirDialog& dialog, const Settings& settings) {
                        : settings.PulseType == kQuadrature ? dialog.optQuad
                                                            : dialog.optPulseDir;
   type.SetValue(true);
-  (settings.DirIsCW ? dialog.optDir1 : dialog.optDir0).SetValue(true);
-  dialog.txtStepFilterFreq.SetText(NumberText(settings.StepFilterFreq));
-  dialog.txtNoiseFilter.SetText(NoiseFilterText(settings.NoiseFilter));
-  dialog.SPR.SetText(NumberText(settings.StepsPerRev));
+  dialog.ShowPulseInputs(settings);
 }
 
 }  // namespace kavr6

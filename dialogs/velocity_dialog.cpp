@@ -5,7 +5,6 @@
 
 #include "core/numbers.h"
 #include "dialogs/numeric_entry.h"
-#include "dialogs/pulse_settings.h"
 
 namespace kavr6 {
 namespace {

@@ -2,7 +2,8 @@
 
 #include <array>
 
-#include "dialogs/pulse_settings.h"
+#include "core/numbers.h"
+#include "dialogs/numeric_entry.h"
 
 namespace kavr6 {
 namespace {
@@ -44,13 +45,13 @@ constexpr std::array kProtocolBits{
 }  // namespace
 
 VTLdialog::VTLdialog(MainScreen& screen, Settings& settings)
-    : SetupDialog(screen, settings, {"VTLdialog", "VTL Configuration", "VTLdialog.html"}) {
+    : PulseInputDialog(screen, settings, {"VTLdialog", "VTL Configuration", "VTLdialog.html"}) {
   for (const ControlModeRow& mode : kControlModes)
     ListCM.AddItem(std::to_string(mode.code) + ": " + mode.words, mode.code);
   for (const char* rate : {"9600", "19200", "38400", "57600", "115200"}) LstBitRate.AddItem(rate);
   for (const char* type : {"Pulse & Direction", "CW & CCW Pulse", "A/B Quadrature"})
     ListPulseType.AddItem(type);
-  for (TextBox* box : {&txtTxDelay, &SPR, &txtStepFilterFreq, &txtNoiseFilter}) LimitEntry(*box);
+  LimitEntry(txtTxDelay);
   MakeAddressButtons();
   ListCM.Clicked.Set([this] { ShowPulseFrames(); });
   for (ListBox* list : {&ListCM, &LstBitRate, &ListPulseType}) list->SetListIndex(0);
@@ -94,7 +95,10 @@ void VTLdialog::Commit() {
   settings_.StepsPerRev = PulseChosen() ? EntryLong(SPR) : kFixedStepsPerRev;
   settings_.OpMode = Mode;
   settings_.ControlMode = settings_.PowerUpMode;
-  if (PulseChosen()) CommitPulses();
+  if (PulseChosen()) {
+    settings_.PulseType = ListPulseType.ListIndex();
+    CommitPulseInputs();
+  }
   settings_.ProtocolFlags = kAlwaysSet;
   for (const ProtocolBit& protocol : kProtocolBits)
     if ((this->*protocol.box).Value()) settings_.ProtocolFlags |= protocol.bit;
@@ -103,20 +107,10 @@ void VTLdialog::Commit() {
   Finish();
 }
 
-void VTLdialog::CommitPulses() {
-  settings_.PulseType = ListPulseType.ListIndex();
-  settings_.DirIsCW = optDir1.Value();
-  settings_.StepFilterFreq = EntryLong(txtStepFilterFreq);
-  settings_.NoiseFilter = NoiseFilterOf(txtNoiseFilter);
-}
-
 void FillVTLdialog(VTLdialog& dialog, const Settings& settings) {
   SelectIfThere(dialog.ListPulseType, settings.PulseType);
-  (settings.DirIsCW ? dialog.optDir1 : dialog.optDir0).SetValue(true);
-  dialog.txtStepFilterFreq.SetText(NumberText(settings.StepFilterFreq));
-  dialog.SPR.SetText(NumberText(settings.StepsPerRev));
+  dialog.ShowPulseInputs(settings);
   dialog.txtTxDelay.SetText(NumberText(settings.TxDelay));
-  dialog.txtNoiseFilter.SetText(NoiseFilterText(settings.NoiseFilter));
   dialog.txtRS485addr.SetText(settings.RS485Addr);
   if (settings.BitRateCode > 0) SelectIfThere(dialog.LstBitRate, settings.BitRateCode - 1);
   for (const ProtocolBit& protocol : kProtocolBits)

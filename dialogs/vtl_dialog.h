@@ -4,14 +4,13 @@
 #include <array>
 #include <memory>
 
-#include "dialogs/setup_dialog.h"
+#include "dialogs/pulse_input_dialog.h"
 
 namespace kavr6 {
 
-/// Window "VTLdialog": host commands in VTL (Mode 2) or a programmable drive (Mode 7).
-class VTLdialog : public SetupDialog {
-  OptionGroup direction_;
-
+/// Window "VTLdialog": host commands in VTL (Mode 2) or a programmable drive (Mode 7). The frames of the
+/// pulse inputs show in control mode 7 alone.
+class VTLdialog : public PulseInputDialog {
  public:
   VTLdialog(MainScreen& screen, Settings& settings);
 
@@ -26,16 +25,8 @@ class VTLdialog : public SetupDialog {
   TextBox txtRS485addr{*this, "txtRS485addr"};
   std::array<std::unique_ptr<Button>, kAddresses> RSchar;  ///< named "RSchar0" to "RSchar31"
   TextBox txtTxDelay{*this, "txtTxDelay"};                 ///< ms
-  Frame FramePulseType{*this, "FramePulseType"};  ///< this and the next three frames: for pulses only
-  ListBox ListPulseType{*this, "ListPulseType"};  ///< the row is PulseType
-  OptionButton optDir0{*this, "optDir0", direction_};
-  OptionButton optDir1{*this, "optDir1", direction_};
-  Frame FrameSPR{*this, "FrameSPR"};
-  TextBox SPR{*this, "SPR"};
-  Frame FrameStepFilter{*this, "FrameStepFilter"};
-  TextBox txtStepFilterFreq{*this, "txtStepFilterFreq"};  ///< Hz
+  ListBox ListPulseType{*this, "ListPulseType"};           ///< the row is PulseType
   Frame FrameNoiseFilter{*this, "FrameNoiseFilter"};
-  TextBox txtNoiseFilter{*this, "txtNoiseFilter"};  ///< MHz
 
   /// The operating mode that OK sets.
   Long Mode = kOpVtl;
@@ -53,7 +44,6 @@ class VTLdialog : public SetupDialog {
   void MakeAddressButtons();
   bool PulseChosen() const;
   void ShowPulseFrames();
-  void CommitPulses();
 };
 
 void FillVTLdialog(VTLdialog& dialog, const Settings& settings);

@@ -19,8 +19,6 @@ inline constexpr double kCurrentSteps = 100;  ///< a current in hundredths of an
 inline constexpr double kPercentSteps = 10;
 inline constexpr std::size_t kNameWidth = 13;
 
-inline constexpr Long kNotUsed = 3;
-
 inline void PutByte(Byte* at, std::int64_t value) {
   if (value < 0 || value > 0xFF) RaiseOverflow();
   *at = static_cast<Byte>(value);

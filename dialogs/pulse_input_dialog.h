@@ -1,0 +1,31 @@
+// What the dialogs that set pulse inputs have in common.
+#pragma once
+
+#include "dialogs/setup_dialog.h"
+
+namespace kavr6 {
+
+class PulseInputDialog : public SetupDialog {
+  OptionGroup direction_;
+
+ public:
+  PulseInputDialog(MainScreen& screen, Settings& settings, const SetupDialogTexts& texts);
+
+  Frame FramePulseType{*this, "FramePulseType"};
+  OptionButton optDir0{*this, "optDir0", direction_};
+  OptionButton optDir1{*this, "optDir1", direction_};
+  Frame FrameSPR{*this, "FrameSPR"};
+  TextBox SPR{*this, "SPR"};
+  Frame FrameStepFilter{*this, "FrameStepFilter"};
+  TextBox txtStepFilterFreq{*this, "txtStepFilterFreq"};  ///< Hz
+  TextBox txtNoiseFilter{*this, "txtNoiseFilter"};        ///< MHz; kept in kHz
+
+  /// Fills direction, steps per revolution and filters.
+  void ShowPulseInputs(const Settings& settings);
+
+ protected:
+  /// Writes direction and filters. The direction counts also while its choice is hidden.
+  void CommitPulseInputs();
+};
+
+}  // namespace kavr6
