@@ -2,9 +2,9 @@
 #include <benchmark/benchmark.h>
 
 #include "adapters/sqlite/sqlite_table.h"
-#include "core/configurator.h"
+#include "core/program/configurator.h"
 #include "image/parameter_image.h"
-#include "platform/headless_desktop.h"
+#include "platform/headless/headless_desktop.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/scripted_comm.h"
 

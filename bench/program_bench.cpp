@@ -21,7 +21,7 @@
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/sqlite/motor_catalogue.h"
 #include "adapters/sqlite/sqlite_table.h"
-#include "core/configurator.h"
+#include "core/program/configurator.h"
 
 namespace kavr6 {
 namespace {

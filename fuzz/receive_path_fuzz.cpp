@@ -9,7 +9,7 @@
 #include "core/drive_models.h"
 #include "core/main_screen.h"
 #include "link/receive_path.h"
-#include "platform/headless_desktop.h"
+#include "platform/headless/headless_desktop.h"
 #include "tests/support/scripted_comm.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "image/parameter_image.h"
-#include "platform/headless_desktop.h"
+#include "platform/headless/headless_desktop.h"
 #include "platform/runtime_error.h"
 #include "tests/support/catalogue.h"
 

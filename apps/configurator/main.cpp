@@ -9,7 +9,7 @@
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/sqlite/sqlite_table.h"
-#include "core/configurator.h"
+#include "core/program/configurator.h"
 
 int main(int argc, char** argv) {
   using namespace kavr6;

@@ -6,7 +6,7 @@
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/sqlite/sqlite_table.h"
 #include "apps/tour/stage.h"
-#include "core/configurator.h"
+#include "core/program/configurator.h"
 
 namespace kavr6 {
 

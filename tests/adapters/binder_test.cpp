@@ -10,7 +10,7 @@
 #include "adapters/qt/widgets/connector_line.h"
 #include "adapters/qt/widgets/percent_panel.h"
 #include "adapters/qt/widgets/summary_grid.h"
-#include "platform/headless_desktop.h"
+#include "platform/headless/headless_desktop.h"
 #include "tests/support/scene.h"
 
 namespace kavr6 {

@@ -6,7 +6,7 @@
 
 #include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/serial/serial_comm.h"
-#include "core/configurator.h"
+#include "core/program/configurator.h"
 #include "tests/support/catalogue.h"
 #include "tests/support/memory_files.h"
 

@@ -4,7 +4,7 @@
 
 #include "dialogs/advanced_settings.h"
 #include "link/receive_path.h"
-#include "platform/headless_desktop.h"
+#include "platform/headless/headless_desktop.h"
 #include "tests/support/scene.h"
 #include "tests/support/scripted_comm.h"
 

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "image/parameter_image.h"
-#include "platform/headless_desktop.h"
+#include "platform/headless/headless_desktop.h"
 #include "tests/support/catalogue.h"
 #include "tests/support/error_of.h"
 

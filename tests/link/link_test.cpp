@@ -6,7 +6,7 @@
 #include "link/comm_ports.h"
 #include "link/drive_identity.h"
 #include "link/receive_path.h"
-#include "platform/headless_desktop.h"
+#include "platform/headless/headless_desktop.h"
 #include "tests/support/scripted_comm.h"
 
 namespace kavr6 {

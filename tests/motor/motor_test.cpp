@@ -4,10 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "core/numbers.h"
+#include "motor/dialogs/motor_dialog.h"
 #include "motor/motor_calculations.h"
-#include "motor/motor_dialog.h"
 #include "motor/motor_units.h"
-#include "platform/headless_desktop.h"
+#include "platform/headless/headless_desktop.h"
 #include "tests/support/error_of.h"
 #include "tests/support/memory_table.h"
 

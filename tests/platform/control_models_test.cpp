@@ -4,7 +4,7 @@
 
 #include "platform/controls.h"
 #include "platform/form.h"
-#include "platform/headless_desktop.h"
+#include "platform/headless/headless_desktop.h"
 
 namespace kavr6 {
 namespace {

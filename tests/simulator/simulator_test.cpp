@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/headless_desktop.h"
+#include "platform/headless/headless_desktop.h"
 #include "simulator/simulated_comm.h"
 
 namespace kavr6 {

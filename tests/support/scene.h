@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/configurator.h"
-#include "platform/headless_desktop.h"
+#include "core/program/configurator.h"
+#include "platform/headless/headless_desktop.h"
 #include "simulator/simulated_comm.h"
 #include "simulator/simulated_drive.h"
 #include "tests/support/catalogue.h"

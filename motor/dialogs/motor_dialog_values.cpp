@@ -3,9 +3,9 @@
 
 #include "core/numbers.h"
 #include "dialogs/numeric_entry.h"
-#include "motor/motor_dialog.h"
+#include "motor/dialogs/motor_dialog.h"
+#include "motor/dialogs/unit_list.h"
 #include "motor/motor_units.h"
-#include "motor/unit_list.h"
 
 namespace kavr6 {
 namespace {

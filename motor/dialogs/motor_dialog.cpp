@@ -1,10 +1,10 @@
-#include "motor/motor_dialog.h"
+#include "motor/dialogs/motor_dialog.h"
 
 #include <utility>
 #include <vector>
 
 #include "dialogs/numeric_entry.h"
-#include "motor/unit_list.h"
+#include "motor/dialogs/unit_list.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {

@@ -1,4 +1,4 @@
-#include "platform/headless_desktop.h"
+#include "platform/headless/headless_desktop.h"
 
 #include <algorithm>
 

@@ -2,16 +2,16 @@
 #pragma once
 
 #include "config_file/config_files.h"
-#include "core/main_form.h"
+#include "core/program/main_form.h"
+#include "core/program/start_form.h"
 #include "core/settings.h"
-#include "core/start_form.h"
 #include "dialogs/advanced_settings.h"
 #include "dialogs/encoder_dialog.h"
 #include "dialogs/io_dialog.h"
 #include "dialogs/motion_menu.h"
 #include "dialogs/regen_dialog.h"
-#include "motor/edit_motor.h"
-#include "motor/motor_dialog.h"
+#include "motor/dialogs/edit_motor.h"
+#include "motor/dialogs/motor_dialog.h"
 #include "motor/motor_table.h"
 
 namespace kavr6 {

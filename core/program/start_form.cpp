@@ -1,4 +1,4 @@
-#include "core/start_form.h"
+#include "core/program/start_form.h"
 
 namespace kavr6 {
 

@@ -11,8 +11,8 @@
 #include "link/comm_ports.h"
 #include "link/drive_identity.h"
 #include "link/receive_path.h"
+#include "motor/dialogs/motor_dialog.h"
 #include "motor/motor_calculations.h"
-#include "motor/motor_dialog.h"
 #include "reports/summary_grid.h"
 
 namespace kavr6 {

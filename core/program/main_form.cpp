@@ -1,4 +1,4 @@
-#include "core/main_form.h"
+#include "core/program/main_form.h"
 
 #include <array>
 #include <utility>

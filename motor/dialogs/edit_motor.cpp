@@ -1,11 +1,11 @@
-#include "motor/edit_motor.h"
+#include "motor/dialogs/edit_motor.h"
 
 #include <utility>
 
 #include "core/numbers.h"
 #include "dialogs/numeric_entry.h"
+#include "motor/dialogs/unit_list.h"
 #include "motor/motor_units.h"
-#include "motor/unit_list.h"
 
 namespace kavr6 {
 namespace {

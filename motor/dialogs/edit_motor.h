@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "motor/motor_dialog.h"
+#include "motor/dialogs/motor_dialog.h"
 
 namespace kavr6 {
 

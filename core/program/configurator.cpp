@@ -1,4 +1,4 @@
-#include "core/configurator.h"
+#include "core/program/configurator.h"
 
 namespace kavr6 {
 
