@@ -16,7 +16,7 @@ struct Bench {
   ScriptedComm comm{desktop};
   SqliteTable table;
   MemoryFiles files;
-  Configurator program{desktop, comm, table, files};
+  Configurator program{{desktop, comm, table, files}};
 
   Bench() {
     InitVars(program.settings);
@@ -30,7 +30,7 @@ void ImageBuild(benchmark::State& state) {
   Bench b;
   ParameterImage image{};
   for (auto _ : state) {
-    DownloadString(image, b.program.settings, b.program.motorTable, b.program.Main.Calculations);
+    DownloadString(image, b.program.settings, b.program.motorTable, b.program.limits);
     StoreChecksum(image);
     benchmark::DoNotOptimize(image);
   }
@@ -40,7 +40,7 @@ BENCHMARK(ImageBuild);
 void ImageDecode(benchmark::State& state) {
   Bench b;
   ParameterImage image{};
-  DownloadString(image, b.program.settings, b.program.motorTable, b.program.Main.Calculations);
+  DownloadString(image, b.program.settings, b.program.motorTable, b.program.limits);
   for (auto _ : state) benchmark::DoNotOptimize(DecodeImage(image, b.program.settings));
 }
 BENCHMARK(ImageDecode);
@@ -51,7 +51,7 @@ void ReceivePathText(benchmark::State& state) {
   b.comm.SetPortOpen(true);
   const Bytes chunk(static_cast<std::size_t>(state.range(0)), 'A');
   for (auto _ : state) {
-    b.program.Main.GlobalBuffer.clear();
+    b.program.state.GlobalBuffer.clear();
     b.comm.Feed(chunk);
     Delay(b.desktop, 1e-6);  // the clock of a desktop without a screen stands still unless it is told to wait
   }

@@ -64,7 +64,7 @@ class BenchDesktop : public QtDesktop {
 
 struct Program {
   explicit Program(const std::filesystem::path& folder)
-      : desktop(folder), comm(desktop, folder / "ports"), configurator(desktop, comm, table, files) {}
+      : desktop(folder), comm(desktop, folder / "ports"), configurator({desktop, comm, table, files}) {}
   BenchDesktop desktop;
   SerialComm comm;
   SqliteTable table;
@@ -123,7 +123,7 @@ int Work(const std::filesystem::path& folder) {
   program.configurator.Start();
   MainForm& main = program.configurator.Main;
   MeasureRest(program, "with a drive");
-  main.InertiaSet = true;
+  state.InertiaSet = true;
   std::vector<double> downloads;
   std::vector<double> uploads;
   for (int i = 0; i < 5; ++i) {

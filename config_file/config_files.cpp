@@ -3,31 +3,12 @@
 #include <filesystem>
 
 #include "config_file/settings_file.h"
+#include "core/drive_models.h"
 #include "core/numbers.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
 namespace {
-
-/// The row under the cursor. A motor that came from a file or a drive has no winding: what is empty counts 0.
-MotorRecord SelectedRow(const MotorTable& table) {
-  const auto number = [&](const char* column) { return table.IsEmpty(column) ? 0.0 : table.Number(column); };
-  MotorRecord row;
-  row.MotorName = table.Text("part number");
-  row.RatedCurrent = number("current");
-  row.RatedTorque = number("Torque");
-  row.TorqueUnit = ToInteger(number("TorqueUnit"));
-  row.RotorInertia = number("inertia");
-  row.InertiaUnit = ToInteger(number("InertiaUnit"));
-  row.HarmonicGain = ToLong(number("harmonic gain"));
-  row.HarmonicPhase = ToLong(number("harmonic phase"));
-  row.MotorR = number("R");
-  row.MotorL = number("L");
-  row.LeadAngleRps = ToLong(number("leadangle rps"));
-  row.LeadAngleDeg = ToLong(number("leadangle deg"));
-  row.MaxVoltsPct = number("PWMmaxPct");
-  return row;
-}
 
 std::string FolderOf(const std::string& name) {
   const std::u8string folder =
@@ -35,35 +16,32 @@ std::string FolderOf(const std::string& name) {
   return {folder.begin(), folder.end()};
 }
 
-void SelectRow(ListBox& list, int row, const std::string& what) {
-  if (row < -1 || row >= list.Count())
+void CheckRow(int row, int count, const std::string& what) {
+  if (row < -1 || row >= count)
     throw RuntimeError(380, "there is no " + what + " with the index " + std::to_string(row));
-  list.SetListIndex(row);
 }
 
 }  // namespace
 
 std::string ConfigFiles::ChooseFile(FileDialog::Purpose purpose) {
-  FileDialogState& dialog = screen_.SaveFile;
-  std::string name = screen_.Screen().ChooseFile({.purpose = purpose,
-                                                  .filter = dialog.Filter,
-                                                  .defaultExtension = dialog.DefaultExt,
-                                                  .folder = dialog.InitDir});
+  FileDialogState& dialog = SaveFile;
+  std::string name = p_.desk.ChooseFile({.purpose = purpose,
+                                         .filter = dialog.Filter,
+                                         .defaultExtension = dialog.DefaultExt,
+                                         .folder = dialog.InitDir});
   if (!name.empty()) dialog.InitDir = FolderOf(name);
   return name;
 }
 
-void ConfigFiles::ShowError(const std::string& text) { screen_.Screen().Ask({.text = text}); }
-
 std::string ConfigFiles::FileText() const {
-  return WriteSettingsFile({.version = screen_.AppVersion,
-                            .model = ToInteger(screen_.ModelList.ListIndex()),
-                            .port = ToInteger(screen_.CommList.ListIndex())},
-                           settings_, SelectedRow(motorTable_));
+  return WriteSettingsFile({.version = p_.state.AppVersion,
+                            .model = ToInteger(p_.state.ModelIndex),
+                            .port = ToInteger(p_.state.CommIndex)},
+                           p_.settings, RecordOf(p_.motorTable.Row()));
 }
 
 void ConfigFiles::MenuSave() {
-  if (screen_.FileName.empty()) {
+  if (p_.state.FileName.empty()) {
     DoSaveAs();
   } else {
     DoSave();
@@ -74,37 +52,58 @@ void ConfigFiles::MenuSaveAs() { DoSaveAs(); }
 
 std::optional<std::string> ConfigFiles::WriteFile(const std::string& name) {
   try {
-    files_.Replace(name, FileText());
+    p_.files.Replace(name, FileText());
     return std::nullopt;
   } catch (const RuntimeError& error) {
-    return error.what();
+    return std::string("Error saving file: ") + error.what();
   }
 }
 
+bool ConfigFiles::MayReplaceUnread() {
+  if (p_.state.FileName != unread_) return true;
+  const BoxAnswer answer = p_.desk.Ask(
+      {.text = "This file could not be read to its end when it was opened:\n\n" + unread_ +
+               "\n\nSaving replaces it by the settings as they stand on the screen.  Do you really want to "
+               "replace the file?",
+       .icon = BoxIcon::Question,
+       .title = "Save",
+       .buttons = BoxButtons::OkCancel});
+  return answer == BoxAnswer::Ok;
+}
+
 void ConfigFiles::DoSave() {
-  if (const auto error = WriteFile(screen_.FileName)) {
-    ShowError("Error saving file: " + *error);
+  if (!MayReplaceUnread()) return;
+  if (const auto error = WriteFile(p_.state.FileName)) {
+    p_.desk.Ask({.text = *error});
     return;
   }
-  screen_.Modified = false;
+  unread_.clear();
+  p_.state.Modified = false;
 }
 
 void ConfigFiles::DoSaveAs() {
   const std::string name = ChooseFile(FileDialog::Purpose::Save);
   if (name.empty()) return;
   const auto error = WriteFile(name);
-  ShowTitle(screen_, name);  // also after an error
+  p_.state.TitleName = name;  // also after an error
   if (error) {
-    ShowError("Error saving file: " + *error);
+    p_.desk.Ask({.text = *error});
     return;
   }
-  screen_.FileName = name;
-  screen_.Modified = false;
+  if (name == unread_) unread_.clear();
+  p_.state.FileName = name;
+  p_.state.Modified = false;
+}
+
+void ConfigFiles::RescueSettings() {
+  const std::string name = ChooseFile(FileDialog::Purpose::Save);
+  if (name.empty()) return;
+  if (const auto error = WriteFile(name)) p_.desk.Ask({.text = *error, .icon = BoxIcon::Critical});
 }
 
 void ConfigFiles::MenuOpen() {
-  if (screen_.Modified) {
-    const BoxAnswer answer = screen_.Screen().Ask(
+  if (p_.state.Modified) {
+    const BoxAnswer answer = p_.desk.Ask(
         {.text =
              "You have made changes without Saving or Downloading.  Do you really want to open a file and "
              "replace your program?",
@@ -117,32 +116,42 @@ void ConfigFiles::MenuOpen() {
   if (name.empty()) return;
   std::string content;
   try {
-    content = files_.Read(name);
+    content = p_.files.Read(name);
   } catch (const RuntimeError&) {
-    ShowError("Error: could not open file.");
+    p_.desk.Ask({.text = "Error: could not open file."});
     return;
   }
+  unread_.clear();
   try {
     ReadData(content);
   } catch (const RuntimeError& error) {
+    unread_ = name;
     // Some errors are whole sentences.
     std::string cause = error.what();
     if (cause.ends_with('.')) cause.pop_back();
-    ShowError("Error: couldn't read file.  " + cause + ".");
+    p_.desk.Ask({.text = "Error: couldn't read file.  " + cause + "."});
   }
-  screen_.Modified = false;
-  screen_.InertiaSet = true;
-  ShowTitle(screen_, name);
-  screen_.FileName = name;
+  p_.state.Modified = false;
+  p_.state.InertiaSet = true;
+  p_.state.TitleName = name;
+  p_.state.FileName = name;
 }
 
 void ConfigFiles::ReadData(const std::string& content) {
-  const MotorRecord row = ReadSettingsFile(
-      content, settings_,
-      {.SelectModel = [this](Integer index) { SelectRow(screen_.ModelList, index, "drive model"); },
-       .SelectPort = [this](Integer index) { SelectRow(screen_.CommList, index, "serial port"); }});
+  const MotorRecord row =
+      ReadSettingsFile(content, p_.settings,
+                       {.SelectModel =
+                            [this](Integer index) {
+                              CheckRow(index, static_cast<int>(kDriveModels.size()), "drive model");
+                              p_.state.ModelIndex = index;
+                            },
+                        .SelectPort =
+                            [this](Integer index) {
+                              CheckRow(index, kPortCount, "serial port");
+                              if (SelectPort) SelectPort(index);
+                            }});
   if (AddMotorIfMissing) AddMotorIfMissing(row);
-  ShowModeName(screen_, settings_);
+  ShowModeName(p_.state, p_.settings);
   if (SummarizeAll) SummarizeAll();
 }
 

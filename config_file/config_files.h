@@ -5,20 +5,39 @@
 #include <optional>
 #include <string>
 
-#include "core/main_screen.h"
+#include "core/drive_state.h"
 #include "core/settings.h"
 #include "motor/motor_table.h"
-#include "platform/file_dialog.h"
+#include "platform/desktop.h"
 #include "platform/file_store.h"
 
 namespace kavr6 {
 
-/// The commands Open, Save and Save As of the main screen. All of it outlives this.
+/// What the questions for a file, to open, save or print, have in common.
+struct FileDialogState {
+  std::string Filter = "Configurator Files|*.cnf";
+  std::string DefaultExt = "cnf";
+  std::string InitDir;  ///< where the next one begins, UTF-8
+};
+
+/// What the file commands work on; all of it outlives them.
+struct ConfigFilesParts {
+  Desktop& desk;
+  DriveState& state;
+  Settings& settings;
+  MotorTable& motorTable;
+  FileStore& files;
+};
+
+/// The commands Open, Save and Save As of the main screen.
 class ConfigFiles {
  public:
-  ConfigFiles(MainScreen& screen, Settings& settings, MotorTable& motorTable, FileStore& files)
-      : screen_(screen), settings_(settings), motorTable_(motorTable), files_(files) {}
+  explicit ConfigFiles(const ConfigFilesParts& parts) : p_(parts) {}
 
+  FileDialogState SaveFile;
+
+  /// Selects a row of the port list as if the user had.
+  std::function<void(int row)> SelectPort;
   std::function<void(const MotorRecord&)> AddMotorIfMissing;
   std::function<void()> SummarizeAll;
 
@@ -26,25 +45,30 @@ class ConfigFiles {
   /// end is told in a box and counts as opened all the same.
   void MenuOpen();
   /// Saves under the name in use, or as MenuSaveAs without one. A failure is told in a box; the file in place
-  /// is then as it was.
+  /// is then as it was. A file that could not be read to its end is not written over without a question.
   void MenuSave();
   void MenuSaveAs();
+  /// Saves a copy under a name of the user's choice when the program is about to end with an error: neither
+  /// FileName nor Modified change, and a failure is told in a box.
+  void RescueSettings();
+
+  /// The settings as the text of a file. RuntimeError for a number that cannot be written.
+  std::string FileText() const;
+  /// Replaces the settings by what a file holds, with all that goes with it. RuntimeError where it cannot be
+  /// read to its end; what stands before that place has been taken then.
+  void ReadData(const std::string& content);
 
  private:
   void DoSave();
   void DoSaveAs();
+  bool MayReplaceUnread();
   /// Empty when the user gives up. The next dialog begins where this one ended.
   std::string ChooseFile(FileDialog::Purpose purpose);
-  /// The text of the error, if there was one.
+  /// What to tell where it went wrong.
   std::optional<std::string> WriteFile(const std::string& name);
-  std::string FileText() const;
-  void ReadData(const std::string& content);
-  void ShowError(const std::string& text);
 
-  MainScreen& screen_;
-  Settings& settings_;
-  MotorTable& motorTable_;
-  FileStore& files_;
+  ConfigFilesParts p_;
+  std::string unread_;  // name of a file that could not be read to its end
 };
 
 }  // namespace kavr6

@@ -143,6 +143,11 @@ double Divide(double numerator, double denominator) {
 
 std::string NumberText(double value) { return PlainText(DecimalOf(value, kDoubleDigits)); }
 std::string NumberText(float value) { return PlainText(DecimalOf(static_cast<double>(value), kFloatDigits)); }
+std::string ShownNumber(double value) {
+  const auto single = static_cast<float>(value);
+  return static_cast<double>(single) == value ? NumberText(single) : NumberText(value);
+}
+
 std::string NumberText(Long value) { return std::to_string(value); }
 
 std::string FormatNumber(double value, std::string_view picture) {

@@ -23,6 +23,8 @@ double Divide(double numerator, double denominator);
 std::string NumberText(double value);
 std::string NumberText(float value);
 std::string NumberText(Long value);
+/// For the screen: a double that holds a single, such as 3.2F, is shown as that single, "3.2".
+std::string ShownNumber(double value);
 
 /// The number that the whole text is, blanks around it allowed: sign, digits, decimal point, exponent as in
 /// "1E-05". RuntimeError: Type mismatch for any other text, Overflow beyond the range of a double.

@@ -3,7 +3,6 @@
 #include "core/numbers.h"
 #include "dialogs/numeric_entry.h"
 #include "image/byte_codec.h"
-#include "link/comm_ports.h"
 #include "link/drive_identity.h"
 
 namespace kavr6 {
@@ -14,12 +13,10 @@ constexpr double kReplyLimit = 0.5;  // seconds
 
 }  // namespace
 
-AdvancedSettings::AdvancedSettings(MainScreen& screen, Settings& settings, VelocityDialog& velocity,
-                                   MSComm& comm)
-    : SetupDialog(screen, settings,
-                  {"AdvancedSettings", "Advanced Analog Settings", "velocity.html#AdvancedAnalog"}),
+AdvancedSettings::AdvancedSettings(const SetupParts& parts, VelocityDialog& velocity, const DriveLine& line)
+    : SetupDialog(parts, {"AdvancedSettings", "Advanced Analog Settings", "velocity.html#AdvancedAnalog"}),
       velocity_(velocity),
-      comm_(comm) {
+      line_(line) {
   for (TextBox* box : {&txtCmdOffset, &txtAnalogDeadband, &txtAnalogFilter}) LimitEntry(*box);
   AutoOffset.Clicked.Set([this] { AutoOffsetClick(); });
 }
@@ -43,27 +40,24 @@ void AdvancedSettings::Commit() {
 void AdvancedSettings::AutoOffsetClick() {
   if (measuring_) return;  // events run meanwhile, a second click among them
   measuring_ = true;
-  const BoxAnswer answer = Screen().Ask(
+  const BoxAnswer answer = Desk().Ask(
       {.text = "Make sure analog input to drive is set for zero.", .buttons = BoxButtons::OkCancel});
   if (answer == BoxAnswer::Ok) MeasureOffset();
   measuring_ = false;
 }
 
 void AdvancedSettings::MeasureOffset() {
-  comm_.Input();
-  screen_.CommandActive = true;
-  PauseBeforeCommand(screen_);
-  comm_.SetRThreshold(0);
-  comm_.Output(OffsetCommand(screen_.DspRev, screen_.MinorRev));
-  if (AwaitBytes(Screen(), comm_, kReplySize, kReplyLimit)) {
-    const Bytes reply = comm_.Input();
+  state_.CommandActive = true;
+  PauseBeforeCommand(line_);
+  LineHold hold(line_, 0);
+  line_.comm.Output(OffsetCommand(state_.DspRev, state_.MinorRev));
+  if (hold.Await(kReplySize, kReplyLimit)) {
+    const Bytes reply = hold.Read();
     txtCmdOffset.SetText(NumberText(ImageReader(reply).SignedStr2Num16() / 2.0));
-    screen_.Modified = true;
+    state_.Modified = true;
   } else {
-    Screen().Ask({.text = kDriveNotResponding});
+    Desk().Ask({.text = kDriveNotResponding});
   }
-  comm_.SetRThreshold(1);
-  screen_.CommandActive = false;
 }
 
 std::string OffsetCommand(float revision, const std::string& letter) {

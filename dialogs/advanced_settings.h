@@ -3,7 +3,7 @@
 
 #include "dialogs/setup_dialog.h"
 #include "dialogs/velocity_dialog.h"
-#include "platform/mscomm.h"
+#include "link/drive_line.h"
 
 namespace kavr6 {
 
@@ -11,7 +11,7 @@ namespace kavr6 {
 /// takes them into the settings. Auto Offset asks the drive.
 class AdvancedSettings : public SetupDialog {
  public:
-  AdvancedSettings(MainScreen& screen, Settings& settings, VelocityDialog& velocity, MSComm& comm);
+  AdvancedSettings(const SetupParts& parts, VelocityDialog& velocity, const DriveLine& line);
 
   TextBox txtCmdOffset{*this, "txtCmdOffset"};            ///< mV
   TextBox txtAnalogDeadband{*this, "txtAnalogDeadband"};  ///< mV
@@ -28,7 +28,7 @@ class AdvancedSettings : public SetupDialog {
   void MeasureOffset();
 
   VelocityDialog& velocity_;
-  MSComm& comm_;
+  DriveLine line_;
   bool measuring_ = false;
 };
 

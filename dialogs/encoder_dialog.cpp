@@ -12,9 +12,8 @@ constexpr double kCountsPerLine = 4;
 
 }  // namespace
 
-EncoderDialog::EncoderDialog(MainScreen& screen, Settings& settings)
-    : SetupDialog(screen, settings,
-                  {"EncoderDialog", "Encoder Feedback (optional)", "ConnectingEncoder.html"}) {
+EncoderDialog::EncoderDialog(const SetupParts& parts)
+    : SetupDialog(parts, {"EncoderDialog", "Encoder Feedback (optional)", "ConnectingEncoder.html"}) {
   for (TextBox* box : {&txtEncCounts, &txtMaxTorque, &txtAttempts}) LimitEntry(*box);
   txtEncCounts.Change.Set([this] { ShowLines(); });
   optCW.Clicked.Set([this] { DC7encpic.SetImage(kPhaseBA); });

@@ -10,7 +10,7 @@ class EncoderDialog : public SetupDialog {
   OptionGroup turn_;
 
  public:
-  EncoderDialog(MainScreen& screen, Settings& settings);
+  EncoderDialog(const SetupParts& parts);
 
   TextBox txtEncCounts{*this, "txtEncCounts"};  ///< counts per turn
   Label lblLines{*this, "lblLines"};            ///< tells of the settings, not of the text being typed

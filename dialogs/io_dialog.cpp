@@ -17,8 +17,8 @@ constexpr Long kBrakeOpens = 2;
 
 }  // namespace
 
-IOdialog::IOdialog(MainScreen& screen, Settings& settings, MSComm& comm)
-    : SetupDialog(screen, settings, {"IOdialog", "I/O Configuration", "ConfigSoftware_InputsOutputs.html"}),
+IOdialog::IOdialog(const SetupParts& parts, MSComm& comm)
+    : SetupDialog(parts, {"IOdialog", "I/O Configuration", "ConfigSoftware_InputsOutputs.html"}),
       comm_(comm) {
   for (TextBox* box : {&txtBrakeDelay, &txtBrakeEngage, &txtMaxAccel}) LimitEntry(*box);
   optBrakeClose.SetValue(true);

@@ -14,7 +14,7 @@ class IOdialog : public SetupDialog {
   OptionGroup brake_;
 
  public:
-  IOdialog(MainScreen& screen, Settings& settings, MSComm& comm);
+  IOdialog(const SetupParts& parts, MSComm& comm);
 
   OptionButton optServoClosed{*this, "optServoClosed", enable_};
   OptionButton optServoOpen{*this, "optServoOpen", enable_};

@@ -6,18 +6,19 @@ namespace kavr6 {
 namespace {
 
 /// What the selected model can do beyond the modes that all have; nothing without one.
-DriveModel ModelOf(const MainScreen& screen) {
-  const int model = screen.ModelList.ListIndex();
+DriveModel ModelOf(const DriveState& state) {
+  const int model = state.ModelIndex;
   return model < 0 ? DriveModel{} : kDriveModels.at(static_cast<std::size_t>(model));
 }
 
 }  // namespace
 
-MotionMenu::MotionMenu(MainScreen& screen, Settings& settings, PulseDirDialog& pulseDir,
-                       VelocityDialog& velocity, VTLdialog& vtl)
-    : Form(screen.Screen(), "MotionMenu"),
-      screen_(screen),
-      settings_(settings),
+MotionMenu::MotionMenu(const SetupParts& parts, PulseDirDialog& pulseDir, VelocityDialog& velocity,
+                       VTLdialog& vtl)
+    : Form(parts.over.Desk(), "MotionMenu"),
+      over_(parts.over),
+      state_(parts.state),
+      settings_(parts.settings),
       pulseDir_(pulseDir),
       velocity_(velocity),
       vtl_(vtl) {
@@ -61,15 +62,15 @@ void MotionMenu::WireModes() {
 }
 
 void MotionMenu::ShowMode() {
-  ShowModeName(screen_, settings_);
+  ShowModeName(state_, settings_);
   if (SummarizeMotion) SummarizeMotion();
   Hide();
 }
 
-void MotionMenu::Load() { CenterOn(screen_, *this); }
+void MotionMenu::Load() { CenterOn(over_, *this); }
 
 void MotionMenu::MotionClick() {
-  if (Screen().ShiftDown()) {
+  if (Desk().ShiftDown()) {
     OpenDialogOfMode();
   } else {
     Show();
@@ -91,13 +92,13 @@ void MotionMenu::OpenDialogOfMode() {
 }
 
 void MotionMenu::OfferModes() {
-  const DriveModel model = ModelOf(screen_);
+  const DriveModel model = ModelOf(state_);
   WyProgram.SetEnabled(model.wyProgram);
   ZuProgram.SetEnabled(model.zuProgram);
 }
 
 Button* MotionMenu::ButtonOfPresentMode() {
-  const DriveModel model = ModelOf(screen_);
+  const DriveModel model = ModelOf(state_);
   switch (settings_.OpMode) {
     case kOpZuProgram:
       return model.zuProgram ? &ZuProgram : &VTLmode;

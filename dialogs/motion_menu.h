@@ -11,8 +11,7 @@ namespace kavr6 {
 /// offers what the selected drive model can do.
 class MotionMenu : public Form {
  public:
-  MotionMenu(MainScreen& screen, Settings& settings, PulseDirDialog& pulseDir, VelocityDialog& velocity,
-             VTLdialog& vtl);
+  MotionMenu(const SetupParts& parts, PulseDirDialog& pulseDir, VelocityDialog& velocity, VTLdialog& vtl);
 
   Button PulseDirMode{*this, "PulseDirMode", "Pulse && Direction Mode"};
   Button VelocityMode{*this, "VelocityMode", "Velocity (Oscillator) Mode"};
@@ -37,7 +36,8 @@ class MotionMenu : public Form {
   Button* ButtonOfPresentMode();
   void ShowMode();
 
-  MainScreen& screen_;
+  const Form& over_;
+  DriveState& state_;
   Settings& settings_;
   PulseDirDialog& pulseDir_;
   VelocityDialog& velocity_;

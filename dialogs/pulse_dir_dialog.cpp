@@ -4,9 +4,8 @@
 
 namespace kavr6 {
 
-PulseDirDialog::PulseDirDialog(MainScreen& screen, Settings& settings)
-    : PulseInputDialog(screen, settings,
-                       {"PulseDirDialog", "Pulse & Direction Control", "DigitalPosn.html"}) {
+PulseDirDialog::PulseDirDialog(const SetupParts& parts)
+    : PulseInputDialog(parts, {"PulseDirDialog", "Pulse & Direction Control", "DigitalPosn.html"}) {
   for (OptionButton* type : {&optPulseDir, &optPulsePulse, &optQuad})
     type->Clicked.Set([this] { ShowHideOptions(); });
   Activate.Set([this] { ShowHideOptions(); });
@@ -29,7 +28,7 @@ void PulseDirDialog::Commit() {
                         : optPulsePulse.Value() ? kCwCcwPulse
                                                 : kQuadrature;
   CommitPulseInputs();
-  ShowModeName(screen_, settings_);
+  ShowModeName(state_, settings_);
   Finish();
 }
 

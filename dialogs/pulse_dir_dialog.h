@@ -10,7 +10,7 @@ class PulseDirDialog : public PulseInputDialog {
   OptionGroup type_;
 
  public:
-  PulseDirDialog(MainScreen& screen, Settings& settings);
+  PulseDirDialog(const SetupParts& parts);
 
   OptionButton optPulseDir{*this, "optPulseDir", type_};
   OptionButton optPulsePulse{*this, "optPulsePulse", type_};

@@ -10,8 +10,8 @@ constexpr double kKilohertz = 1000;  // to the megahertz
 
 }  // namespace
 
-PulseInputDialog::PulseInputDialog(MainScreen& screen, Settings& settings, const SetupDialogTexts& texts)
-    : SetupDialog(screen, settings, texts) {
+PulseInputDialog::PulseInputDialog(const SetupParts& parts, const SetupDialogTexts& texts)
+    : SetupDialog(parts, texts) {
   for (TextBox* box : {&SPR, &txtStepFilterFreq, &txtNoiseFilter}) LimitEntry(*box);
 }
 

@@ -9,7 +9,7 @@ class PulseInputDialog : public SetupDialog {
   OptionGroup direction_;
 
  public:
-  PulseInputDialog(MainScreen& screen, Settings& settings, const SetupDialogTexts& texts);
+  PulseInputDialog(const SetupParts& parts, const SetupDialogTexts& texts);
 
   Frame FramePulseType{*this, "FramePulseType"};
   OptionButton optDir0{*this, "optDir0", direction_};

@@ -5,15 +5,15 @@
 
 namespace kavr6 {
 
-RegenDialog::RegenDialog(MainScreen& screen, Settings& settings)
-    : SetupDialog(screen, settings, {"RegenDialog", "Regen Clamp", "regen.html"}) {
+RegenDialog::RegenDialog(const SetupParts& parts)
+    : SetupDialog(parts, {"RegenDialog", "Regen Clamp", "regen.html"}) {
   for (TextBox* box : {&RegenWatts, &RegenOhms, &RegenSecs}) LimitEntry(*box);
   optIntRes.SetValue(true);
   ShowExternal(false);
   for (const bool external : {false, true}) {
     (external ? optExtRes : optIntRes).Clicked.Set([this, external] {
       ShowExternal(external);
-      screen_.Modified = true;
+      state_.Modified = true;
     });
   }
 }

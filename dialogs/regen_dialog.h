@@ -11,7 +11,7 @@ class RegenDialog : public SetupDialog {
   OptionGroup resistor_;
 
  public:
-  RegenDialog(MainScreen& screen, Settings& settings);
+  RegenDialog(const SetupParts& parts);
 
   Frame FrameRegen{*this, "FrameRegen"};
   OptionButton optIntRes{*this, "optIntRes", resistor_};

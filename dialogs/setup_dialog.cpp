@@ -2,8 +2,11 @@
 
 namespace kavr6 {
 
-SetupDialog::SetupDialog(MainScreen& screen, Settings& settings, const SetupDialogTexts& texts)
-    : Form(screen.Screen(), texts.name), screen_(screen), settings_(settings) {
+SetupDialog::SetupDialog(const SetupParts& parts, const SetupDialogTexts& texts)
+    : Form(parts.over.Desk(), texts.name),
+      state_(parts.state),
+      settings_(parts.settings),
+      over_(parts.over) {
   SetCaption(texts.caption);
   OK.Clicked.Set([this] { Commit(); });
   Cancel.Clicked.Set([this] { Hide(); });
@@ -11,7 +14,7 @@ SetupDialog::SetupDialog(MainScreen& screen, Settings& settings, const SetupDial
 }
 
 void SetupDialog::Load() {
-  CenterOn(screen_, *this);
+  CenterOn(over_, *this);
   Help.SetEnabled(static_cast<bool>(ShowHelp));
 }
 
@@ -29,7 +32,7 @@ void SetupDialog::Open() {
 }
 
 void SetupDialog::Finish() {
-  screen_.Modified = true;
+  state_.Modified = true;
   Hide();
   if (Summarize) Summarize();
 }

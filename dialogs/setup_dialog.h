@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "core/main_screen.h"
+#include "core/drive_state.h"
 #include "core/settings.h"
 #include "platform/controls.h"
 #include "platform/form.h"
@@ -17,11 +17,18 @@ struct SetupDialogTexts {
   std::string helpPage;
 };
 
+/// What a setup dialog works with; all of it outlives the dialog.
+struct SetupParts {
+  Form& over;  ///< the main window: dialogs are placed over its middle
+  DriveState& state;
+  Settings& settings;
+};
+
 /// A dialog that works on its controls and writes what it edits in OK alone. It stays open beside the main
 /// screen and the other dialogs.
 class SetupDialog : public Form {
  public:
-  SetupDialog(MainScreen& screen, Settings& settings, const SetupDialogTexts& texts);
+  SetupDialog(const SetupParts& parts, const SetupDialogTexts& texts);
 
   Button OK{*this, "OK", "OK", Button::Role::Default};
   Button Cancel{*this, "Cancel", "Cancel", Button::Role::Cancel};
@@ -47,10 +54,11 @@ class SetupDialog : public Form {
   /// The usual end of Commit: the settings count as changed, the dialog hides, the grid follows.
   void Finish();
 
-  MainScreen& screen_;
+  DriveState& state_;
   Settings& settings_;
 
  private:
+  const Form& over_;
   Settings filledFrom_;
 };
 

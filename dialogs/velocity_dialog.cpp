@@ -19,8 +19,8 @@ Long NearestLong(double value) {
 
 }  // namespace
 
-VelocityDialog::VelocityDialog(MainScreen& screen, Settings& settings)
-    : SetupDialog(screen, settings, {"VelocityDialog", "Velocity Control Mode", "velocity.html"}) {
+VelocityDialog::VelocityDialog(const SetupParts& parts)
+    : SetupDialog(parts, {"VelocityDialog", "Velocity Control Mode", "velocity.html"}) {
   for (TextBox* box : {&txtSpeed, &txtSpeed2, &txtAccel, &txtDecel, &CmdScale}) LimitEntry(*box);
   for (const char* range : {"\u00B110V", "0 to 10V", "\u00B15V", "0 to 5V"}) ListAnalogRange.AddItem(range);
   ListAnalogRange.Clicked.Set([this] { DispScaleOffset(); });
@@ -68,7 +68,7 @@ void VelocityDialog::Commit() {
   settings_.AnalogDeadband = PendingDeadband;
   settings_.AnalogFilter = PendingFilter;
   settings_.CmdOffset = PendingOffset;
-  ShowModeName(screen_, settings_);
+  ShowModeName(state_, settings_);
   Finish();
 }
 

@@ -9,7 +9,7 @@ namespace kavr6 {
 /// Window "VelocityDialog". Its OK puts the drive into velocity mode, whatever mode it was in.
 class VelocityDialog : public SetupDialog {
  public:
-  VelocityDialog(MainScreen& screen, Settings& settings);
+  VelocityDialog(const SetupParts& parts);
 
   CheckBox chkRunStop{*this, "chkRunStop"};
   CheckBox chkAnalog{*this, "chkAnalog"};

@@ -44,8 +44,8 @@ constexpr std::array kProtocolBits{
 
 }  // namespace
 
-VTLdialog::VTLdialog(MainScreen& screen, Settings& settings)
-    : PulseInputDialog(screen, settings, {"VTLdialog", "VTL Configuration", "VTLdialog.html"}) {
+VTLdialog::VTLdialog(const SetupParts& parts)
+    : PulseInputDialog(parts, {"VTLdialog", "VTL Configuration", "VTLdialog.html"}) {
   for (const ControlModeRow& mode : kControlModes)
     ListCM.AddItem(std::to_string(mode.code) + ": " + mode.words, mode.code);
   for (const char* rate : {"9600", "19200", "38400", "57600", "115200"}) LstBitRate.AddItem(rate);
@@ -103,7 +103,7 @@ void VTLdialog::Commit() {
   for (const ProtocolBit& protocol : kProtocolBits)
     if ((this->*protocol.box).Value()) settings_.ProtocolFlags |= protocol.bit;
   settings_.BitRateCode = LstBitRate.ListIndex() + 1;
-  ShowModeName(screen_, settings_);
+  ShowModeName(state_, settings_);
   Finish();
 }
 

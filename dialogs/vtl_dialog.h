@@ -12,7 +12,7 @@ namespace kavr6 {
 /// pulse inputs show in control mode 7 alone.
 class VTLdialog : public PulseInputDialog {
  public:
-  VTLdialog(MainScreen& screen, Settings& settings);
+  VTLdialog(const SetupParts& parts);
 
   static constexpr int kAddresses = 32;  ///< the characters "!" to "@"
 

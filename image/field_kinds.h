@@ -85,36 +85,28 @@ void WriteWord(const ImageSource& source, Byte* at) {
   PutWord(at, source.settings.*Member);
 }
 
-/// Name of a column of the motor table as a template argument.
-template <std::size_t Size>
-struct Column {
-  constexpr Column(const char (&name)[Size]) { std::copy_n(name, Size, text); }
-  constexpr std::string_view Name() const { return {text, Size - 1}; }
-  char text[Size]{};
-};
-
 // Writers of a column of the motor table's row.
-template <Column Name>
+template <auto Member>
 void WriteRowByte(const ImageSource& source, Byte* at) {
-  PutByte(at, source.row.Whole(Name.Name()));
+  PutByte(at, NeededWhole(source.row.*Member));
 }
-template <Column Name>
+template <auto Member>
 void WriteRowWord(const ImageSource& source, Byte* at) {
-  PutWord(at, source.row.Whole(Name.Name()));
+  PutWord(at, NeededWhole(source.row.*Member));
 }
-template <Column Name>
+template <auto Member>
 void WriteRowFloat(const ImageSource& source, Byte* at) {
-  PutFloat(at, source.row.Number(Name.Name()));
+  PutFloat(at, Needed(source.row.*Member));
 }
 
 /// A number of the motor in use.
-template <Column Name, auto Member>
+template <auto RowMember, auto Member>
 Long InUse(const ImageSource& source) {
-  return source.settings.CustomMotor ? source.settings.*Member : source.row.Whole(Name.Name());
+  return source.settings.CustomMotor ? source.settings.*Member : NeededWhole(source.row.*RowMember);
 }
-template <Column Name, auto Member>
+template <auto RowMember, auto Member>
 void WriteInUse(const ImageSource& source, Byte* at) {
-  PutWord(at, InUse<Name, Member>(source));
+  PutWord(at, InUse<RowMember, Member>(source));
 }
 
 // Whole rows for the fields that come back as they went.

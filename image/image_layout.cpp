@@ -12,6 +12,7 @@ namespace {
 using namespace field_kinds;
 using S = Settings;
 using M = MotorRecord;
+using R = MotorRow;
 
 constexpr double kNoiseScale = 15000;
 constexpr Long kNoiseFilterOfZero = 2000;
@@ -91,7 +92,7 @@ void ReadStallWord(ImageReader& reader, const ImageTarget& target) {
 }
 
 void WriteLeadSpeedInUse(const ImageSource& source, Byte* at) {
-  PutSpeed(at, InUse<"leadangle rps", &S::LeadAngleRps>(source));
+  PutSpeed(at, InUse<&R::LeadAngleRps, &S::LeadAngleRps>(source));
 }
 
 void ReadStallSpeed(ImageReader& reader, const ImageTarget& target) {
@@ -201,9 +202,9 @@ void ReadIdleDelay(ImageReader& reader, const ImageTarget& target) {
   target.settings.IdleDelay = reader.Str2Num16() * 0.001;
 }
 
-void WriteARgain(const ImageSource& source, Byte* at) { PutWord(at, source.calculations.ARgain()); }
+void WriteARgain(const ImageSource&, Byte* at) { PutWord(at, ARgain()); }
 
-void WriteARfreq(const ImageSource& source, Byte* at) { PutWord(at, source.calculations.ARfreq()); }
+void WriteARfreq(const ImageSource& source, Byte* at) { PutWord(at, ARfreq(source.settings, source.row)); }
 
 void ReadARfreq(ImageReader& reader, const ImageTarget& target) {
   target.uploaded.ARfreq = reader.Str2Num16();
@@ -230,18 +231,18 @@ void ReadSelector(ImageReader& reader, const ImageTarget& target) {
 
 void WriteRowCurrent(const ImageSource& source, Byte* at) {
   // The motor's current counts in single precision wherever it is used, the product included.
-  PutWord(at, double{static_cast<float>(source.row.Number("current")) * static_cast<float>(kCurrentSteps)});
+  PutWord(at, double{static_cast<float>(Needed(source.row.Current)) * static_cast<float>(kCurrentSteps)});
 }
 
 void WriteRowMaxVolts(const ImageSource& source, Byte* at) {
-  PutWord(at, source.row.Number("PWMmaxPct") * kPercentSteps);
+  PutWord(at, Needed(source.row.PWMmaxPct) * kPercentSteps);
 }
 
 void WriteRowLeadSpeed(const ImageSource& source, Byte* at) {
-  PutSpeed(at, source.row.Whole("leadangle rps"));
+  PutSpeed(at, NeededWhole(source.row.LeadAngleRps));
 }
 
-void WriteRowName(const ImageSource& source, Byte* at) { PutName(at, source.row.Text("PartNoX")); }
+void WriteRowName(const ImageSource& source, Byte* at) { PutName(at, source.row.PartNoX); }
 
 void ReadRowName(ImageReader& reader, const ImageTarget& target) {
   target.uploaded.Motor.MotorName = ReadName(reader);
@@ -264,9 +265,9 @@ constexpr auto kLayout = std::to_array<ImageField>({
     {5, 2, "StepFilterFreq", "word: value x 10", "word / 10, rounded", WriteStepFilter, ReadStepFilter},
     {7, 1, "Options", "byte of bits, see below", "byte of bits", WriteOptions, ReadOptions},
     {8, 2, "Harmonic gain in use", "word of the selected motor", "dropped",
-     WriteInUse<"harmonic gain", &S::HarmonicGain>, DropWord, kInUse},
+     WriteInUse<&R::HarmonicGain, &S::HarmonicGain>, DropWord, kInUse},
     {10, 2, "Harmonic phase in use", "word of the selected motor", "dropped",
-     WriteInUse<"harmonic phase", &S::HarmonicPhase>, DropWord, kInUse},
+     WriteInUse<&R::HarmonicPhase, &S::HarmonicPhase>, DropWord, kInUse},
     CurrentField<&S::RunCurrent>(12, "RunCurrent"),
     {14, 2, "Idle current", "word: IdlePercent x RunCurrent",
      "IdlePercent: word / RunCurrent, rounded, limited to 0 .. 90", WriteIdleCurrent, ReadIdleCurrent,
@@ -278,7 +279,7 @@ constexpr auto kLayout = std::to_array<ImageField>({
     {24, 2, "Lead angle speed in use", "word of the selected motor: value x 240", "StallSpeed: word / 240",
      WriteLeadSpeedInUse, ReadStallSpeed, kStallPlace},
     {26, 2, "Lead angle in use", "word of the selected motor", "StallAccel: word / 6",
-     WriteInUse<"leadangle deg", &S::LeadAngleDeg>, ReadStallAccel, kStallPlace},
+     WriteInUse<&R::LeadAngleDeg, &S::LeadAngleDeg>, ReadStallAccel, kStallPlace},
     WordField<&S::StallFaultMs>(28, "StallFaultMs"),
     {30, 2, "CmdScale", "signed word: value x 240", "signed word / 240", WriteCmdScale, ReadCmdScale},
     {32, 2, "CmdOffset", "signed word: value x 2", "signed word / 2, rounded", WriteCmdOffset, ReadCmdOffset},
@@ -348,25 +349,25 @@ constexpr auto kLayout = std::to_array<ImageField>({
      ReadSelector},
 
     // The standard motor, whether it is selected or not.
-    {124, 2, "Row: harmonic gain", "word", "word", WriteRowWord<"harmonic gain">,
+    {124, 2, "Row: harmonic gain", "word", "word", WriteRowWord<&R::HarmonicGain>,
      ReadWord<&M::HarmonicGain, InStandardMotor>},
-    {126, 2, "Row: harmonic phase", "word", "signed word", WriteRowWord<"harmonic phase">,
+    {126, 2, "Row: harmonic phase", "word", "signed word", WriteRowWord<&R::HarmonicPhase>,
      ReadSigned<&M::HarmonicPhase, InStandardMotor>},
     {128, 2, "Row: current", "word: value in single precision x 100", "word / 100", WriteRowCurrent,
      ReadHundredths<&M::RatedCurrent, InStandardMotor>},
-    {130, 1, "Row: TorqueUnit", "byte", "byte", WriteRowByte<"TorqueUnit">,
+    {130, 1, "Row: TorqueUnit", "byte", "byte", WriteRowByte<&R::TorqueUnit>,
      ReadByte<&M::TorqueUnit, InStandardMotor>},
-    {131, 1, "Row: InertiaUnit", "byte", "byte", WriteRowByte<"InertiaUnit">,
+    {131, 1, "Row: InertiaUnit", "byte", "byte", WriteRowByte<&R::InertiaUnit>,
      ReadByte<&M::InertiaUnit, InStandardMotor>},
-    {132, 4, "Row: Torque", "float", "float", WriteRowFloat<"Torque">,
+    {132, 4, "Row: Torque", "float", "float", WriteRowFloat<&R::Torque>,
      ReadFloat<&M::RatedTorque, InStandardMotor>},
-    {136, 4, "Row: inertia", "float", "float", WriteRowFloat<"inertia">,
+    {136, 4, "Row: inertia", "float", "float", WriteRowFloat<&R::Inertia>,
      ReadFloat<&M::RotorInertia, InStandardMotor>},
     {140, 2, "Row: PWMmaxPct", "word: value x 10", "word / 10", WriteRowMaxVolts,
      ReadPercent<&M::MaxVoltsPct, InStandardMotor>},
     {142, 2, "Row: leadangle rps", "word: value x 240", "MotorR: word / 100", WriteRowLeadSpeed,
      ReadHundredths<&M::MotorR, InStandardMotor>, kWindingPlace},
-    {144, 2, "Row: leadangle deg", "word", "MotorL: word / 100", WriteRowWord<"leadangle deg">,
+    {144, 2, "Row: leadangle deg", "word", "MotorL: word / 100", WriteRowWord<&R::LeadAngleDeg>,
      ReadHundredths<&M::MotorL, InStandardMotor>, kWindingPlace},
     {146, 13, "Row: PartNoX", "text", "text", WriteRowName, ReadRowName},
 

@@ -12,8 +12,7 @@ namespace kavr6 {
 /// What an image is written from.
 struct ImageSource {
   Settings& settings;
-  const MotorTable& row;
-  const MotorCalculations& calculations;
+  const MotorRow& row;
 };
 
 /// What an image is read into.

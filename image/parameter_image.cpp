@@ -10,9 +10,8 @@ constexpr std::size_t kChecksumSize = 2;
 
 }  // namespace
 
-void DownloadString(ParameterImage& image, Settings& settings, const MotorTable& row,
-                    const MotorCalculations& calculations) {
-  const ImageSource source{settings, row, calculations};
+void DownloadString(ParameterImage& image, Settings& settings, const MotorRow& row) {
+  const ImageSource source{settings, row};
   for (const ImageField& field : ImageLayout())
     if (field.write != nullptr) field.write(source, image.data() + field.position);
 }

@@ -7,7 +7,7 @@
 #include "core/settings.h"
 #include "image/byte_codec.h"
 #include "motor/motor_calculations.h"
-#include "motor/motor_table.h"
+#include "motor/motor_row.h"
 
 namespace kavr6 {
 
@@ -15,9 +15,8 @@ inline constexpr std::size_t kImageSize = 161;
 using ParameterImage = std::array<Byte, kImageSize>;
 
 /// Writes positions 0 to 158. Clears StallPrevent in the settings in pulse mode. A value that does not fit
-/// its field is a RuntimeError, and so is a motor table without a current row.
-void DownloadString(ParameterImage& image, Settings& settings, const MotorTable& row,
-                    const MotorCalculations& calculations);
+/// its field is a RuntimeError, and so is an empty column of the row.
+void DownloadString(ParameterImage& image, Settings& settings, const MotorRow& row);
 /// Writes ByteSum into positions 159 and 160.
 void StoreChecksum(ParameterImage& image);
 /// The last two bytes of the buffer, whatever its length, hold the sum of those before them.

@@ -1,7 +1,8 @@
 #include "image/transfers.h"
 
+#include <algorithm>
+
 #include "core/numbers.h"
-#include "link/comm_ports.h"
 
 namespace kavr6 {
 namespace {
@@ -24,179 +25,176 @@ MessageBox ChecksumBox(const std::string& what) {
 
 }  // namespace
 
-void Transfers::DownloadClick() {
-  Desktop& desktop = p_.screen.Screen();
-  if (NoCommPort(p_.comm)) {
-    desktop.Ask(
-        {.text = "Cannot download to drive: there is no comm port open.", .icon = BoxIcon::Information});
-    return;
+TransferEnd Transfers::DownloadClick() {
+  if (NoCommPort(p_.line.comm)) {
+    Ask({.text = "Cannot download to drive: there is no comm port open.", .icon = BoxIcon::Information});
+    return TransferEnd::NoPort;
   }
   if (CommitOpenDialogs) CommitOpenDialogs();
-  if (!p_.screen.InertiaSet) {
-    const BoxAnswer answer = desktop.Ask(
-        {.text = "You have not set the load inertia in the Motor Settings.  The electronic damping and "
-                 "anti-resonance will work better if you set the load inertia accurately.  Do you want to "
-                 "download your settings anyway?",
-         .icon = BoxIcon::Question,
-         .title = "Load Inertia Not Set",
-         .buttons = BoxButtons::YesNo});
-    if (answer != BoxAnswer::Yes) return;
-    p_.screen.InertiaSet = true;
-  }
-  DoDownload();
+  return InertiaConfirmed() ? DoDownload() : TransferEnd::Declined;
 }
 
-void Transfers::DoDownload() {
-  if (!p_.comm.PortOpen()) return;
-  p_.comm.Output("S");
-  if (DriveTakesSettings()) {
-    DataDownload();
+bool Transfers::InertiaConfirmed() {
+  if (State().InertiaSet) return true;
+  const BoxAnswer answer =
+      Ask({.text = "You have not set the load inertia in the Motor Settings.  The electronic damping and "
+                   "anti-resonance will work better if you set the load inertia accurately.  Do you want to "
+                   "download your settings anyway?",
+           .icon = BoxIcon::Question,
+           .title = "Load Inertia Not Set",
+           .buttons = BoxButtons::YesNo});
+  if (answer == BoxAnswer::Yes) State().InertiaSet = true;
+  return answer == BoxAnswer::Yes;
+}
+
+TransferEnd Transfers::DoDownload() {
+  if (!p_.line.comm.PortOpen()) return TransferEnd::NoPort;
+  p_.line.comm.Output("S");
+  TransferEnd end = CheckDriveAndLimits();
+  if (end == TransferEnd::Done) {
+    end = DataDownload();
     // A failed exchange clears the flag as well.
-    p_.screen.Modified = false;
+    State().Modified = false;
   }
-  p_.comm.SetRThreshold(1);
+  p_.line.comm.SetRThreshold(1);
+  return end;
 }
 
-void Transfers::DoDownloadNoCheckDrive() {
-  DataDownload();
-  p_.screen.Modified = false;
+TransferEnd Transfers::DoDownloadNoCheckDrive() {
+  const TransferEnd end = DataDownload();
+  State().Modified = false;
+  return end;
 }
 
-bool Transfers::DriveTakesSettings() {
+TransferEnd Transfers::CheckDriveAndLimits() {
   const std::string identity = p_.identity.CheckDrive();
-  if (identity.size() < 2) return false;
-  p_.screen.DspRev = RevisionOf(static_cast<unsigned char>(identity[0]));
-  p_.screen.DriveModelCode = static_cast<unsigned char>(identity[1]);
-  Desktop& desktop = p_.screen.Screen();
-  if (p_.calculations.MaxDriveCurrent() < static_cast<float>(p_.settings.RunCurrent)) {
-    desktop.Ask({.text =
-                     "The motor current setting exceeds the maximum capacity of this drive.  Please click "
-                     "the Motor button to change the current setting."});
-    return false;
+  if (identity.size() < 2) return TransferEnd::NoDrive;
+  State().DspRev = RevisionOf(static_cast<unsigned char>(identity[0]));
+  State().DriveModelCode = static_cast<unsigned char>(identity[1]);
+  if (p_.limits.MaxDriveCurrent() < static_cast<float>(p_.settings.RunCurrent)) {
+    Ask({.text = "The motor current setting exceeds the maximum capacity of this drive.  Please click "
+                 "the Motor button to change the current setting."});
+    return TransferEnd::OverLimit;
   }
-  if (p_.screen.DspRev < kTachFirmware && p_.settings.MotionOutMode > kLastSlowTachMode) {
-    desktop.Ask({.text = "You need DSP firmware 1.02 or later to use a Tach output with greater than 100 "
-                         "pulses/rev.  Please click the I/O button and change the tach setting to 100 "
-                         "pulses/rev or contact the factory for a firmware upgrade."});
-    return false;
+  if (State().DspRev < kTachFirmware && p_.settings.MotionOutMode > kLastSlowTachMode) {
+    Ask({.text = "You need DSP firmware 1.02 or later to use a Tach output with greater than 100 "
+                 "pulses/rev.  Please click the I/O button and change the tach setting to 100 "
+                 "pulses/rev or contact the factory for a firmware upgrade."});
+    return TransferEnd::OverLimit;
   }
-  return true;
+  return TransferEnd::Done;
 }
 
-void Transfers::DataDownload() {
-  p_.screen.CommandActive = true;
+void Transfers::ShowProgress(double percent) { State().Progress = ToLong(std::clamp(percent, 0.0, 100.0)); }
+
+TransferEnd Transfers::DataDownload() {
   // The answer is one byte: it must not reach the receive path.
-  p_.comm.SetRThreshold(3);
-  p_.comm.Input();
-  p_.screen.ProgBar.SetFloodPercent(0);
-  p_.comm.Output("d");
+  LineHold hold(p_.line, 3);
+  ShowProgress(0);
+  p_.line.comm.Output("d");
   ParameterImage image{};
-  DownloadString(image, p_.settings, p_.motorTable, p_.calculations);
+  DownloadString(image, p_.settings, p_.motorTable.Row());
   StoreChecksum(image);
   SendImage(image);
-  AwaitBytes(p_.screen.Screen(), p_.comm, 1, kDownloadAnswerLimit);
-  Delay(p_.screen.Screen(), kDownloadAnswerPause);
-  ReadAnswer();
-  EndExchange();
+  hold.Await(1, kDownloadAnswerLimit);
+  Delay(p_.line.desk, kDownloadAnswerPause);
+  const TransferEnd end = ReadAnswer();
+  ShowProgress(0);
+  return end;
 }
 
 void Transfers::SendImage(const ParameterImage& image) {
   for (std::size_t i = 0; i < image.size(); ++i) {
-    WriteByte(p_.comm, image[i]);
-    p_.screen.ProgBar.SetFloodPercent(ToLong(static_cast<double>(i * 100) / (kImageSize - 1)));
-    p_.screen.Screen().PumpEvents();
+    WriteByte(p_.line.comm, image[i]);
+    ShowProgress(static_cast<double>(i * 100) / (kImageSize - 1));
+    p_.line.desk.PumpEvents();
   }
 }
 
-void Transfers::ReadAnswer() {
-  if (p_.comm.InBufferCount() == 0) {
-    p_.screen.Screen().Ask(
-        {.text = "The download did not work.  Is it connected to the right port and turned on?",
+TransferEnd Transfers::ReadAnswer() {
+  if (p_.line.comm.InBufferCount() == 0) {
+    Ask({.text = "The download did not work.  Is it connected to the right port and turned on?",
          .icon = BoxIcon::Question});
-    return;
+    return TransferEnd::NoReply;
   }
-  const Byte answer = p_.comm.Input().front();
-  if (answer == kRefusal) p_.screen.Screen().Ask(ChecksumBox("The data did not download"));
-  if (answer == kAcknowledge) p_.screen.Modified = false;
+  const Byte answer = p_.line.comm.Input().front();
+  if (answer == kRefusal) {
+    Ask(ChecksumBox("The data did not download"));
+    return TransferEnd::BadSum;
+  }
+  if (answer != kAcknowledge) return TransferEnd::Unknown;
+  State().Modified = false;
+  return TransferEnd::Done;
 }
 
-void Transfers::EndExchange() {
-  p_.comm.SetRThreshold(1);
-  p_.screen.ProgBar.SetFloodPercent(0);
-  p_.screen.CommandActive = false;
-}
-
-void Transfers::UploadClick() {
-  Desktop& desktop = p_.screen.Screen();
-  if (p_.screen.Modified) {
-    const BoxAnswer answer = desktop.Ask(
-        {.text =
-             "You have made changes without Saving or Downloading.  Do you really want to upload and replace "
-             "your program?",
-         .icon = BoxIcon::Question,
-         .title = "Open",
-         .buttons = BoxButtons::OkCancel});
-    if (answer != BoxAnswer::Ok) return;
+TransferEnd Transfers::UploadClick() {
+  if (State().Modified) {
+    const BoxAnswer answer =
+        Ask({.text = "You have made changes without Saving or Downloading.  Do you really want to upload and "
+                     "replace your program?",
+             .icon = BoxIcon::Question,
+             .title = "Open",
+             .buttons = BoxButtons::OkCancel});
+    if (answer != BoxAnswer::Ok) return TransferEnd::Declined;
   }
-  if (NoCommPort(p_.comm)) {
-    desktop.Ask(
-        {.text = "Cannot upload from drive: there is no comm port open.", .icon = BoxIcon::Information});
-    return;
+  if (NoCommPort(p_.line.comm)) {
+    Ask({.text = "Cannot upload from drive: there is no comm port open.", .icon = BoxIcon::Information});
+    return TransferEnd::NoPort;
   }
-  p_.comm.Output("S");
-  if (p_.identity.SilentCheckDrive().empty()) return;
-  if (p_.identity.CheckDrive().size() < 2) return;
-  DataUpload();
+  p_.line.comm.Output("S");
+  if (p_.identity.SilentCheckDrive().empty()) return TransferEnd::NoDrive;
+  if (p_.identity.CheckDrive().size() < 2) return TransferEnd::NoDrive;
+  const TransferEnd end = DataUpload();
   p_.identity.CheckDrive();
+  return end;
 }
 
-void Transfers::DataUpload() {
-  Desktop& desktop = p_.screen.Screen();
-  p_.screen.CommandActive = true;
-  PauseBeforeCommand(p_.screen);
-  p_.comm.SetRThreshold(0);
-  p_.comm.Input();
-  p_.screen.ProgBar.SetFloodPercent(0);
-  p_.comm.Output("u");
+TransferEnd Transfers::DataUpload() {
+  State().CommandActive = true;
+  PauseBeforeCommand(p_.line);
+  LineHold hold(p_.line, 0);
+  ShowProgress(0);
+  p_.line.comm.Output("u");
   int count = 0;
-  const bool inTime =
-      AwaitBytes(p_.screen.Screen(), p_.comm, static_cast<int>(kImageSize), kUploadLimit, [&] {
-        count = p_.comm.InBufferCount();
-        p_.screen.ProgBar.SetFloodPercent(ToLong(count * 100.0 / kImageSize));
-      });
+  const bool inTime = hold.Await(static_cast<int>(kImageSize), kUploadLimit, [&] {
+    count = p_.line.comm.InBufferCount();
+    ShowProgress(count * 100.0 / kImageSize);
+  });
+  TransferEnd end = TransferEnd::NoReply;
   if (inTime) {
-    TakeUpload(p_.comm.Input());
+    end = TakeUpload(hold.Read());
   } else {
-    desktop.Ask({.text =
-                     "We are having trouble uploading tuning data from the drive. Is it connected to the "
-                     "right port and turned on?  If you are using your PC for anything processor intensive, "
-                     "such as opening a large file in another application, this can interfere with drive "
-                     "communication.",
-                 .icon = BoxIcon::Question,
-                 .title = "Tuner Upload Problem " + std::to_string(count) + " " +
-                          std::to_string(p_.comm.RThreshold())});
+    Ask({.text = "We are having trouble uploading tuning data from the drive. Is it connected to the "
+                 "right port and turned on?  If you are using your PC for anything processor intensive, "
+                 "such as opening a large file in another application, this can interfere with drive "
+                 "communication.",
+         .icon = BoxIcon::Question,
+         .title = "Tuner Upload Problem " + std::to_string(count) + " " +
+                  std::to_string(p_.line.comm.RThreshold())});
   }
-  EndExchange();
+  ShowProgress(0);
+  return end;
 }
 
-void Transfers::TakeUpload(const Bytes& buffer) {
+TransferEnd Transfers::TakeUpload(const Bytes& buffer) {
   if (!ChecksumHolds(buffer)) {
-    p_.screen.Screen().Ask(ChecksumBox("Your program did not upload"));
-    return;
+    Ask(ChecksumBox("Your program did not upload"));
+    return TransferEnd::BadSum;
   }
   ExtractUploadData(buffer);
   if (SummarizeAll) SummarizeAll();
-  p_.screen.Modified = false;
+  State().Modified = false;
+  return TransferEnd::Done;
 }
 
 void Transfers::ExtractUploadData(std::span<const Byte> buffer) {
   const UploadedMotor uploaded = DecodeImage(buffer, p_.settings);
   if (AddMotorIfMissing) AddMotorIfMissing(uploaded.Motor);
   // Works from the motor that has just been selected.
-  p_.calculations.CalcLoadInertia(uploaded.ARfreq);
-  p_.calculations.LimitContCurrent();
-  p_.calculations.LimitIdleCurrent();
-  ShowModeName(p_.screen, p_.settings);
+  CalcLoadInertia(p_.settings, p_.motorTable.Row(), uploaded.ARfreq);
+  p_.limits.LimitContCurrent();
+  p_.limits.LimitIdleCurrent();
+  ShowModeName(State(), p_.settings);
 }
 
 }  // namespace kavr6

@@ -4,29 +4,40 @@
 #include <functional>
 #include <string>
 
-#include "core/main_screen.h"
+#include "core/drive_state.h"
 #include "core/settings.h"
 #include "image/parameter_image.h"
 #include "link/drive_identity.h"
+#include "link/drive_line.h"
 #include "motor/motor_calculations.h"
 #include "motor/motor_table.h"
-#include "platform/mscomm.h"
 
 namespace kavr6 {
 
+/// How a transfer ended.
+enum class TransferEnd {
+  Done,       ///< acknowledged by the drive, or read from it with the right sum
+  Declined,   ///< the user has said no to a question
+  NoPort,     ///< no port is open
+  NoDrive,    ///< nothing has answered, or a drive that is none of the family
+  OverLimit,  ///< a setting is beyond what drive or firmware can do; nothing has been sent
+  NoReply,    ///< nothing, or not all of it, has come in time
+  BadSum,     ///< the drive has refused the sum, or that of its image does not hold
+  Unknown,    ///< the drive's answer to an image was none that is known
+};
+
 /// What the transactions work on.
 struct TransferParts {
-  MainScreen& screen;
+  DriveLine line;
   Settings& settings;
-  MSComm& comm;
   DriveIdentity& identity;
   MotorTable& motorTable;
-  MotorCalculations& calculations;
+  CurrentLimits& limits;
 };
 
 /// Both transactions with their checks and messages. Events run in every wait and after every byte sent, so a
 /// second click does start a second transaction inside the first, and a port may close under a running one:
-/// its wait then runs into its limit. RThreshold is 1 again and ProgBar 0 on every way out but a
+/// its wait then runs into its limit. RThreshold is 1 again and Progress 0 on every way out but a
 /// RuntimeError, which ends the program.
 class Transfers {
  public:
@@ -40,26 +51,29 @@ class Transfers {
   std::function<void()> SummarizeAll;
 
   /// The user's two entry points.
-  void DownloadClick();
-  void UploadClick();
+  TransferEnd DownloadClick();
+  TransferEnd UploadClick();
 
   /// Checks the drive and the limits, then sends. Modified is cleared once DataDownload has run, even when
   /// the drive did not take the image.
-  void DoDownload();
+  TransferEnd DoDownload();
   /// Sends without any check.
-  void DoDownloadNoCheckDrive();
+  TransferEnd DoDownloadNoCheckDrive();
   /// The two exchanges themselves.
-  void DataDownload();
-  void DataUpload();
+  TransferEnd DataDownload();
+  TransferEnd DataUpload();
   /// Replaces the settings by an image whose sum has been tested. RuntimeError as DecodeImage.
   void ExtractUploadData(std::span<const Byte> buffer);
 
  private:
-  bool DriveTakesSettings();
+  bool InertiaConfirmed();
+  TransferEnd CheckDriveAndLimits();
   void SendImage(const ParameterImage& image);
-  void ReadAnswer();
-  void TakeUpload(const Bytes& buffer);
-  void EndExchange();
+  TransferEnd ReadAnswer();
+  TransferEnd TakeUpload(const Bytes& buffer);
+  BoxAnswer Ask(const MessageBox& box) { return p_.line.desk.Ask(box); }
+  DriveState& State() { return p_.line.state; }
+  void ShowProgress(double percent);
 
   TransferParts p_;
 };

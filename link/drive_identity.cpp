@@ -7,7 +7,6 @@
 
 #include "core/drive_models.h"
 #include "core/numbers.h"
-#include "link/comm_ports.h"
 
 namespace kavr6 {
 namespace {
@@ -39,40 +38,40 @@ unsigned HexValue(std::string_view text) {
 }  // namespace
 
 bool DriveIdentity::AwaitReply(std::size_t length, double limit) {
-  return screen_.Screen().PumpEventsUntil([&] { return screen_.GlobalBuffer.size() >= length; }, limit);
+  return line_.desk.PumpEventsUntil([&] { return state_.GlobalBuffer.size() >= length; }, limit);
 }
 
 std::string DriveIdentity::TakeIdentity() {
-  std::string reply = screen_.GlobalBuffer.substr(0, kIdentitySize);
-  screen_.GlobalBuffer.erase(0, kIdentitySize);
-  screen_.DspRev = RevisionOf(static_cast<unsigned char>(reply[0]));
-  screen_.DriveModelCode = static_cast<unsigned char>(reply[1]);
+  std::string reply = state_.GlobalBuffer.substr(0, kIdentitySize);
+  state_.GlobalBuffer.erase(0, kIdentitySize);
+  state_.DspRev = RevisionOf(static_cast<unsigned char>(reply[0]));
+  state_.DriveModelCode = static_cast<unsigned char>(reply[1]);
   return reply;
 }
 
 bool DriveIdentity::DriveStillThere() {
-  screen_.CommandActive = true;
-  comm_.Output("C");
+  state_.CommandActive = true;
+  line_.comm.Output("C");
   bool known = false;
   if (AwaitReply(kIdentitySize, kLongWait)) {
     TakeIdentity();
     known = std::any_of(kEarlierFamilies.begin(), kEarlierFamilies.end(), [this](const CodeRange& codes) {
-      return screen_.DriveModelCode >= codes.first && screen_.DriveModelCode <= codes.last;
+      return state_.DriveModelCode >= codes.first && state_.DriveModelCode <= codes.last;
     });
   }
-  screen_.CommandActive = false;
+  state_.CommandActive = false;
   return known;
 }
 
 std::string DriveIdentity::AskIdentity(const std::string& boxTitle) {
-  screen_.CommandActive = true;
-  PauseBeforeCommand(screen_);
-  screen_.GlobalBuffer.clear();
-  comm_.Output("C");
+  state_.CommandActive = true;
+  PauseBeforeCommand(line_);
+  state_.GlobalBuffer.clear();
+  line_.comm.Output("C");
   const bool answered = AwaitReply(kIdentitySize, kShortWait);
-  screen_.CommandActive = false;
+  state_.CommandActive = false;
   if (answered) return TakeIdentity();
-  screen_.Screen().Ask({.text = kDriveNotResponding, .icon = BoxIcon::Question, .title = boxTitle});
+  line_.desk.Ask({.text = kDriveNotResponding, .icon = BoxIcon::Question, .title = boxTitle});
   return {};
 }
 
@@ -80,43 +79,43 @@ std::string DriveIdentity::CheckDrive() {
   std::string reply = AskIdentity("CheckDrive 0");
   if (reply.empty()) return {};
   const std::string letter = GetMinorRev();
-  screen_.DriveVersion.SetCaption(RevisionText(screen_.DspRev) + letter);
-  const int model = ModelIndex(screen_.DriveModelCode);
+  state_.DriveVersion = ShownRevision(state_.DspRev, letter.empty() ? letter : state_.MinorRev);
+  const int model = ModelIndex(state_.DriveModelCode);
   if (model < 0) return {};
-  screen_.ModelList.SetListIndex(model);
+  state_.ModelIndex = model;
   return reply;
 }
 
 std::string DriveIdentity::SilentCheckDrive() {
   std::string reply = AskIdentity("Communication Error");
-  if (reply.empty() || ModelIndex(screen_.DriveModelCode) >= 0) return reply;
-  screen_.DriveVersion.SetCaption("");
+  if (reply.empty() || ModelIndex(state_.DriveModelCode) >= 0) return reply;
+  state_.DriveVersion = "";
   return {};
 }
 
 std::string DriveIdentity::GetMinorRev() {
-  Write2Bytes(comm_, kRead, kSubRevision);
+  Write2Bytes(line_.comm, kRead, kSubRevision);
   if (!AwaitReply(kHexSize, kShortWait)) {
-    screen_.GlobalBuffer.clear();
+    state_.GlobalBuffer.clear();
     return {};
   }
-  const unsigned code = HexValue(screen_.GlobalBuffer.substr(2, 2));
-  screen_.MinorRev = CharacterOf(static_cast<std::uint8_t>(code));
-  screen_.GlobalBuffer.erase(0, kHexSize);
-  return " " + screen_.MinorRev;
+  const unsigned code = HexValue(state_.GlobalBuffer.substr(2, 2));
+  state_.MinorRev = CharacterOf(static_cast<std::uint8_t>(code));
+  state_.GlobalBuffer.erase(0, kHexSize);
+  return " " + state_.MinorRev;
 }
 
 Long DriveIdentity::GetServoStatus() {
-  if (NoCommPort(comm_)) return 0;
-  screen_.CommandActive = true;
-  screen_.GlobalBuffer.clear();
-  Write2Bytes(comm_, kRead, kStatusWord);
+  if (NoCommPort(line_.comm)) return 0;
+  state_.CommandActive = true;
+  state_.GlobalBuffer.clear();
+  Write2Bytes(line_.comm, kRead, kStatusWord);
   Long status = -1;
   if (AwaitReply(kHexSize, kLongWait)) {
-    status = static_cast<Integer>(HexValue(screen_.GlobalBuffer.substr(0, kHexSize)));
-    screen_.GlobalBuffer.clear();
+    status = static_cast<Integer>(HexValue(state_.GlobalBuffer.substr(0, kHexSize)));
+    state_.GlobalBuffer.clear();
   }
-  screen_.CommandActive = false;
+  state_.CommandActive = false;
   return status;
 }
 

@@ -3,8 +3,7 @@
 
 #include <string>
 
-#include "core/main_screen.h"
-#include "platform/mscomm.h"
+#include "link/drive_line.h"
 
 namespace kavr6 {
 
@@ -15,14 +14,14 @@ inline constexpr const char* kDriveNotResponding =
 /// reply that comes too late stays in GlobalBuffer until the next command empties it.
 class DriveIdentity {
  public:
-  DriveIdentity(MainScreen& screen, MSComm& comm) : screen_(screen), comm_(comm) {}
+  explicit DriveIdentity(const DriveLine& line) : line_(line), state_(line.state) {}
 
   /// Asks without any message. True for the model codes of earlier families only, false for all KAVR6 models.
   bool DriveStillThere();
   /// The two reply bytes as text, or empty: no answer, which is told in a box, or an unknown model, which is
   /// not. Sets revision, model and letter, and shows them.
   std::string CheckDrive();
-  /// As CheckDrive with another box title, without the letter and without touching ModelList.
+  /// As CheckDrive with another box title, without the letter and without touching the model list.
   std::string SilentCheckDrive();
   /// A blank and the letter of the revision, or empty.
   std::string GetMinorRev();
@@ -34,8 +33,8 @@ class DriveIdentity {
   std::string AskIdentity(const std::string& boxTitle);
   std::string TakeIdentity();
 
-  MainScreen& screen_;
-  MSComm& comm_;
+  DriveLine line_;
+  DriveState& state_;
 };
 
 }  // namespace kavr6

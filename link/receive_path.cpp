@@ -58,8 +58,8 @@ MessageBox MismatchBox() {
 
 }  // namespace
 
-ReceivePath::ReceivePath(MainScreen& screen, MSComm& comm) : screen_(screen), comm_(comm) {
-  comm_.OnComm.Set([this](int event) {
+ReceivePath::ReceivePath(const DriveLine& line) : line_(line), state_(line.state) {
+  line_.comm.OnComm.Set([this](int event) {
     if (event == MSComm::kEventReceive) OnComm();
   });
 }
@@ -69,35 +69,36 @@ void ReceivePath::AddLiveTool(const std::string& windowName, ProcessChar sink) {
 }
 
 void ReceivePath::Clear() {
-  screen_.GlobalBuffer.clear();
+  state_.GlobalBuffer.clear();
   ring_.RingClear();
 }
 
 void ReceivePath::OnComm() {
-  if (screen_.LiveToolActive) {
+  if (state_.LiveToolActive) {
     FeedLiveTool();
     return;
   }
   // What a message does can let events run, and with them further notifications, a block transfer that takes
   // the notification away, or a live tool that takes the line.
-  while (!screen_.LiveToolActive && comm_.RThreshold() > 0 && comm_.InBufferCount() >= comm_.RThreshold()) {
-    ring_.RingPush(comm_.Input());
+  while (!state_.LiveToolActive && line_.comm.RThreshold() > 0 &&
+         line_.comm.InBufferCount() >= line_.comm.RThreshold()) {
+    ring_.RingPush(line_.comm.Input());
     ScanRing();
   }
 }
 
 void ReceivePath::FeedLiveTool() {
-  ring_.RingPush(comm_.Input());
-  const auto tool = tools_.find(screen_.Screen().ActiveFormName());
+  ring_.RingPush(line_.comm.Input());
+  const auto tool = tools_.find(line_.desk.ActiveFormName());
   if (tool == tools_.end()) return;
   while (ring_.RingCount() > 0) {
-    tool->second(static_cast<char>(ring_.RingPop()));
-    screen_.Screen().PumpEvents();
+    tool->second(ring_.RingPop());
+    line_.desk.PumpEvents();
   }
 }
 
 void ReceivePath::ScanRing() {
-  while (!screen_.LiveToolActive && ring_.RingCount() > 0) {
+  while (!state_.LiveToolActive && ring_.RingCount() > 0) {
     // Text waits too while a message may be under way.
     if (ring_.RingCount() < kMessageSize && ring_.RingHasHigh()) return;
     ScanForHeader();
@@ -107,7 +108,7 @@ void ReceivePath::ScanRing() {
 
 void ReceivePath::ScanForHeader() {
   while (ring_.RingCount() > 0 && ring_.RingPeek(1) < kFirstHeader)
-    screen_.GlobalBuffer += static_cast<char>(ring_.RingPop());
+    state_.GlobalBuffer += static_cast<char>(ring_.RingPop());
 }
 
 void ReceivePath::ScanForPacket() {
@@ -128,7 +129,7 @@ void ReceivePath::ScanForPacket() {
 void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b3) {
   switch (header) {
     case kAlarm:
-      if (!screen_.AlarmPopupOff && ServoError152) ServoError152(b2 * 128 + b3);
+      if (!state_.AlarmPopupOff && ServoError152) ServoError152(b2 * 128 + b3);
       break;
     case kIgnoredF4:
     case kIgnoredF7:
@@ -136,18 +137,18 @@ void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b
     case kIgnoredF9:
       break;
     case kStatus:
-      if (b2 != 0) screen_.DriveHasFault = true;
+      if (b2 != 0) state_.DriveHasFault = true;
       break;
     case kRevision:
-      screen_.DspRev = RevisionOf(b2);
-      screen_.MinorRev = CharacterOf(b3);
-      screen_.DriveVersion.SetCaption(RevisionText(screen_.DspRev) + " " + screen_.MinorRev);
+      state_.DspRev = RevisionOf(b2);
+      state_.MinorRev = CharacterOf(b3);
+      state_.DriveVersion = ShownRevision(state_.DspRev, state_.MinorRev);
       break;
     case kDspReflash:
-      screen_.Screen().Ask(ReflashBox("DSP", "DSP"));
+      line_.desk.Ask(ReflashBox("DSP", "DSP"));
       break;
     case kZuFirmware:
-      screen_.Screen().Ask(b2 == 1 ? MismatchBox() : ReflashBox("Zu chip", "Zu"));
+      line_.desk.Ask(b2 == 1 ? MismatchBox() : ReflashBox("Zu chip", "Zu"));
       break;
     case kPowerUp:
       PowerUp(b2, b3);
@@ -158,21 +159,21 @@ void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b
 }
 
 void ReceivePath::PowerUp(int revision, int model) {
-  comm_.SetRThreshold(1);
-  screen_.DspRev = RevisionOf(revision);
-  screen_.DriveModelCode = model;
+  line_.comm.SetRThreshold(1);
+  state_.DspRev = RevisionOf(revision);
+  state_.DriveModelCode = model;
   const int index = ModelIndex(model);
   if (index < 0) {
-    screen_.DriveVersion.SetCaption("");
+    state_.DriveVersion = "";
     return;
   }
-  comm_.Output("QT");
-  screen_.Screen().Beep();
+  line_.comm.Output("QT");
+  line_.desk.Beep();
   const Pause pause = kPowerUpPauses[static_cast<std::size_t>(index)];
-  if (pause == Pause::BeforeModel) Delay(screen_.Screen(), kPowerUpPause);
-  screen_.ModelList.SetListIndex(index);
-  if (pause == Pause::AfterModel) Delay(screen_.Screen(), kPowerUpPause);
-  screen_.DriveVersion.SetCaption(RevisionText(screen_.DspRev));
+  if (pause == Pause::BeforeModel) Delay(line_.desk, kPowerUpPause);
+  state_.ModelIndex = index;
+  if (pause == Pause::AfterModel) Delay(line_.desk, kPowerUpPause);
+  state_.DriveVersion = ShownRevision(state_.DspRev, {});
 }
 
 }  // namespace kavr6

@@ -6,9 +6,8 @@
 #include <map>
 #include <string>
 
-#include "core/main_screen.h"
+#include "link/drive_line.h"
 #include "link/rx_ring.h"
-#include "platform/mscomm.h"
 
 namespace kavr6 {
 
@@ -16,10 +15,10 @@ namespace kavr6 {
 /// which go to HandleMsg; while a live tool is active and in front, every byte goes to that tool instead.
 class ReceivePath {
  public:
-  using ProcessChar = std::function<void(char)>;
+  using ProcessChar = std::function<void(std::uint8_t)>;
 
-  /// Takes over the receive notification of `comm`.
-  ReceivePath(MainScreen& screen, MSComm& comm);
+  /// Takes over the receive notification of the line.
+  explicit ReceivePath(const DriveLine& line);
   ReceivePath(const ReceivePath&) = delete;
   ReceivePath& operator=(const ReceivePath&) = delete;
 
@@ -42,8 +41,8 @@ class ReceivePath {
   void ScanForPacket();
   void PowerUp(int revision, int model);
 
-  MainScreen& screen_;
-  MSComm& comm_;
+  DriveLine line_;
+  DriveState& state_;
   RxRing ring_;
   std::map<std::string, ProcessChar> tools_;
 };

@@ -20,65 +20,71 @@ constexpr double kStiffness = 50;
 constexpr double kPi = 3.1416;
 constexpr double kTwoPi = 6.2832;
 
+/// Of the selected motor, in base units.
+struct RotorAndTorque {
+  double inertia = 0;  ///< kg m2
+  double torque = 0;   ///< N m
+};
+
+RotorAndTorque SelectedMotor(const Settings& settings, const MotorRow& row) {
+  if (settings.CustomMotor)
+    return {InertiaToKgM2(settings.RotorInertia, settings.InertiaUnit),
+            TorqueToNm(settings.RatedTorque, settings.TorqueUnit)};
+  return {InertiaToKgM2(Needed(row.Inertia), NeededWhole(row.InertiaUnit)),
+          TorqueToNm(Needed(row.Torque), NeededWhole(row.TorqueUnit))};
+}
+
 }  // namespace
 
-float MotorCalculations::MaxDriveCurrent() const {
-  const int model = screen_.ModelList.ListIndex();
+float CurrentLimits::MaxDriveCurrent() const {
+  const int model = state_.ModelIndex;
   if (model < 0 || model >= static_cast<int>(kDriveModels.size())) return 0;
   return kDriveModels[static_cast<std::size_t>(model)].continuousCurrent;
 }
 
-bool MotorCalculations::CustomIsMeant() const {
-  if (DialogShowsCustom && screen_.Screen().ActiveFormName() == "MotorDialog") return DialogShowsCustom();
-  return settings_.CustomMotor;
+bool CurrentLimits::CustomIsMeant() const {
+  const std::optional<bool> shown = CustomOnShow ? CustomOnShow() : std::nullopt;
+  return shown.value_or(settings_.CustomMotor);
 }
 
-float MotorCalculations::MotorCurrentLimit() const {
-  const double rated = CustomIsMeant() ? settings_.RatedCurrent : table_.Number("current");
+float CurrentLimits::MotorCurrentLimit() const {
+  const double rated = CustomIsMeant() ? settings_.RatedCurrent : Needed(table_.Row().Current);
   const double most = std::min(rated * kPeakFactor, static_cast<double>(std::numeric_limits<float>::max()));
   return std::min(static_cast<float>(most), MaxDriveCurrent());
 }
 
-void MotorCalculations::LimitContCurrent() {
+void CurrentLimits::LimitContCurrent() {
   const float limit = MotorCurrentLimit();
   if (limit < static_cast<float>(settings_.RunCurrent)) settings_.RunCurrent = static_cast<double>(limit);
 }
 
-void MotorCalculations::LimitIdleCurrent() {
+void CurrentLimits::LimitIdleCurrent() {
   settings_.IdlePercent = std::min(settings_.IdlePercent, kIdlePercentLimit);
 }
 
-MotorCalculations::RotorAndTorque MotorCalculations::SelectedMotor() const {
-  if (settings_.CustomMotor)
-    return {InertiaToKgM2(settings_.RotorInertia, settings_.InertiaUnit),
-            TorqueToNm(settings_.RatedTorque, settings_.TorqueUnit)};
-  return {InertiaToKgM2(table_.Number("inertia"), table_.Whole("InertiaUnit")),
-          TorqueToNm(table_.Number("Torque"), table_.Whole("TorqueUnit"))};
-}
+Long ARgain() { return kAntiResonanceGain; }
 
-Long MotorCalculations::ARgain() const { return kAntiResonanceGain; }
-
-Long MotorCalculations::ARfreq() const {
-  const RotorAndTorque motor = SelectedMotor();
-  const double total = settings_.InertiaIsRatio ? (settings_.InertiaRatio + 1) * motor.inertia
-                                                : settings_.LoadInertia + motor.inertia;
+Long ARfreq(const Settings& settings, const MotorRow& row) {
+  const RotorAndTorque motor = SelectedMotor(settings, row);
+  const double total = settings.InertiaIsRatio ? (settings.InertiaRatio + 1) * motor.inertia
+                                               : settings.LoadInertia + motor.inertia;
   if (total == 0) return kFrequencyWithoutInertia;
   const double square = motor.torque * kStiffness / total;
   if (square < 0) RaiseInvalidCall();
   return ToLong(std::sqrt(square) / 2 / kPi);
 }
 
-void MotorCalculations::CalcLoadInertia(Long frequency) {
-  const RotorAndTorque motor = SelectedMotor();
+void CalcLoadInertia(Settings& settings, const MotorRow& row, Long frequency) {
+  const RotorAndTorque motor = SelectedMotor(settings, row);
   double total = 0;
   if (frequency != 0) {
     const double speed = frequency * kTwoPi;
     total = motor.torque * kStiffness / (speed * speed);
   }
-  if (!settings_.InertiaIsRatio) {
-    settings_.LoadInertia = total - motor.inertia;
+  if (!settings.InertiaIsRatio) {
+    settings.LoadInertia = total - motor.inertia;
   } else if (motor.inertia != 0) {
-    settings_.InertiaRatio = total / motor.inertia - 1;
+    settings.InertiaRatio = total / motor.inertia - 1;
   }
 }
 

@@ -1,6 +1,7 @@
 #include "motor/motor_table.h"
 
-#include <array>
+#include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "core/numbers.h"
@@ -10,13 +11,18 @@ namespace kavr6 {
 namespace {
 
 constexpr const char* kIndexColumn = "PartNoX";
-constexpr std::string_view kNotNeeded = "name";
 
 double NumberOf(const Variant& value) {
-  if (const auto* number = std::get_if<double>(&value)) return *number;
   if (const auto* whole = std::get_if<std::int64_t>(&value)) return static_cast<double>(*whole);
-  if (std::holds_alternative<std::monostate>(value)) RaiseInvalidNull();
+  if (const auto* number = std::get_if<double>(&value)) return *number;
   RaiseTypeMismatch();
+}
+
+bool IsEmpty(const Variant& value) { return std::holds_alternative<std::monostate>(value); }
+
+std::string TextOf(const Variant& value) {
+  if (const auto* text = std::get_if<std::string>(&value)) return *text;
+  return IsEmpty(value) ? std::string() : NumberText(NumberOf(value));
 }
 
 }  // namespace
@@ -24,49 +30,79 @@ double NumberOf(const Variant& value) {
 void MotorTable::Open(const std::filesystem::path& directory) {
   access_.Open(directory / kMotorFile, kMotorTableName);
   access_.SetIndex(kIndexColumn);
-  access_.MoveFirst();
+  MoveFirst();
   if (access_.EndOfTable()) return;
   for (const MotorColumn& column : kMotorColumns)
-    if (column.name != kNotNeeded) access_.Read(column.name);
+    if (!std::holds_alternative<std::monostate>(column.member)) access_.Read(column.name);
+}
+
+void MotorTable::MoveFirst() {
+  current_.reset();
+  access_.MoveFirst();
 }
 
 bool MotorTable::Seek(std::string_view partNumber) {
   access_.Seek(partNumber);
-  return !access_.NoMatch();
+  if (!access_.NoMatch()) {
+    current_.reset();
+    return true;
+  }
+  const auto kept = std::ranges::find(kept_, partNumber, &MotorRow::PartNoX);
+  if (kept != kept_.end()) current_ = *kept;
+  return kept != kept_.end();
 }
 
-std::string MotorTable::Text(std::string_view column) const {
-  const Variant value = access_.Read(column);
-  if (const auto* text = std::get_if<std::string>(&value)) return *text;
-  return std::holds_alternative<std::monostate>(value) ? std::string() : NumberText(NumberOf(value));
+const MotorRow& MotorTable::Row() const {
+  if (current_) return *current_;
+  MotorRow row;
+  for (const MotorColumn& column : kMotorColumns) {
+    if (const auto* text = std::get_if<MotorText>(&column.member)) {
+      row.*(*text) = TextOf(access_.Read(column.name));
+    } else if (const auto* number = std::get_if<MotorNumber>(&column.member)) {
+      const Variant value = access_.Read(column.name);
+      if (!IsEmpty(value)) row.*(*number) = NumberOf(value);
+    }
+  }
+  return current_.emplace(std::move(row));
 }
 
-double MotorTable::Number(std::string_view column) const { return NumberOf(access_.Read(column)); }
-
-Long MotorTable::Whole(std::string_view column) const { return ToLong(Number(column)); }
-
-bool MotorTable::IsEmpty(std::string_view column) const {
-  return std::holds_alternative<std::monostate>(access_.Read(column));
+std::vector<std::string> MotorTable::PartNumbers() {
+  std::vector<std::string> names;
+  for (MoveFirst(); !access_.EndOfTable(); access_.MoveNext())
+    names.push_back(TextOf(access_.Read("Part Number")));
+  for (const MotorRow& row : kept_)
+    names.insert(std::upper_bound(names.begin(), names.end(), row.PartNumber), row.PartNumber);
+  return names;
 }
 
-void MotorTable::Append(const MotorRecord& motor) {
-  const auto whole = [](auto number) { return Variant(static_cast<std::int64_t>(number)); };
-  const std::array<std::pair<std::string_view, Variant>, 12> columns{{
-      {"current", motor.RatedCurrent},
-      {"harmonic gain", whole(motor.HarmonicGain)},
-      {"harmonic phase", whole(motor.HarmonicPhase)},
-      {"inertia", motor.RotorInertia},
-      {"part number", motor.MotorName},
-      {"Torque", motor.RatedTorque},
-      {kIndexColumn, motor.MotorName},
-      {"TorqueUnit", whole(motor.TorqueUnit)},
-      {"InertiaUnit", whole(motor.InertiaUnit)},
-      {"leadangle rps", whole(motor.LeadAngleRps)},
-      {"leadangle deg", whole(motor.LeadAngleDeg)},
-      {"PWMmaxPct", motor.MaxVoltsPct},
-  }};
+std::optional<std::string> MotorTable::Append(const MotorRecord& motor) {
+  const MotorRow row = RowOf(motor);
+  try {
+    Write(row);
+    return std::nullopt;
+  } catch (const RuntimeError& error) {
+    kept_.push_back(row);
+    return error.what();
+  }
+}
+
+void MotorTable::Write(const MotorRow& row) {
+  // The order in which a motor's columns have always been given.
+  static constexpr std::string_view kOrder[] = {
+      "current",    "harmonic gain", "harmonic phase", "inertia",       "part number",   "Torque",
+      kIndexColumn, "TorqueUnit",    "InertiaUnit",    "leadangle rps", "leadangle deg", "PWMmaxPct"};
   access_.AddNew();
-  for (const auto& [name, value] : columns) access_.Assign(name, value);
+  for (const std::string_view name : kOrder) {
+    const auto column = std::ranges::find(kMotorColumns, name, &MotorColumn::name);
+    if (const auto* text = std::get_if<MotorText>(&column->member)) {
+      access_.Assign(name, row.*(*text));
+    } else if (const double number = Needed(row.*std::get<MotorNumber>(column->member));
+               column->type == ColumnType::Whole) {
+      access_.Assign(name, static_cast<std::int64_t>(number));
+    } else {
+      access_.Assign(name, number);
+    }
+  }
   access_.Update();
 }
 

@@ -136,7 +136,7 @@ void Slider::Scroll(int value) {
 void PercentPanel::SetFloodPercent(int percent) { Assign(percent_, std::clamp(percent, 0, 100)); }
 
 Timer::~Timer() {
-  if (waiting_) Owner().Screen().Cancel(pending_);
+  if (waiting_) Owner().Desk().Cancel(pending_);
 }
 
 void Timer::SetEnabled(bool enabled) {
@@ -152,9 +152,9 @@ void Timer::SetInterval(int milliseconds) {
 }
 
 void Timer::Restart() {
-  if (waiting_) Owner().Screen().Cancel(pending_);
+  if (waiting_) Owner().Desk().Cancel(pending_);
   waiting_ = Enabled() && interval_ > 0;
-  if (waiting_) pending_ = Owner().Screen().CallAfter(interval_ / 1000.0, [this] { Fire(); });
+  if (waiting_) pending_ = Owner().Desk().CallAfter(interval_ / 1000.0, [this] { Fire(); });
 }
 
 void Timer::Fire() {

@@ -148,7 +148,7 @@ void CenterOn(const Form& main, Form& dialog) {
 }
 
 void CenterOnScreen(Form& form) {
-  const TwipSize screen = form.Screen().ScreenSize();
+  const TwipSize screen = form.Desk().ScreenSize();
   form.Move((screen.width - form.Width()) / 2, (screen.height - form.Height()) / 2);
 }
 

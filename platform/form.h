@@ -19,7 +19,7 @@ class Form {
   virtual ~Form();
 
   const std::string& Name() const { return name_; }
-  Desktop& Screen() const { return desktop_; }
+  Desktop& Desk() const { return desktop_; }
   const std::vector<Control*>& Controls() const { return controls_; }
   /// The control of that name, or null.
   Control* Find(std::string_view name) const;

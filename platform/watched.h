@@ -12,6 +12,7 @@ template <class T>
 class Watched {
  public:
   Watched() = default;
+  explicit Watched(T value) : value_(std::move(value)) {}
   Watched(const Watched&) = delete;
   Watched& operator=(const Watched&) = delete;
   Watched& operator=(T value) {

@@ -58,27 +58,27 @@ void TurnGreen(std::initializer_list<ConnectorLine*> lines) {
 
 }  // namespace
 
-void SummaryGrid::Values(int row, const std::string& left, const std::string& right) {
-  screen_.Summary.SetText(row, 0, left);
-  screen_.Summary.SetText(row, 1, right);
+void Summarizer::Values(int row, const std::string& left, const std::string& right) {
+  grid_.SetText(row, 0, left);
+  grid_.SetText(row, 1, right);
 }
 
-void SummaryGrid::Title(int row, const std::string& text) {
+void Summarizer::Title(int row, const std::string& text) {
   Values(row, text, text);
-  screen_.Summary.SetMergeRow(row, true);
+  grid_.SetMergeRow(row, true);
 }
 
-void SummaryGrid::TallRow(int row) { screen_.Summary.SetRowHeight(row, kTallRowTwips); }
+void Summarizer::TallRow(int row) { grid_.SetRowHeight(row, kTallRowTwips); }
 
-void SummaryGrid::RowDivider(int row) {
+void Summarizer::RowDivider(int row) {
   Title(row, " ");
-  screen_.Summary.SetRowHeight(row, kDividerTwips);
-  for (int column = 0; column < 2; ++column) screen_.Summary.SetPicture(row, column, "DividerGradient");
+  grid_.SetRowHeight(row, kDividerTwips);
+  for (int column = 0; column < 2; ++column) grid_.SetPicture(row, column, "DividerGradient");
 }
 
-void SummaryGrid::SummaryInit() {
-  screen_.Summary.SetMergeColumn(1, true);
-  for (int column = 0; column < 2; ++column) screen_.Summary.SetColumnWidth(column, kColumnTwips);
+void Summarizer::SummaryInit() {
+  grid_.SetMergeColumn(1, true);
+  for (int column = 0; column < 2; ++column) grid_.SetColumnWidth(column, kColumnTwips);
   Values(kLastRow, "", "");
   for (const int row : {3, 7, 11, 19}) RowDivider(row);
   Title(kMotorRow, "Motor:");
@@ -89,7 +89,7 @@ void SummaryGrid::SummaryInit() {
   TallRow(kLastRow);
 }
 
-void SummaryGrid::SummarizeAll() {
+void Summarizer::SummarizeAll() {
   SummarizeMotor(kMotorRow);
   SummarizeMotion(kMotionRow);
   SummarizeRegen(kRegenRow);
@@ -97,23 +97,23 @@ void SummaryGrid::SummarizeAll() {
   SummarizeEncoder(kEncoderRow);
 }
 
-void SummaryGrid::SummarizeMotor(int row) {
-  Title(row, "Motor: " + (settings_.CustomMotor ? settings_.MotorName : table_.Text("PartNoX")));
-  Values(row + 1, NumberText(settings_.RunCurrent), "A/phase");
+void Summarizer::SummarizeMotor(int row) {
+  Title(row, "Motor: " + (settings_.CustomMotor ? settings_.MotorName : table_.Row().PartNoX));
+  Values(row + 1, ShownNumber(settings_.RunCurrent), "A/phase");
   Values(row + 2, NumberText(settings_.IdlePercent), "% idle");
   RowDivider(row + 3);
-  TurnGreen({&screen_.MotorLine1, &screen_.MotorLine2});
+  TurnGreen({&lines_.Motor1, &lines_.Motor2});
 }
 
-void SummaryGrid::SummarizeMotion(int row) {
-  const std::string title = "Mode: " + screen_.MotionDesc.Caption();
+void Summarizer::SummarizeMotion(int row) {
+  const std::string title = "Mode: " + state_.MotionDesc.Get();
   // The label needs two ampersands to show one; the grid shows what it is given.
   Title(row, title == "Mode: Pulse && Direction" ? "Mode: Pulse & Direction" : title);
   Values(row + 1, NumberText(settings_.StepsPerRev), "steps/rev");
-  screen_.Summary.SetAlignment(row + 2, 1, Grid::Alignment::Left);
+  grid_.SetAlignment(row + 2, 1, Grid::Alignment::Left);
   if (settings_.OpMode == kOpVtl || settings_.OpMode == kOpWyProgram) {
     Values(row + 2, "Address", settings_.RS485Addr);
-    screen_.Summary.SetAlignment(row + 2, 1, Grid::Alignment::Centre);
+    grid_.SetAlignment(row + 2, 1, Grid::Alignment::Centre);
   } else if (settings_.ControlMode != kControlVelocity) {
     Values(row + 2, "", "");
   } else if (settings_.AnalogVelocity) {
@@ -123,33 +123,33 @@ void SummaryGrid::SummarizeMotion(int row) {
     Values(row + 2, FormatNumber(settings_.Speed, "#0.000"), "rev/sec");
   }
   RowDivider(row + 3);
-  TurnGreen({&screen_.MotionLine});
-  if (screen_.EncoderLine.BorderColor() == kGreen) SummarizeEncoder(kEncoderRow);
+  TurnGreen({&lines_.Motion});
+  if (lines_.Encoder.BorderColor() == kGreen) SummarizeEncoder(kEncoderRow);
 }
 
-void SummaryGrid::SummarizeRegen(int row) {
+void Summarizer::SummarizeRegen(int row) {
   Title(row, settings_.RegenExternal ? "Regen resistor (external)" : "Regen resistor (internal)");
   Values(row + 1, NumberText(settings_.RegenOhms), "Ohms");
   Values(row + 2, NumberText(settings_.RegenWatts), "Watts");
   RowDivider(row + 3);
-  TurnGreen({&screen_.RegenLine1, &screen_.RegenLine2});
+  TurnGreen({&lines_.Regen1, &lines_.Regen2});
 }
 
-void SummaryGrid::SummarizeIO(int row) {
+void Summarizer::SummarizeIO(int row) {
   Title(row, "Dedicated I/O:");
   for (std::size_t i = 0; i < kIoWords.size(); ++i)
     Values(row + 1 + static_cast<int>(i), kIoWords[i].name, IoText(i, settings_.*kIoWords[i].field));
   RowDivider(row + 7);
-  TurnGreen({&screen_.IOLine});
+  TurnGreen({&lines_.IO});
 }
 
-std::string SummaryGrid::StallText() const {
+std::string Summarizer::StallText() const {
   if (settings_.StallDetect) return "Fault drive if motor stalls";
   if (settings_.OpMode == kOpPulseOrVelocity && settings_.ControlMode == kControlPulse) return {};
   return "Prevent stalls by limiting torque demand to " + NumberText(settings_.MaxTorquePct) + "%";
 }
 
-void SummaryGrid::SummarizeEncoder(int row) {
+void Summarizer::SummarizeEncoder(int row) {
   if (settings_.StallDetect || settings_.StallPrevent) {
     Title(row, "Encoder:");
     Values(row + 1, NumberText(settings_.EncoderCounts), "Counts/rev");
@@ -160,16 +160,16 @@ void SummaryGrid::SummarizeEncoder(int row) {
     Title(row + 2, "");
   }
   TallRow(row + 2);
-  TurnGreen({&screen_.EncoderLine});
+  TurnGreen({&lines_.Encoder});
 }
 
-ClickableControl* SummaryGrid::ButtonOf(int row) const {
-  if (row <= 2) return &screen_.Motor;
-  if (row >= 4 && row <= 6) return &screen_.Motion;
-  if (row >= 8 && row <= 10) return &screen_.Regen;
-  if (row >= 12 && row <= 18) return &screen_.IO;
-  if (row >= 20) return &screen_.Encoder;
-  return nullptr;
+std::optional<SummaryRow> SectionOf(int row) {
+  if (row <= 2) return kMotorRow;
+  if (row >= 4 && row <= 6) return kMotionRow;
+  if (row >= 8 && row <= 10) return kRegenRow;
+  if (row >= 12 && row <= 18) return kIoRow;
+  if (row >= 20) return kEncoderRow;
+  return std::nullopt;
 }
 
 }  // namespace kavr6

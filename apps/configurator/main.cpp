@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
   desktop.AtEnd([&comm] { comm.Release(); });
   SqliteTable motors;
   DiskFiles files;
-  Configurator configurator(desktop, comm, motors, files);
+  Configurator configurator({desktop, comm, motors, files});
   // Drawing the icon costs milliseconds; the main screen comes first.
   desktop.CallAfter(0.3, [] { QApplication::setWindowIcon(QIcon(":/artwork/kavr6.svg")); });
   desktop.Post([&configurator] { configurator.Start(); });

@@ -82,7 +82,7 @@ void Tour::SetInputsAndOutputs() {
   stage_.Check(s.RegenExternal && s.RegenWatts == 50, "the external resistor is set, 1 W became 50 W");
   stage_.Picture(Main(), "all-set");
   stage_.Click(Main(), "Download");
-  stage_.Check(!program_.Main.Modified, "the drive has it all");
+  stage_.Check(!program_.state.Modified, "the drive has it all");
 }
 
 }  // namespace kavr6

@@ -21,7 +21,7 @@ void Tour::Download() {
   stage_.Check(program_.Main.ModelList.ListIndex() == 0, "the drive's model is chosen");
   stage_.Check(!program_.Main.DriveVersion.Caption().empty(),
                "the drive's revision is shown: " + program_.Main.DriveVersion.Caption());
-  stage_.Check(!program_.Main.Modified, "the settings count as sent");
+  stage_.Check(!program_.state.Modified, "the settings count as sent");
   stage_.Check(program_.Main.ProgBar.FloodPercent() == 0, "the progress bar is empty again");
   stage_.Picture(Main(), "after-download");
 }
@@ -62,7 +62,7 @@ void Tour::FindItAgain() {
   std::filesystem::create_symlink("no-such-device", stage_.Folder() / "ports" / "COM2");
   stage_.AnswerNextBox("COM port 2 is not available.", QMessageBox::Ok, "port-refused");
   stage_.Choose(Main(), "CommList", 1);
-  stage_.Check(comm_.PortOpen() && program_.Main.CommNumber == 1, "COM1 is open again");
+  stage_.Check(comm_.PortOpen() && program_.state.CommNumber == 1, "COM1 is open again");
   stage_.Pause(0.3);
   stage_.Click(Main(), "Upload");
   stage_.Check(program_.Main.StatusDrive.Caption().starts_with("Last heard: KAVR6-Bx"),

@@ -12,11 +12,11 @@ void Tour::SaveAndReopen() {
   stage_.AnswerNextFileDialog(stage_.Folder() / "machine", "save-as");
   stage_.Command(Main(), "MenuSaveAs");
   stage_.Check(std::filesystem::file_size(file) > 500, "the file is there: " + file.filename().string());
-  stage_.Check(!program_.Main.Modified, "nothing is left to save");
+  stage_.Check(!program_.state.Modified, "nothing is left to save");
   stage_.Check(Main().windowTitle().contains("machine.cnf"), "the title names it");
   const Settings saved = program_.settings;
   program_.settings.RunCurrent = 0.7;
-  program_.Main.Modified = true;
+  program_.state.Modified = true;
   stage_.AnswerNextBox("open a file and replace your program?", QMessageBox::Cancel, "open-question");
   stage_.Command(Main(), "MenuOpen");
   stage_.Check(program_.settings.RunCurrent == 0.7, "Cancel has kept the change");

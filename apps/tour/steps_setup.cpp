@@ -21,7 +21,7 @@ void Tour::ChooseMotor() {
   stage_.Press(motor, Qt::Key_Return);
   stage_.Check(!dialog.Visible(), "Enter has closed the dialog");
   stage_.Check(program_.settings.RunCurrent == 1.8 && program_.settings.InertiaRatio == 4, "it is set");
-  stage_.Check(program_.Main.Modified && program_.Main.InertiaSet, "the settings count as changed");
+  stage_.Check(program_.state.Modified && program_.state.InertiaSet, "the settings count as changed");
   stage_.Picture(Main(), "motor-chosen");
 }
 

@@ -2,32 +2,53 @@
 
 namespace kavr6 {
 
-Configurator::Configurator(Desktop& desktop, MSComm& comm, TableAccess& table, FileStore& files)
-    : motorTable(table),
-      Main(desktop, {settings, comm, motorTable, MotorSetup, IOSetup}),
-      MotorSetup(Main, motorTable, settings, Main.Calculations),
-      CustomMotorSetup(Main, settings, MotorSetup),
-      PulseDirSetup(Main, settings),
-      VelocitySetup(Main, settings),
-      AdvancedSetup(Main, settings, VelocitySetup, comm),
-      VTLSetup(Main, settings),
-      ModeMenu(Main, settings, PulseDirSetup, VelocitySetup, VTLSetup),
-      IOSetup(Main, settings, comm),
-      EncoderSetup(Main, settings),
-      RegenSetup(Main, settings),
-      Splash(desktop, Main),
-      Credits(desktop, Main),
-      Files(Main, settings, motorTable, files) {
+Configurator::Configurator(const Machine& machine)
+    : line{state, machine.comm, machine.desktop},
+      motorTable(machine.motors),
+      limits(settings, state, motorTable),
+      ports(line),
+      receive(line),
+      identity(line),
+      transfers({line, settings, identity, motorTable, limits}),
+      Files({machine.desktop, state, settings, motorTable, machine.files}),
+      Main(machine.desktop, {state, settings, machine.comm, ports, receive, identity, limits, MotorSetup,
+                             IOSetup, summary, Files}),
+      summary({Main.Summary,
+               {Main.MotorLine1, Main.MotorLine2, Main.MotionLine, Main.RegenLine1, Main.RegenLine2,
+                Main.IOLine, Main.EncoderLine},
+               state,
+               settings,
+               motorTable}),
+      MotorSetup(Setup(), motorTable, limits),
+      CustomMotorSetup(Setup(), MotorSetup),
+      PulseDirSetup(Setup()),
+      VelocitySetup(Setup()),
+      AdvancedSetup(Setup(), VelocitySetup, line),
+      VTLSetup(Setup()),
+      ModeMenu(Setup(), PulseDirSetup, VelocitySetup, VTLSetup),
+      IOSetup(Setup(), machine.comm),
+      EncoderSetup(Setup()),
+      RegenSetup(Setup()),
+      Splash(machine.desktop, state, Main),
+      Credits(machine.desktop, state) {
+  WireTransfers();
   WireFiles();
   WireSetupDialogs();
   Main.Openers.About = [this] { Credits.Run(); };
 }
 
+void Configurator::WireTransfers() {
+  transfers.CommitOpenDialogs = [this] { PressOpenOks(); };
+  transfers.AddMotorIfMissing = [this](const MotorRecord& motor) { TakeMotor(motor); };
+  transfers.SummarizeAll = [this] { summary.SummarizeAll(); };
+  Main.Openers.Download = [this] { transfers.DownloadClick(); };
+  Main.Openers.Upload = [this] { transfers.UploadClick(); };
+}
+
 void Configurator::WireFiles() {
-  Files.AddMotorIfMissing = [this](const MotorRecord& motor) {
-    AddMotorIfMissing(Main.Screen(), motorTable, MotorSetup, motor);
-  };
-  Files.SummarizeAll = [this] { Main.Report.SummarizeAll(); };
+  Files.SelectPort = [this](int row) { ports.Select(row); };
+  Files.AddMotorIfMissing = [this](const MotorRecord& motor) { TakeMotor(motor); };
+  Files.SummarizeAll = [this] { summary.SummarizeAll(); };
   Main.Openers.Open = [this] { Files.MenuOpen(); };
   Main.Openers.Save = [this] { Files.MenuSave(); };
   Main.Openers.SaveAs = [this] { Files.MenuSaveAs(); };
@@ -42,15 +63,21 @@ void Configurator::WireSetupDialogs() {
   MotorSetup.OpenEditor = [this] { CustomMotorSetup.Open(); };
   VelocitySetup.OpenAdvanced = [this] { AdvancedSetup.Open(); };
 
-  MotorSetup.Summarize = [this] { Main.Report.SummarizeMotor(kMotorRow); };
-  const auto motion = [this] { Main.Report.SummarizeMotion(kMotionRow); };
+  MotorSetup.Summarize = [this] { summary.SummarizeMotor(kMotorRow); };
+  const auto motion = [this] { summary.SummarizeMotion(kMotionRow); };
   PulseDirSetup.Summarize = VelocitySetup.Summarize = VTLSetup.Summarize = ModeMenu.SummarizeMotion = motion;
-  IOSetup.Summarize = [this] { Main.Report.SummarizeIO(kIoRow); };
-  EncoderSetup.Summarize = [this] { Main.Report.SummarizeEncoder(kEncoderRow); };
-  RegenSetup.Summarize = [this] { Main.Report.SummarizeRegen(kRegenRow); };
+  IOSetup.Summarize = [this] { summary.SummarizeIO(kIoRow); };
+  EncoderSetup.Summarize = [this] { summary.SummarizeEncoder(kEncoderRow); };
+  RegenSetup.Summarize = [this] { summary.SummarizeRegen(kRegenRow); };
+}
 
-  Main.CommittedDialogs = {&CustomMotorSetup, &MotorSetup,   &VelocitySetup, &AdvancedSetup,
-                           &PulseDirSetup,    &EncoderSetup, &RegenSetup};
+// The dialogs whose OK a download presses first, as the user would, where they are open; in this order. Those
+// of the I/O and of the host commands are not among them.
+void Configurator::PressOpenOks() {
+  SetupDialog* const committed[] = {&CustomMotorSetup, &MotorSetup,   &VelocitySetup, &AdvancedSetup,
+                                    &PulseDirSetup,    &EncoderSetup, &RegenSetup};
+  for (SetupDialog* dialog : committed)
+    if (dialog->Visible()) dialog->OK.Click();
 }
 
 }  // namespace kavr6

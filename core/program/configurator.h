@@ -1,7 +1,10 @@
-// The whole program on top of a desktop, a serial port and a motor table.
+// The whole program on top of a machine.
 #pragma once
 
+#include <vector>
+
 #include "config_file/config_files.h"
+#include "core/drive_state.h"
 #include "core/program/main_form.h"
 #include "core/program/start_form.h"
 #include "core/settings.h"
@@ -10,26 +13,50 @@
 #include "dialogs/io_dialog.h"
 #include "dialogs/motion_menu.h"
 #include "dialogs/regen_dialog.h"
+#include "image/transfers.h"
+#include "link/comm_ports.h"
+#include "link/drive_identity.h"
+#include "link/receive_path.h"
 #include "motor/dialogs/edit_motor.h"
 #include "motor/dialogs/motor_dialog.h"
+#include "motor/motor_calculations.h"
 #include "motor/motor_table.h"
+#include "reports/summary_grid.h"
 
 namespace kavr6 {
 
-/// Owns the settings and every window, and hands each what it needs. One instance is one program.
+/// What the program needs of the world; all of it outlives the program.
+struct Machine {
+  Desktop& desktop;
+  MSComm& comm;
+  TableAccess& motors;
+  FileStore& files;
+};
+
+/// Owns the settings, the drive state and every window, and hands each what it needs. One instance is one
+/// program.
 class Configurator {
  public:
-  Configurator(Desktop& desktop, MSComm& comm, TableAccess& table, FileStore& files);
+  explicit Configurator(const Machine& machine);
+  Configurator(const Configurator&) = delete;
+  Configurator& operator=(const Configurator&) = delete;
 
   /// Shows the splash, loads the main screen and shows it. Events run meanwhile.
   void Start() { Splash.EnsureLoaded(); }
 
-  Configurator(const Configurator&) = delete;
-  Configurator& operator=(const Configurator&) = delete;
-
   Settings settings;
+  DriveState state;
+  DriveLine line;
   MotorTable motorTable;
+  CurrentLimits limits;
+  CommPorts ports;
+  ReceivePath receive;
+  DriveIdentity identity;
+  Transfers transfers;
+  ConfigFiles Files;
+
   MainForm Main;
+  Summarizer summary;
   MotorDialog MotorSetup;
   EditMotor CustomMotorSetup;
   PulseDirDialog PulseDirSetup;
@@ -42,11 +69,14 @@ class Configurator {
   RegenDialog RegenSetup;
   StartForm Splash;
   About Credits;
-  ConfigFiles Files;
 
  private:
+  SetupParts Setup() { return {Main, state, settings}; }
+  void WireTransfers();
   void WireFiles();
   void WireSetupDialogs();
+  void PressOpenOks();
+  void TakeMotor(const MotorRecord& motor) { AddMotorIfMissing(motorTable, MotorSetup, motor); }
 };
 
 }  // namespace kavr6

@@ -1,6 +1,7 @@
 #include "core/program/main_form.h"
 
 #include <array>
+#include <map>
 #include <utility>
 
 #include "core/drive_models.h"
@@ -23,19 +24,7 @@ void Call(const std::function<void()>& opener) {
 }  // namespace
 
 MainForm::MainForm(Desktop& desktop, const MainFormParts& parts)
-    : MainScreen(desktop),
-      Calculations(parts.settings, *this, parts.motorTable),
-      Report(*this, parts.settings, parts.motorTable),
-      Receive(*this, parts.comm),
-      Identity(*this, parts.comm),
-      p_(parts),
-      ports_(*this, parts.comm),
-      transfers_({*this, parts.settings, parts.comm, Identity, parts.motorTable, Calculations}) {
-  transfers_.CommitOpenDialogs = [this] { PressOpenOks(); };
-  transfers_.AddMotorIfMissing = [this](const MotorRecord& motor) {
-    AddMotorIfMissing(Screen(), p_.motorTable, p_.motorDialog, motor);
-  };
-  transfers_.SummarizeAll = [this] { Report.SummarizeAll(); };
+    : MainScreen(desktop), p_(parts), state_(parts.state) {
   SetMinSize(kMinWidthTwips, kMinHeightTwips);
   Resize(kMinWidthTwips, kStartHeightTwips);
   // Properties of the port from the beginning: a port that is first opened by the user's choice, after a
@@ -44,26 +33,32 @@ MainForm::MainForm(Desktop& desktop, const MainFormParts& parts)
   p_.comm.SetParityReplace("");
   WireButtons();
   WireMenus();
-  WireStatusLine();
+  FollowState();
 }
 
-MainForm::~MainForm() { Screen().Cancel(namingDevices_); }
+MainForm::~MainForm() { Desk().Cancel(namingDevices_); }
 
 void MainForm::WireButtons() {
-  const std::array<std::pair<ImageButton*, std::function<void()> MainFormOpeners::*>, 5> dialogs{{
+  const std::array<std::pair<ImageButton*, std::function<void()> MainFormOpeners::*>, 7> openers{{
       {&Motion, &MainFormOpeners::Motion},
       {&Motor, &MainFormOpeners::Motor},
       {&Encoder, &MainFormOpeners::Encoder},
       {&IO, &MainFormOpeners::IO},
       {&Regen, &MainFormOpeners::Regen},
+      {&Download, &MainFormOpeners::Download},
+      {&Upload, &MainFormOpeners::Upload},
   }};
-  for (const auto& [button, opener] : dialogs)
+  for (const auto& [button, opener] : openers)
     button->Clicked.Set([this, opener = opener] { Call(Openers.*opener); });
-  Download.Clicked.Set([this] { transfers_.DownloadClick(); });
-  Upload.Clicked.Set([this] { transfers_.UploadClick(); });
   ModelList.Clicked.Set([this] { ModelListClick(); });
+  CommList.Clicked.Set([this] { p_.ports.Select(CommList.ListIndex()); });
   Summary.DoubleClicked.Set([this](int row) {
-    if (ClickableControl* button = Report.ButtonOf(row)) button->Click();
+    const std::map<SummaryRow, ImageButton*> buttons{{kMotorRow, &Motor},
+                                                     {kMotionRow, &Motion},
+                                                     {kRegenRow, &Regen},
+                                                     {kIoRow, &IO},
+                                                     {kEncoderRow, &Encoder}};
+    if (const auto section = SectionOf(row)) buttons.at(*section)->Click();
   });
   for (HotSpot* spot : {&HSACPower, &HSdomelabel, &HSencoder, &HSinout1, &HSinout2, &HSled, &HSrs485}) {
     spot->Clicked.Set([this, spot] {
@@ -103,41 +98,48 @@ void MainForm::WireMenus() {
   MenuExit.Clicked.Set([this] { Leave(); });
 }
 
-void MainForm::WireStatusLine() {
+void MainForm::FollowState() {
   p_.comm.StateChanged.Set([this] {
     NameDevicesSoon();
     ShowPortStatus();
   });
-  CommNumber.Changed.Set([this] { ShowPortStatus(); });
-  DspRev.Changed.Set([this] { ShowDriveStatus(); });
-  DriveModelCode.Changed.Set([this] { ShowDriveStatus(); });
-  DriveVersion.Change.Set([this] { ShowDriveStatus(); });
-  Modified.Changed.Set([this] { ShowSettingsStatus(); });
+  state_.CommNumber.Changed.Set([this] { ShowPortStatus(); });
+  state_.CommIndex.Changed.Set([this] { CommList.SetListIndex(state_.CommIndex); });
+  state_.ModelIndex.Changed.Set([this] { ModelList.SetListIndex(state_.ModelIndex); });
+  state_.DspRev.Changed.Set([this] { ShowDriveStatus(); });
+  state_.DriveModelCode.Changed.Set([this] { ShowDriveStatus(); });
+  state_.DriveVersion.Changed.Set([this] {
+    DriveVersion.SetCaption(state_.DriveVersion);
+    ShowDriveStatus();
+  });
+  state_.Progress.Changed.Set([this] { ProgBar.SetFloodPercent(state_.Progress); });
+  state_.MotionDesc.Changed.Set([this] { MotionDesc.SetCaption(state_.MotionDesc); });
+  state_.TitleName.Changed.Set([this] { ShowTitle(); });
+  state_.Modified.Changed.Set([this] { ShowSettingsStatus(); });
 }
 
 void MainForm::Load() {
   for (const auto& [item, opener] : greyWithoutOpener_) item->SetEnabled(static_cast<bool>(Openers.*opener));
-  AppVersion = VersionText(Screen().Version());
-  HelpDir = (Screen().ProgramDirectory() / "KAVR6 help" / "").string();
+  state_.AppVersion = VersionText(Desk().Version());
+  state_.HelpDir = (Desk().ProgramDirectory() / "KAVR6 help" / "").string();
   StartSharedValues();
   LoadModelList();
-  ports_.LoadCommList();
-  NameDevicesSoon();
+  LoadCommList();
   p_.ioDialog.FillLimitList();
-  ShowTitle(*this, "");
-  DspRev = 0;
-  ports_.StartComm();
-  Modified = false;
-  InertiaSet = false;
-  if (StartPort != 0 && Identity.DriveStillThere()) Identity.CheckDrive();
-  const std::u8string folder = Screen().ProgramDirectory().u8string();
-  SaveFile.InitDir.assign(folder.begin(), folder.end());
+  ShowTitle();
+  state_.DspRev = 0;
+  p_.ports.StartComm();
+  state_.Modified = false;
+  state_.InertiaSet = false;
+  if (state_.StartPort != 0 && p_.identity.DriveStillThere()) p_.identity.CheckDrive();
+  const std::u8string folder = Desk().ProgramDirectory().u8string();
+  p_.files.SaveFile.InitDir.assign(folder.begin(), folder.end());
   PlaceWindow();
   InitVars(p_.settings);
-  ShowModeName(*this, p_.settings);
+  ShowModeName(state_, p_.settings);
   p_.motorDialog.EnsureLoaded();
   motorsLoaded_ = true;
-  Report.SummaryInit();
+  p_.summary.SummaryInit();
   Motion.Focus();
   ShowPortStatus();
   ShowDriveStatus();
@@ -145,17 +147,17 @@ void MainForm::Load() {
 }
 
 void MainForm::StartSharedValues() {
-  Receive.Clear();
-  FileName.clear();
-  CommandActive = false;
-  AlarmPopupOff = false;
-  LiveToolActive = false;
-  MotorTouched = false;
-  CommNumber = 1;
+  p_.receive.Clear();
+  state_.FileName.clear();
+  state_.CommandActive = false;
+  state_.AlarmPopupOff = false;
+  state_.LiveToolActive = false;
+  state_.MotorTouched = false;
+  state_.CommNumber = 1;
 }
 
 void MainForm::PlaceWindow() {
-  if (Screen().ScreenSize().width >= kStartWidthTwips) Resize(kStartWidthTwips, Height());
+  if (Desk().ScreenSize().width >= kStartWidthTwips) Resize(kStartWidthTwips, Height());
   CenterOnScreen(*this);
 }
 
@@ -164,17 +166,18 @@ void MainForm::LoadModelList() {
   ModelList.SetListIndex(kStartModel);
 }
 
-void MainForm::ModelListClick() {
-  ShowModeName(*this, p_.settings);
-  // The limits need a motor. Before the motor table is loaded all currents are 0 and no limit can hold them.
-  if (!motorsLoaded_) return;
-  Calculations.LimitContCurrent();
-  Calculations.LimitIdleCurrent();
+void MainForm::LoadCommList() {
+  for (int port = 1; port <= kPortCount; ++port) CommList.AddItem("COM" + std::to_string(port));
+  NameDevicesSoon();
 }
 
-void MainForm::PressOpenOks() {
-  for (SetupDialog* dialog : CommittedDialogs)
-    if (dialog->Visible()) dialog->OK.Click();
+void MainForm::ModelListClick() {
+  state_.ModelIndex = ModelList.ListIndex();
+  ShowModeName(state_, p_.settings);
+  // The limits need a motor. Before the motor table is loaded all currents are 0 and no limit can hold them.
+  if (!motorsLoaded_) return;
+  p_.limits.LimitContCurrent();
+  p_.limits.LimitIdleCurrent();
 }
 
 bool MainForm::KeyPressed(char character) {
@@ -189,50 +192,62 @@ bool MainForm::MayClose() {
 }
 
 void MainForm::Leave() {
-  if (Modified) {
-    const BoxAnswer answer = Screen().Ask(
+  if (state_.Modified) {
+    const BoxAnswer answer = Desk().Ask(
         {.text = "You have made changes without Saving or Downloading.  Do you really want to quit?",
          .icon = BoxIcon::Question,
          .title = "Quit",
          .buttons = BoxButtons::OkCancel});
     if (answer != BoxAnswer::Ok) return;
   }
-  Screen().EndProgram(0);
+  Desk().EndProgram(0);
 }
 
 void MainForm::ShowPortStatus() {
-  const std::string port = "COM" + std::to_string(CommNumber);
+  const std::string port = "COM" + std::to_string(state_.CommNumber);
   if (!p_.comm.PortOpen()) {
     StatusPort.SetCaption("No port open");
     return;
   }
-  const std::string device = p_.comm.DeviceName(CommNumber);
+  const std::string device = p_.comm.DeviceName(state_.CommNumber);
   StatusPort.SetCaption(device.empty() || device == port ? port : port + ": " + device);
 }
 
 void MainForm::NameDevicesSoon() {
-  // Not while the user waits for the main screen or for a port.
-  Screen().Cancel(namingDevices_);
-  namingDevices_ = Screen().CallAfter(kDeviceNamesDelay, [this] { ports_.RefreshDeviceNames(); });
+  // Not while the user waits for the main screen or for a port: it takes milliseconds.
+  Desk().Cancel(namingDevices_);
+  namingDevices_ = Desk().CallAfter(kDeviceNamesDelay, [this] { NameDevices(); });
+}
+
+void MainForm::NameDevices() {
+  for (int row = 0; row < CommList.Count(); ++row) {
+    const std::string device = p_.comm.DeviceName(row + 1);
+    CommList.SetItemToolTip(row, device.empty() ? "no device" : device);
+  }
+}
+
+void MainForm::ShowTitle() {
+  SetCaption(std::string(kProgramTitle) + "  V" + state_.AppVersion + " - " +
+             (state_.TitleName.Get().empty() ? "untitled" : state_.TitleName.Get()));
 }
 
 void MainForm::ShowDriveStatus() {
-  if (DspRev == 0) {
+  if (state_.DspRev == 0) {
     StatusDrive.SetCaption("No drive heard");
     return;
   }
-  const int index = ModelIndex(DriveModelCode);
+  const int index = ModelIndex(state_.DriveModelCode);
   const std::string model = index >= 0 ? std::string(kDriveModels[static_cast<std::size_t>(index)].name)
-                                       : "Unknown model, code " + std::to_string(DriveModelCode);
+                                       : "Unknown model, code " + std::to_string(state_.DriveModelCode);
   // The label may still hold, or have lost, what an earlier drive has told.
-  const std::string revision = RevisionText(DspRev);
-  const std::string& shown = DriveVersion.Caption();
+  const std::string revision = ShownRevision(state_.DspRev, {});
+  const std::string& shown = state_.DriveVersion;
   StatusDrive.SetCaption("Last heard: " + model + ", firmware " +
                          (shown.starts_with(revision) ? shown : revision));
 }
 
 void MainForm::ShowSettingsStatus() {
-  StatusSettings.SetCaption(Modified ? "Settings changed" : "Settings unchanged");
+  StatusSettings.SetCaption(state_.Modified ? "Settings changed" : "Settings unchanged");
 }
 
 }  // namespace kavr6

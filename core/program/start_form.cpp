@@ -1,26 +1,27 @@
 #include "core/program/start_form.h"
 
+#include "core/program/main_screen.h"
+
 namespace kavr6 {
 
 void StartForm::Load() {
   SetCaption(kProgramTitle);
   CenterOnScreen(*this);
-  mainScreen_.AppVersion = VersionText(Screen().Version());
-  lblVersion.SetCaption("Version " + mainScreen_.AppVersion);
+  state_.AppVersion = VersionText(Desk().Version());
+  lblVersion.SetCaption("Version " + state_.AppVersion);
   Show();
-  mainScreen_.EnsureLoaded();
+  mainForm_.EnsureLoaded();
   Hide();
-  mainScreen_.Show();
+  mainForm_.Show();
 }
 
-About::About(Desktop& desktop, const MainScreen& mainScreen)
-    : Form(desktop, "About"), mainScreen_(mainScreen) {
+About::About(Desktop& desktop, const DriveState& state) : Form(desktop, "About"), state_(state) {
   SetCaption("Credits");
   OK.Clicked.Set([this] { Hide(); });
 }
 
 void About::Run() {
-  lblVersion.SetCaption("Version " + mainScreen_.AppVersion);
+  lblVersion.SetCaption("Version " + state_.AppVersion);
   ShowModal();
 }
 

@@ -1,7 +1,7 @@
 // The splash window and the credits.
 #pragma once
 
-#include "core/main_screen.h"
+#include "core/drive_state.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 
@@ -10,7 +10,8 @@ namespace kavr6 {
 /// Window "StartForm": stands on the screen while the main screen loads, then gives way to it.
 class StartForm : public Form {
  public:
-  StartForm(Desktop& desktop, MainScreen& mainScreen) : Form(desktop, "StartForm"), mainScreen_(mainScreen) {}
+  StartForm(Desktop& desktop, DriveState& state, Form& mainForm)
+      : Form(desktop, "StartForm"), state_(state), mainForm_(mainForm) {}
 
   Label lblVersion{*this, "lblVersion"};
 
@@ -18,13 +19,14 @@ class StartForm : public Form {
   void Load() override;
 
  private:
-  MainScreen& mainScreen_;
+  DriveState& state_;
+  Form& mainForm_;
 };
 
 /// Window "About".
 class About : public Form {
  public:
-  About(Desktop& desktop, const MainScreen& mainScreen);
+  About(Desktop& desktop, const DriveState& state);
 
   Label lblVersion{*this, "lblVersion"};
   Button OK{*this, "OK", "OK", Button::Role::Default};
@@ -36,7 +38,7 @@ class About : public Form {
   void Load() override { CenterOnScreen(*this); }
 
  private:
-  const MainScreen& mainScreen_;
+  const DriveState& state_;
 };
 
 }  // namespace kavr6

@@ -15,9 +15,8 @@ constexpr unsigned char kWizardLetter = 'k';
 
 }  // namespace
 
-EditMotor::EditMotor(MainScreen& screen, Settings& settings, MotorDialog& motorDialog)
-    : SetupDialog(screen, settings,
-                  {"EditMotor", "Define Custom Motor", "ConfigSoftware_Motor.html#DefineMotor"}),
+EditMotor::EditMotor(const SetupParts& parts, MotorDialog& motorDialog)
+    : SetupDialog(parts, {"EditMotor", "Define Custom Motor", "ConfigSoftware_Motor.html#DefineMotor"}),
       motorDialog_(motorDialog) {
   FillUnits(TorqueUnit, TorqueUnitName);
   FillUnits(JUnits, InertiaUnitName);
@@ -100,10 +99,10 @@ void EditMotor::ShowInMotorDialog() {
 
 void EditMotor::WizardClick() {
   // Without a letter there is no knowing what the firmware can do.
-  const std::string& letter = screen_.MinorRev;
+  const std::string& letter = state_.MinorRev;
   if (letter.empty() ||
-      (screen_.DspRev == kWizardRevision && static_cast<unsigned char>(letter[0]) < kWizardLetter)) {
-    Screen().Ask(
+      (state_.DspRev == kWizardRevision && static_cast<unsigned char>(letter[0]) < kWizardLetter)) {
+    Desk().Ask(
         {.text = "You must have firmware version 1.00k or later to use the Waveform Smoothing Wizard."});
   } else if (OpenWizard) {
     OpenWizard();

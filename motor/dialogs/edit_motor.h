@@ -12,7 +12,7 @@ namespace kavr6 {
 /// has opened it, takes nothing back.
 class EditMotor : public SetupDialog {
  public:
-  EditMotor(MainScreen& screen, Settings& settings, MotorDialog& motorDialog);
+  EditMotor(const SetupParts& parts, MotorDialog& motorDialog);
 
   TextBox txtMotorName{*this, "txtMotorName"};
   TextBox txtRatedCurrent{*this, "txtRatedCurrent"};

@@ -1,7 +1,7 @@
 #include "motor/dialogs/motor_dialog.h"
 
+#include <optional>
 #include <utility>
-#include <vector>
 
 #include "dialogs/numeric_entry.h"
 #include "motor/dialogs/unit_list.h"
@@ -15,11 +15,10 @@ constexpr const char* kLess = "Less";
 
 }  // namespace
 
-MotorDialog::MotorDialog(MainScreen& screen, MotorTable& table, Settings& settings,
-                         MotorCalculations& calculations)
-    : SetupDialog(screen, settings, {"MotorDialog", "Motor", "ConfigSoftware_Motor.html"}),
+MotorDialog::MotorDialog(const SetupParts& parts, MotorTable& table, CurrentLimits& limits)
+    : SetupDialog(parts, {"MotorDialog", "Motor", "ConfigSoftware_Motor.html"}),
       table_(table),
-      calculations_(calculations) {
+      limits_(limits) {
   FillUnits(JUnits, InertiaUnitName);
   ShowMore(false);
   WireMotorChoice();
@@ -27,7 +26,10 @@ MotorDialog::MotorDialog(MainScreen& screen, MotorTable& table, Settings& settin
   WireIdleCurrent();
   WireLoadInertia();
   Wiring.Clicked.Set([this] { ShowHelp("Connecting_the_Motor.html"); });
-  calculations_.DialogShowsCustom = [this] { return optCustom.Value(); };
+  limits_.CustomOnShow = [this]() -> std::optional<bool> {
+    if (Desk().ActiveFormName() != Name()) return std::nullopt;
+    return optCustom.Value();
+  };
 }
 
 void MotorDialog::WireMotorChoice() {
@@ -47,7 +49,7 @@ void MotorDialog::WireRunningCurrent() {
   SliderMaxCurrent.Scrolled.Set([this] { HoldRunningCurrent(); });
   SliderMaxCurrent.Change.Set([this] {
     // Once the dialog has been opened, only the user's own moves are held within the limits.
-    if (!screen_.MotorTouched) HoldRunningCurrent();
+    if (!state_.MotorTouched) HoldRunningCurrent();
     TextFollows(txtDriveCurrent, SliderMaxCurrent);
   });
 }
@@ -79,24 +81,21 @@ void MotorDialog::Load() {
   SetupDialog::Load();
   Wiring.SetEnabled(static_cast<bool>(ShowHelp));
   try {
-    table_.Open(Screen().ProgramDirectory());
+    table_.Open(Desk().ProgramDirectory());
     LoadMotorList();
     if (MotorList.Count() == 0) RaiseNoRecord();  // without a selected motor no setting can be shown or sent
     table_.MoveFirst();
   } catch (const RuntimeError& error) {
-    Screen().Ask({.text = "Error " + std::to_string(error.Number()) + ": " + error.what() +
+    Desk().Ask({.text = "Error " + std::to_string(error.Number()) + ": " + error.what() +
                           " Can't load motor database.  The KAVR6 Configurator cannot operate without it.  "
                           "Please try re-installing the software."});
-    Screen().EndProgram(1);
+    Desk().EndProgram(1);
   }
   optStandard.SetValue(true);
 }
 
 void MotorDialog::LoadMotorList() {
-  std::vector<std::string> names;
-  for (table_.MoveFirst(); !table_.EndOfTable(); table_.MoveNext())
-    names.push_back(table_.Text("Part Number"));
-  MotorList.SetItems(names);
+  MotorList.SetItems(table_.PartNumbers());
   if (MotorList.Count() > 0) MotorList.SetListIndex(0);
 }
 
@@ -112,25 +111,26 @@ void MotorDialog::SetMotorList(const std::string& name) {
 
 void MotorDialog::MotorPicked() {
   if (!table_.Seek(MotorList.Text())) return;
-  TorqueUnit.SetCaption(TorqueUnitName(table_.Whole("TorqueUnit")));
-  RotorInertiaUnit.SetCaption(InertiaUnitName(table_.Whole("InertiaUnit")));
-  ShowRatedCurrent(table_.Number("current"));
-  const std::pair<Label*, const char*> facts[] = {
-      {&lblRatedTorque, "Torque"},
-      {&lblRatedCurrent, "current"},
-      {&lblRotorInertia, "inertia"},
-      {&lblSmoothingGain, "harmonic gain"},
-      {&lblSmoothingPhase, "harmonic phase"},
-      {&lblDeg, "leadangle deg"},
-      {&lblrps, "leadangle rps"},
+  const MotorRow& row = table_.Row();
+  TorqueUnit.SetCaption(TorqueUnitName(NeededWhole(row.TorqueUnit)));
+  RotorInertiaUnit.SetCaption(InertiaUnitName(NeededWhole(row.InertiaUnit)));
+  ShowRatedCurrent(Needed(row.Current));
+  const std::pair<Label*, MotorNumber> facts[] = {
+      {&lblRatedTorque, &MotorRow::Torque},
+      {&lblRatedCurrent, &MotorRow::Current},
+      {&lblRotorInertia, &MotorRow::Inertia},
+      {&lblSmoothingGain, &MotorRow::HarmonicGain},
+      {&lblSmoothingPhase, &MotorRow::HarmonicPhase},
+      {&lblDeg, &MotorRow::LeadAngleDeg},
+      {&lblrps, &MotorRow::LeadAngleRps},
   };
-  for (const auto& [label, column] : facts) label->SetCaption(table_.Text(column));
+  for (const auto& [label, column] : facts) label->SetCaption(ColumnText(row.*column));
 }
 
 void MotorDialog::SourceChosen(bool custom) {
   MotorList.SetEnabled(!custom);
   DefineNewMotor.SetEnabled(custom);
-  ShowRatedCurrent(custom ? settings_.RatedCurrent : table_.Number("current"));
+  ShowRatedCurrent(custom ? settings_.RatedCurrent : Needed(table_.Row().Current));
   FrameOtherMotor.SetVisible(custom);
   FrameMotorSpecs.SetVisible(!custom);
   if (custom) ShowCustomSpecs();
@@ -149,21 +149,17 @@ void MotorDialog::LoadKindChosen(bool ratio) {
   JUnits.SetEnabled(!ratio);
 }
 
-void AddMotorIfMissing(Desktop& desktop, MotorTable& table, MotorDialog& dialog, const MotorRecord& motor) {
+void AddMotorIfMissing(MotorTable& table, MotorDialog& dialog, const MotorRecord& motor) {
   if (motor.MotorName.empty()) return;
   if (table.Seek(motor.MotorName)) {
-    dialog.SetMotorList(table.Text("part number"));
+    dialog.SetMotorList(table.Row().PartNumber);
     return;
   }
-  try {
-    table.Append(motor);
-  } catch (const RuntimeError& error) {
-    desktop.Ask({.text = "The motor \"" + motor.MotorName +
-                         "\" is not in the motor database and cannot be added to it.  " + error.what() +
-                         "  The motor selected so far stays selected.",
-                 .icon = BoxIcon::Exclamation});
-    return;
-  }
+  if (const auto cause = table.Append(motor))
+    dialog.Desk().Ask({.text = "The motor \"" + motor.MotorName +
+                                 "\" is not in the motor database and cannot be added to it.  " + *cause +
+                                 "  It is selected all the same and can be used until the program ends.",
+                         .icon = BoxIcon::Exclamation});
   dialog.LoadMotorList();
   dialog.SetMotorList(motor.MotorName);
 }

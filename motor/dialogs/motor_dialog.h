@@ -18,7 +18,7 @@ class MotorDialog : public SetupDialog {
   OptionGroup load_;
 
  public:
-  MotorDialog(MainScreen& screen, MotorTable& table, Settings& settings, MotorCalculations& calculations);
+  MotorDialog(const SetupParts& parts, MotorTable& table, CurrentLimits& limits);
 
   OptionButton optStandard{*this, "optStandard", source_};
   OptionButton optCustom{*this, "optCustom", source_};
@@ -111,12 +111,13 @@ class MotorDialog : public SetupDialog {
   Settings Edited() const;
 
   MotorTable& table_;
-  MotorCalculations& calculations_;
+  CurrentLimits& limits_;
   bool holding_ = false;
 };
 
 /// Selects the motor of that name in the dialog, after appending it to the table where it is missing. A motor
-/// without a name is ignored. A table that cannot be written is told in a box, and the selection stays.
-void AddMotorIfMissing(Desktop& desktop, MotorTable& table, MotorDialog& dialog, const MotorRecord& motor);
+/// without a name is ignored. That the table cannot be written is told in a box; the motor is selected all
+/// the same, and stays in the list until the program ends.
+void AddMotorIfMissing(MotorTable& table, MotorDialog& dialog, const MotorRecord& motor);
 
 }  // namespace kavr6

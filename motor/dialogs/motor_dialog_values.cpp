@@ -24,14 +24,14 @@ void FillSlider(Slider& slider, TextBox& text, double value) {
 }  // namespace
 
 void MotorDialog::ShowRatedCurrent(double amperes) {
-  const auto most = static_cast<double>(calculations_.MaxDriveCurrent());
+  const auto most = static_cast<double>(limits_.MaxDriveCurrent());
   MoveSlider(SliderMaxCurrent, Steps(std::min(amperes, most), txtDriveCurrent));
 }
 
 void MotorDialog::HoldRunningCurrent() {
   // With a limit below the least current the two rules would chase each other.
   if (holding_) return;
-  const double most = Steps(static_cast<double>(calculations_.MotorCurrentLimit()), txtDriveCurrent);
+  const double most = Steps(static_cast<double>(limits_.MotorCurrentLimit()), txtDriveCurrent);
   holding_ = true;
   if (SliderMaxCurrent.Value() > most) {
     MoveSlider(SliderMaxCurrent, most);
@@ -43,7 +43,7 @@ void MotorDialog::HoldRunningCurrent() {
 
 void MotorDialog::RunningCurrentTyped() {
   const std::string& text = txtDriveCurrent.Text();
-  const float most = calculations_.MotorCurrentLimit();
+  const float most = limits_.MotorCurrentLimit();
   const bool tooMuch = PrefixNumber(text) > static_cast<double>(most);
   txtDriveCurrent.SetText(tooMuch ? FormatNumber(most, "0.00") : CleanEntry(text, LimitsOf(txtDriveCurrent)));
   // The limit itself can lie above what the slider, and so the text, can show.
@@ -65,7 +65,7 @@ void MotorDialog::Opened() {
 }
 
 void MotorDialog::Fill() {
-  SetMotorList(table_.Text("PartNoX"));
+  SetMotorList(table_.Row().PartNoX);
   FillCurrents();
   FillLoadInertia();
   // Comes after the currents: another source than the one last shown puts its rated current there.
@@ -77,7 +77,7 @@ void MotorDialog::Fill() {
 
 void MotorDialog::FillCurrents() {
   FillSlider(SliderIdleDelay, IdleDelayTime, settings_.IdleDelay);
-  screen_.MotorTouched = true;
+  state_.MotorTouched = true;
   FillSlider(SliderMaxCurrent, txtDriveCurrent, settings_.RunCurrent);
   // The text goes further than the slider.
   txtIdlePercent.SetText(CleanEntry(NumberText(settings_.IdlePercent), LimitsOf(txtIdlePercent)));
@@ -105,10 +105,10 @@ void MotorDialog::ShowCustomSpecs() {
 }
 
 void MotorDialog::Commit() {
-  const double most = Steps(static_cast<double>(calculations_.MotorCurrentLimit()), txtDriveCurrent);
+  const double most = Steps(static_cast<double>(limits_.MotorCurrentLimit()), txtDriveCurrent);
   if (most < SliderMaxCurrent.Value()) MoveSlider(SliderMaxCurrent, most);
   settings_ = Edited();
-  if (InertiaEdited) screen_.InertiaSet = true;
+  if (InertiaEdited) state_.InertiaSet = true;
   Finish();
 }
 

@@ -25,11 +25,11 @@ TEST(EndToEnd, DriveThatDiesInATransferIsToldAndServesAfterItsReturn) {
   SerialComm comm(desktop, std::filesystem::path(folder.path().toStdString()) / "ports");
   MemoryTable table = CatalogueTable();
   MemoryFiles files;
-  Configurator program(desktop, comm, table, files);
+  Configurator program({desktop, comm, table, files});
   MainForm& main = program.Main;
   double& speed = program.settings.Speed;
   main.EnsureLoaded();
-  main.InertiaSet = true;
+  state.InertiaSet = true;
   std::string boxes;
   QTimer closer;
   closer.callOnTimeout([&boxes] {

@@ -20,11 +20,11 @@ struct ConfigFilesTest : SceneTest {
   ConfigFilesTest() { files[kName] = SavedText(); }
   /// The file that the program would write now.
   std::string SavedText() {
-    const bool modified = main.Modified;
-    main.FileName = "/probe";
+    const bool modified = state.Modified;
+    state.FileName = "/probe";
     main.MenuSave.Click();
-    main.FileName = "";
-    main.Modified = modified;
+    state.FileName = "";
+    state.Modified = modified;
     return files.extract("/probe").mapped();
   }
   void Replace(const std::string& part, const std::string& by) {
@@ -39,14 +39,14 @@ struct ConfigFilesTest : SceneTest {
   }
   void ExpectOpened() {
     EXPECT_EQ(main.Caption(), kTitle + std::string(kName));
-    EXPECT_TRUE(main.FileName == kName && !main.Modified && main.InertiaSet);
+    EXPECT_TRUE(state.FileName == kName && !state.Modified && state.InertiaSet);
   }
 
   std::map<std::string, std::string>& files = scene.files.content;
 };
 
 TEST_F(ConfigFilesTest, SaveAsksOnceForAName) {
-  main.Modified = true;
+  state.Modified = true;
   using Whole = std::int64_t;
   scene.table.Add({"KM50", "KM50x", 1.5, 2.5, Whole{3}, 4.5, Whole{2}, Whole{7}, Whole{8}, Whole{9},
                    Whole{10}, 11.5, 12.5, 13.5});
@@ -54,7 +54,7 @@ TEST_F(ConfigFilesTest, SaveAsksOnceForAName) {
   // What changes while the dialog stands open is saved too.
   scene.desktop.Expect(ExpectedFile{Save, kName, [&] { scene.settings.Speed = 12; }});
   main.MenuSave.Click();
-  EXPECT_FALSE(main.Modified);
+  EXPECT_FALSE(state.Modified);
   EXPECT_EQ(main.Caption(), kTitle + std::string(kName));
   EXPECT_NE(files[kName].find("\r\n12,5,100"), std::string::npos);
   EXPECT_NE(
@@ -62,13 +62,13 @@ TEST_F(ConfigFilesTest, SaveAsksOnceForAName) {
           "\"KM50\", 1.5    2.5           3             4.5           2             7             8 \r\n"
           " 12.5          13.5 \r\n 9             10 \r\n 11.5 \r\n"),
       std::string::npos);
-  main.Modified = true;
+  state.Modified = true;
   scene.settings.Speed = 13;
   main.MenuSave.Click();
   EXPECT_NE(files[kName].find("\r\n13,5,100"), std::string::npos);
   scene.desktop.Expect(ExpectedFile{Save, ""});
   main.MenuSaveAs.Click();
-  EXPECT_EQ(main.FileName, kName);
+  EXPECT_EQ(state.FileName, kName);
   const FileDialog& asked = scene.desktop.FileDialogs().at(1);
   EXPECT_EQ(asked.filter + asked.defaultExtension + asked.folder, kWanted + std::string(kFolder));
 }
@@ -84,17 +84,17 @@ TEST_F(ConfigFilesTest, AFailedSaveKeepsTheOldFileAndTheChanges) {
          while (on && !scene.table.EndOfTable()) scene.table.MoveNext();
        }}};
   for (const auto& [words, harm] : harms) {
-    main.Modified = true;
+    state.Modified = true;
     harm(true);
     for (const bool saveAs : {true, false}) {
-      main.FileName = saveAs ? "" : kName;
+      state.FileName = saveAs ? "" : kName;
       main.SetCaption("as it was");
       if (saveAs) scene.desktop.Expect(ExpectedFile{Save, kName});
       scene.desktop.Expect(ExpectedBox{"Error saving file: " + std::string(words)});
       main.MenuSave.Click();
       EXPECT_EQ(main.Caption(), saveAs ? kTitle + std::string(kName) : "as it was") << words;
-      EXPECT_EQ(main.FileName, saveAs ? "" : kName);
-      EXPECT_TRUE(main.Modified);
+      EXPECT_EQ(state.FileName, saveAs ? "" : kName);
+      EXPECT_TRUE(state.Modified);
       EXPECT_EQ(files[kName], old);
     }
     harm(false);
@@ -112,7 +112,7 @@ TEST_F(ConfigFilesTest, OpenBringsTheWholeRecordBack) {
   InitVars(scene.settings);
   main.ModelList.Select(0);
   scene.program.MotorSetup.MotorList.SetListIndex(0);
-  main.Modified = true;
+  state.Modified = true;
   scene.desktop.Expect(ExpectedBox{"replace your program?"});
   Open();
   ExpectOpened();
@@ -120,13 +120,13 @@ TEST_F(ConfigFilesTest, OpenBringsTheWholeRecordBack) {
   EXPECT_EQ(main.ModelList.ListIndex(), 5);
   EXPECT_EQ(main.MotionDesc.Caption(), "Zulink Hub");
   EXPECT_EQ(main.Summary.Text(0, 0), "Motor: KM34-3S-670");
-  EXPECT_EQ(main.SaveFile.InitDir, kFolder);
+  EXPECT_EQ(program.Files.SaveFile.InitDir, kFolder);
 }
 
 TEST_F(ConfigFilesTest, OpenGivenUpOrImpossibleChangesNothing) {
   scene.settings.Speed = 44;
   const Settings before = scene.settings;
-  main.Modified = true;
+  state.Modified = true;
   for (const int step : {1, 2, 3}) {
     scene.desktop.Expect(ExpectedBox{"replace your program?", step == 1 ? BoxAnswer::Cancel : BoxAnswer::Ok});
     if (step == 2) scene.desktop.Expect(ExpectedFile{Load, ""});
@@ -135,7 +135,7 @@ TEST_F(ConfigFilesTest, OpenGivenUpOrImpossibleChangesNothing) {
     main.MenuOpen.Click();
     EXPECT_EQ(scene.settings, before);
     EXPECT_EQ(main.Caption(), kTitle + std::string("untitled"));
-    EXPECT_TRUE(main.FileName.empty() && main.Modified && !main.InertiaSet);
+    EXPECT_TRUE(state.FileName.empty() && state.Modified && !state.InertiaSet);
     EXPECT_NO_THROW(scene.desktop.CheckNothingLeft());
   }
 }
@@ -153,7 +153,7 @@ TEST_F(ConfigFilesTest, AFileThatCannotBeReadToItsEndIsOpenedAllTheSame) {
     Replace("7,3,0", "7,2,0");
     Replace(part, by);
     InitVars(scene.settings);
-    main.InertiaSet = false;
+    state.InertiaSet = false;
     ShowModeName(main, scene.settings);
     Open("Error: couldn't read file.  " + std::string(words) + ".");
     ExpectOpened();
@@ -168,7 +168,7 @@ TEST_F(ConfigFilesTest, AFileSelectsItsPort) {
   Replace("\r\n0\r\n3,3,1", "\r\n2\r\n3,3,1");
   Open();
   ExpectOpened();
-  EXPECT_EQ(main.CommNumber, 3);
+  EXPECT_EQ(state.CommNumber, 3);
   EXPECT_TRUE(scene.comm.PortOpen());
   // A port that is not there is told, and the reading goes on behind the box, whatever came in meanwhile.
   Replace("\r\n2\r\n3,3,1", "\r\n4\r\n3,3,2");
@@ -182,7 +182,7 @@ TEST_F(ConfigFilesTest, AFileSelectsItsPort) {
                                    }});
   main.MenuOpen.Click();
   ExpectOpened();
-  EXPECT_EQ(main.CommNumber, 3);
+  EXPECT_EQ(state.CommNumber, 3);
   EXPECT_EQ(scene.settings.LimitMode, 2);
 }
 

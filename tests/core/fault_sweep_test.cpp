@@ -76,7 +76,7 @@ class FaultSweep : public testing::Test {
     scene = std::make_unique<Scene>();
     scene->desktop.AnswerAnything();
     scene->Start();
-    scene->main.InertiaSet = true;
+    scene->state.InertiaSet = true;
     scene->main.Upload.Click();
     scene->settings.CustomMotor = true;
     base = scene->settings;
@@ -144,7 +144,7 @@ TEST_F(FaultSweep, DownloadEndsRightWhateverHappensToAnyByteOfTheImage) {
       SCOPED_TRACE(Case(kind, at));
       scene->settings = base;
       scene->drive.StoreImage(ImageOf(old));
-      scene->main.Modified = true;
+      scene->state.Modified = true;
       const std::string boxes = Act(
           &MainScreen::Download, Fault(kind, Direction::ToDrive, kBeforeImageToDrive + at), kLongestDownload);
       Bytes received = Received(kind, good, at);
@@ -163,7 +163,7 @@ TEST_F(FaultSweep, DownloadEndsRightWhateverHappensToAnyByteOfTheImage) {
         EXPECT_EQ(boxes, "");
         EXPECT_EQ(stored, received);
       }
-      EXPECT_FALSE(scene->main.Modified);
+      EXPECT_FALSE(scene->state.Modified);
       ExpectRecovery();
     }
   }
@@ -190,7 +190,7 @@ class UploadSweep : public FaultSweep {
     scene->settings = base;
     scene->settings.Speed = kMarker;
     const Settings before = scene->settings;
-    scene->main.Modified = true;
+    scene->state.Modified = true;
     const std::string boxes =
         Act(&MainScreen::Upload, Fault(kind, Direction::ToTool, kBeforeImageToTool + at), kLongestUpload);
     const bool late = inHand.size() < kImageSize;
@@ -199,7 +199,7 @@ class UploadSweep : public FaultSweep {
           Has(boxes, late ? "We are having trouble uploading" : "Your program did not upload correctly."))
           << boxes;
       EXPECT_EQ(scene->settings, before);
-      EXPECT_TRUE(scene->main.Modified);
+      EXPECT_TRUE(scene->state.Modified);
     } else {
       Settings decoded = before;
       try {
@@ -209,7 +209,7 @@ class UploadSweep : public FaultSweep {
         Begin();
         return;
       }
-      EXPECT_FALSE(scene->main.Modified);
+      EXPECT_FALSE(scene->state.Modified);
       EXPECT_EQ(scene->settings.Accel, decoded.Accel);
       EXPECT_EQ(scene->settings.Speed, decoded.Speed);
     }

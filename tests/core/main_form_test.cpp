@@ -107,14 +107,14 @@ TEST_F(MainFormTest, ButtonsMenusKeysAndGridReachTheirOpeners) {
 
 TEST_F(MainFormTest, LeavingAsksOnlyAboutChangesAndCancelKeepsThem) {
   scene.Start();
-  main.Modified = true;
+  state.Modified = true;
   EXPECT_EQ(main.StatusSettings.Caption(), "Settings changed");
   scene.desktop.Expect({.textPart = "Do you really want to quit?", .answer = BoxAnswer::Cancel});
   main.RequestClose();
-  EXPECT_TRUE(main.Visible() && main.Modified);
+  EXPECT_TRUE(main.Visible() && state.Modified);
   scene.desktop.Expect({.textPart = "Do you really want to quit?"});
   EXPECT_THROW(main.MenuExit.Click(), ProgramEnded);
-  main.Modified = false;
+  state.Modified = false;
   EXPECT_THROW(main.RequestClose(), ProgramEnded);
   EXPECT_EQ(scene.comm.Written(), "") << "the drive is told nothing";
 }

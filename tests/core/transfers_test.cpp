@@ -8,11 +8,11 @@ namespace kavr6 {
 namespace {
 
 struct TransfersTest : SceneTest {
-  TransfersTest() { main.InertiaSet = true; }
+  TransfersTest() { state.InertiaSet = true; }
 };
 
 TEST_F(TransfersTest, DownloadPutsExactlyThisOnTheWire) {
-  main.Modified = true;
+  state.Modified = true;
   int most = 0;
   main.ProgBar.SetView([&] { most = std::max(most, main.ProgBar.FloodPercent()); });
   main.Download.Click();
@@ -21,7 +21,7 @@ TEST_F(TransfersTest, DownloadPutsExactlyThisOnTheWire) {
   EXPECT_TRUE(ChecksumHolds(stored));
   EXPECT_EQ(stored[12] * 256 + stored[13], 140);
   EXPECT_EQ(most, 100);
-  EXPECT_FALSE(main.Modified);
+  EXPECT_FALSE(state.Modified);
   EXPECT_EQ(main.ModelList.ListIndex(), 0);
   EXPECT_EQ(main.StatusDrive.Caption(), "Last heard: KAVR6-Bx, firmware 1.52 k");
 }
@@ -31,19 +31,19 @@ TEST_F(TransfersTest, UploadPutsExactlyThisOnTheWireAndShowsTheSettings) {
   const Settings sent = scene.settings;
   scene.settings.Speed = 77;
   scene.comm.ForgetWritten();
-  main.FileName = "kept.cnf";
-  main.InertiaSet = false;
+  state.FileName = "kept.cnf";
+  state.InertiaSet = false;
   main.Upload.Click();
   EXPECT_EQ(scene.comm.Written(), "SCCy\x8EuCy\x8E");
   EXPECT_DOUBLE_EQ(scene.settings.Speed, sent.Speed);
   EXPECT_EQ(main.Summary.Text(1, 0), "1.4");
   EXPECT_EQ(main.MotorLine1.BorderColor(), kGreen);
-  EXPECT_EQ(main.FileName, "kept.cnf");
-  EXPECT_FALSE(main.InertiaSet) << "an upload does not confirm the load inertia";
+  EXPECT_EQ(state.FileName, "kept.cnf");
+  EXPECT_FALSE(state.InertiaSet) << "an upload does not confirm the load inertia";
 }
 
 TEST_F(TransfersTest, InertiaQuestionReturnsUntilAnsweredYes) {
-  main.InertiaSet = false;
+  state.InertiaSet = false;
   scene.desktop.Expect({.textPart = "You have not set the load inertia", .answer = BoxAnswer::No});
   main.Download.Click();
   EXPECT_EQ(scene.comm.Written(), "");
@@ -68,18 +68,18 @@ TEST_F(TransfersTest, LimitsAreCheckedBeforeAnythingIsSent) {
     scene.settings.RunCurrent = current;
     scene.settings.MotionOutMode = motionOut;
     scene.comm.ForgetWritten();
-    main.Modified = true;
+    state.Modified = true;
     if (box != nullptr) scene.desktop.Expect({.textPart = box});
     main.Download.Click();
     EXPECT_EQ(scene.comm.Written().find('d') == std::string::npos, box != nullptr) << revision;
-    EXPECT_EQ(main.Modified, box != nullptr);
+    EXPECT_EQ(state.Modified, box != nullptr);
   }
 }
 
 TEST_F(TransfersTest, SilentDriveIsToldWithinTheLimitAndNothingIsSent) {
   const double start = scene.desktop.Now();
   scene.drive.SetSilent(true);
-  main.Modified = true;
+  state.Modified = true;
   scene.desktop.Expect({.textPart = "The drive is not responding."});
   main.Download.Click();
   EXPECT_NEAR(scene.desktop.Now(), start + 0.5, 1e-9);
@@ -90,7 +90,7 @@ TEST_F(TransfersTest, SilentDriveIsToldWithinTheLimitAndNothingIsSent) {
   EXPECT_NEAR(scene.desktop.Now(), start + 1.0, 1e-9);
   EXPECT_EQ(scene.desktop.Boxes().back().title, "Communication Error");
   EXPECT_EQ(scene.comm.Written(), "SCSC");
-  EXPECT_TRUE(main.Modified);
+  EXPECT_TRUE(state.Modified);
 }
 
 TEST_F(TransfersTest, UnknownModelGetsNothingAndNoMessage) {
@@ -134,12 +134,12 @@ TEST_F(TransfersTest, ClosedWindowAndValueThatDoesNotFitEndTheTransferAtOnce) {
   EXPECT_THROW(main.Download.Click(), RuntimeError);
   EXPECT_EQ(scene.comm.Written(), "SCy\x8E" + std::string("d"));
   InitVars(scene.settings);
-  main.CommandActive = false;
+  state.CommandActive = false;
   scene.desktop.CallAfter(0.05, [&] { main.RequestClose(); });
   EXPECT_THROW(main.Download.Click(), ProgramEnded);
   scene.comm.SetRThreshold(1);
   main.ProgBar.SetFloodPercent(0);
-  main.CommandActive = false;
+  state.CommandActive = false;
 }
 
 }  // namespace

@@ -115,7 +115,7 @@ TEST(AutoOffset, DriveAnswersOnceItIsKnownAndIsHeardAgainAfterwards) {
     Scene scene;
     scene.Start();
     scene.settings.AnalogVelocity = true;
-    scene.main.InertiaSet = true;
+    scene.program.state.InertiaSet = true;
     if (known) scene.main.Download.Click();
     scene.program.VelocitySetup.Open();
     scene.program.VelocitySetup.Advanced.Click();
@@ -126,7 +126,7 @@ TEST(AutoOffset, DriveAnswersOnceItIsKnownAndIsHeardAgainAfterwards) {
     EXPECT_EQ(scene.program.AdvancedSetup.txtCmdOffset.Text(), known ? "-12.5" : "0");
     Delay(scene.desktop, 1.0);
     scene.main.Download.Click();
-    EXPECT_FALSE(scene.main.Modified);
+    EXPECT_FALSE(scene.program.state.Modified);
     scene.ExpectCalm();
   }
 }

@@ -44,7 +44,7 @@ TEST_F(MotionMenuTest, OffersWhatTheModelCanDoAndPutsTheFocusOnThePresentMode) {
       const Form& front = *scene.desktop.ShownForms().back();
       EXPECT_EQ(&front == &main ? "" : front.Caption(), dialog) << op;
       for (Form* form : std::vector<Form*>{&pulse, &velocity, &vtl}) form->Hide();
-      EXPECT_TRUE(settings.OpMode == op && settings.ControlMode == control && !main.Modified);
+      EXPECT_TRUE(settings.OpMode == op && settings.ControlMode == control && !state.Modified);
     }
   }
 }
@@ -69,7 +69,7 @@ TEST_F(MotionMenuTest, EachButtonHidesTheMenuAndOpensItsDialogOrSetsItsMode) {
     button->Click();
     Form& front = *scene.desktop.ShownForms().back();
     EXPECT_EQ(&front == &main ? main.Summary.Text(kMotionRow, 0) : front.Caption(), words);
-    EXPECT_TRUE(settings == expected && !main.Modified && !menu.Visible()) << words;
+    EXPECT_TRUE(settings == expected && !state.Modified && !menu.Visible()) << words;
     if (&front != &main) front.RequestClose();
   }
 }
@@ -93,7 +93,7 @@ TEST_F(MotionMenuTest, OneDialogServesBothHostModesAndKeepsTheOneItWasOpenedFor)
   main.Motion.Click();
   vtl.OK.Click();
   EXPECT_EQ(settings.OpMode, 2);
-  EXPECT_TRUE(main.Modified);
+  EXPECT_TRUE(state.Modified);
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ struct OpenDialogs : SetupDialogs {
   std::string pressed;
 
   OpenDialogs() {
-    main.InertiaSet = true;
+    state.InertiaSet = true;
     for (const auto& [dialog, script] : kAll) {
       dialog->Open();
       dialog->OK.GotFocus.Set([this, dialog = dialog] { pressed += dialog->Name() + " "; });
@@ -48,7 +48,7 @@ TEST_F(OpenDialogs, DownloadPressesTheirOksInOrderButNotThoseOfInputsAndHost) {
   EXPECT_TRUE(settings.ControlMode == 7 && settings.StepsPerRev == 400) << "pulses come behind velocity";
   EXPECT_EQ(settings.CmdOffset, 0) << "the velocity dialog was pressed before the advanced one";
   EXPECT_EQ(main.Summary.Text(kMotionRow, 0), "Mode: Pulse & Direction");
-  EXPECT_FALSE(main.Modified);
+  EXPECT_FALSE(state.Modified);
   scene.desktop.CallAfter(0.05, [&] { io.OK.Click(); });
   main.Upload.Click();
   EXPECT_EQ(settings.BrakeDelay, 200) << "the image of the drive wins over an OK in its middle";
@@ -57,7 +57,7 @@ TEST_F(OpenDialogs, DownloadPressesTheirOksInOrderButNotThoseOfInputsAndHost) {
 }
 
 TEST_F(OpenDialogs, UploadAndOpeningAFileLeaveWhatIsTypedInThem) {
-  main.Modified = false;
+  state.Modified = false;
   main.Upload.Click();
   scene.desktop.Expect({.purpose = FileDialog::Purpose::Save, .name = "a.cnf"});
   main.MenuSaveAs.Click();
@@ -70,7 +70,7 @@ TEST_F(OpenDialogs, UploadAndOpeningAFileLeaveWhatIsTypedInThem) {
     dialog->OK.Click();
   }
   EXPECT_EQ(Taken(), "7 8000 70 70 7 70 70 1 ");
-  EXPECT_TRUE(main.Modified && settings.LimitMode == 1);
+  EXPECT_TRUE(state.Modified && settings.LimitMode == 1);
 }
 
 TEST_F(OpenDialogs, SecondOpeningKeepsWhatIsTypedUnlessTheSettingsHaveChanged) {

@@ -77,15 +77,15 @@ TEST_F(SetupDialogsTest, CancelLeavesTheRecordAndOkTakesWhatWasEdited) {
       const bool viaMenu = main.Find(edit.way) == nullptr;
       Do(main, viaMenu ? "Motion" : edit.way);
       if (viaMenu) Do(menu, edit.way);
-      main.Modified = false;
+      state.Modified = false;
       const Form& dialog = *scene.desktop.ShownForms().back();
       Do(dialog, edit.script);
-      EXPECT_TRUE(settings == expected && main.Modified == (&dialog == &regen)) << edit.way;
+      EXPECT_TRUE(settings == expected && state.Modified == (&dialog == &regen)) << edit.way;
       Do(dialog, end);
       if (*end == 'O') edit.change(expected);
       EXPECT_TRUE(settings == expected && Shown().empty()) << edit.way << end;
     }
-    EXPECT_TRUE(main.Modified);
+    EXPECT_TRUE(state.Modified);
     std::string shown = main.Summary.Text(edit.row, 0);
     for (const int row : {1, 2}) shown += " " + main.Summary.Text(edit.row + row, 0);
     EXPECT_EQ(shown, edit.summary);
@@ -176,7 +176,7 @@ TEST_F(SetupDialogsTest, PendingValuesLiveFromFillToOk) {
     Do(advanced, script);
     Do(velocity, end);
     EXPECT_EQ(settings.CmdOffset, offset);
-    EXPECT_EQ(main.Modified, offset != 0);
+    EXPECT_EQ(state.Modified, offset != 0);
   }
 }
 
@@ -207,9 +207,9 @@ TEST_F(SetupDialogsTest, OddCornersOfInputsEncoderAndRegen) {
   for (const bool external : {false, true, true, false}) {
     const bool other = external != regen.optExtRes.Value();
     settings.RegenExternal = external;
-    main.Modified = false;
+    state.Modified = false;
     regen.Open();
-    EXPECT_EQ(main.Modified, other);
+    EXPECT_EQ(state.Modified, other);
     regen.OK.Click();
     EXPECT_EQ(settings.RegenOhms, 2);
   }

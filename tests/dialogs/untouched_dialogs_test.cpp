@@ -125,10 +125,10 @@ TEST_F(UntouchedDialogs, OkChangesNothingButWhatItMust) {
       Settings expected = record;
       for (const SetupDialog* dialog : pressed)
         OfMotion(dialog->Name(), expected), OfParts(dialog->Name(), expected);
-      main.Modified = false;
+      state.Modified = false;
       open();
       for (SetupDialog* dialog : pressed) dialog->OK.Click();
-      ASSERT_TRUE(main.Modified && Shown().empty()) << i;
+      ASSERT_TRUE(state.Modified && Shown().empty()) << i;
       ASSERT_EQ(settings, expected) << pressed[0]->Name() << ' ' << i;
     }
   }

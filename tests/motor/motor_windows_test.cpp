@@ -73,11 +73,11 @@ TEST_F(MotorDialogTest, OkTakesWhatWasEditedAndCancelKeepsTheSelectedMotorOnly) 
                   "lblSmoothingGain lblSmoothingPhase lblDeg lblrps"),
             "1200|oz in|6.7|4000|g cm2|0|0|120|25|");
   dialog.Cancel.Click();
-  EXPECT_TRUE(settings == expected && !main.Modified);
+  EXPECT_TRUE(settings == expected && !state.Modified);
   Open();
   EXPECT_EQ(Shown(dialog, "MotorList txtDriveCurrent"), "KM34-3S-670|1.40|");
   dialog.OK.Click();
-  EXPECT_FALSE(main.InertiaSet) << "nobody has touched the load";
+  EXPECT_FALSE(state.InertiaSet) << "nobody has touched the load";
   expected.RunCurrent = 3.2, expected.IdlePercent = 95, expected.IdleDelay = 10;
   expected.LoadInertiaUnit = 2, expected.LoadInertia = 0.0012, expected.InertiaRatio = 1.2;
   expected.InertiaIsRatio = expected.DampingOn = expected.SmoothingOn = false;
@@ -97,7 +97,7 @@ TEST_F(MotorDialogTest, OkTakesWhatWasEditedAndCancelKeepsTheSelectedMotorOnly) 
   EXPECT_EQ(Shown(dialog, "SliderIdleCurrent IdleLabel SliderIdleDelay SliderInertiaRatio"),
             "90|%  (3.04 A)|1000|12|");
   EXPECT_EQ(settings, expected);
-  EXPECT_TRUE(main.Modified && main.InertiaSet && !dialog.Visible());
+  EXPECT_TRUE(state.Modified && state.InertiaSet && !dialog.Visible());
   EXPECT_EQ(main.Summary.Text(0, 0) + main.Summary.Text(1, 0), "Motor: KM23-2S-3003.2");
 }
 
@@ -123,7 +123,7 @@ TEST_F(MotorDialogTest, SourceOfTheMotorDecidesItsCurrentAndItsLimit) {
 }
 
 TEST_F(MotorDialogTest, TransfersBesideAnOpenDialogCommitItOrLeaveWhatIsTyped) {
-  main.InertiaSet = true;
+  state.InertiaSet = true;
   OpenEditor();
   editor.txtRatedCurrent.Type("4");
   dialog.txtIdlePercent.Type("70");
@@ -222,7 +222,7 @@ TEST_F(EditMotorTest, OkWritesTheSettingsAndTheMotorDialogsLabelsForGood) {
   dialog.RequestClose();
   editor.OK.Click();
   EXPECT_EQ(settings, expected);
-  EXPECT_TRUE(main.Modified && !editor.Visible());
+  EXPECT_TRUE(state.Modified && !editor.Visible());
   EXPECT_EQ(CustomSpecs(), "1.50|N m|20.0|7|kg m2|70|-8|45.6|5.5|");
   EXPECT_EQ(dialog.txtDriveCurrent.Text(), "6.00") << "what the drive can give";
   EXPECT_EQ(main.Summary.Text(0, 0), "Motor:") << "no summary is redrawn here";
@@ -257,8 +257,8 @@ TEST_F(EditMotorTest, WizardNeedsFirmware100k) {
   int opened = 0;
   editor.OpenWizard = [&] { ++opened; };
   for (const auto& [revision, letter, opens] : cases) {
-    main.DspRev = revision;
-    main.MinorRev = letter;
+    state.DspRev = revision;
+    state.MinorRev = letter;
     if (!opens) scene.desktop.Expect({.textPart = "You must have firmware version 1.00k or later"});
     const int before = opened;
     editor.Wizard.Click();

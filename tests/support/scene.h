@@ -21,7 +21,8 @@ struct Scene {
   SimulatedComm comm{desktop};
   MemoryTable table = CatalogueTable();
   MemoryFiles files;
-  Configurator program{desktop, comm, table, files};
+  Configurator program{{desktop, comm, table, files}};
+  DriveState& state = program.state;
   MainForm& main = program.Main;
   Settings& settings = program.settings;
 
@@ -41,7 +42,7 @@ struct Scene {
     desktop.CheckNothingLeft();
     EXPECT_EQ(comm.RThreshold(), 1);
     EXPECT_EQ(main.ProgBar.FloodPercent(), 0);
-    EXPECT_FALSE(main.CommandActive);
+    EXPECT_FALSE(state.CommandActive);
   }
 };
 
@@ -50,6 +51,7 @@ struct SceneTest : testing::Test {
   SceneTest() { scene.Start(); }
   void TearDown() override { scene.ExpectCalm(); }
   Scene scene;
+  DriveState& state = scene.state;
   MainForm& main = scene.main;
   Settings& settings = scene.settings;
   Configurator& program = scene.program;

@@ -1,0 +1,46 @@
+#include "link/drive_line.h"
+
+#include <array>
+#include <span>
+
+namespace kavr6 {
+namespace {
+
+constexpr double kCommandPause = 0.1;  // seconds
+
+}  // namespace
+
+void WriteByte(MSComm& comm, std::uint8_t byte) { comm.Output(std::span(&byte, 1)); }
+
+void Write2Bytes(MSComm& comm, std::uint8_t first, std::uint8_t second) {
+  comm.Output(std::array{first, second});
+}
+
+void PauseBeforeCommand(const DriveLine& line) {
+  if (line.state.CommandPause) Delay(line.desk, kCommandPause);
+}
+
+LineHold::LineHold(const DriveLine& line, int threshold) : line_(line) {
+  line_.state.CommandActive = true;
+  line_.comm.SetRThreshold(threshold);
+  line_.comm.Input();
+}
+
+LineHold::~LineHold() {
+  line_.comm.SetRThreshold(1);
+  line_.state.CommandActive = false;
+}
+
+bool LineHold::Await(int count, double limit, const std::function<void()>& onEvent) {
+  const double deadline = line_.desk.Now() + limit;
+  const bool enough = line_.desk.PumpEventsUntil(
+      [&] {
+        if (onEvent) onEvent();
+        return line_.comm.InBufferCount() >= count;
+      },
+      limit);
+  // A box or a transaction that came in between can have held this wait up beyond its limit.
+  return enough && line_.desk.Now() <= deadline;
+}
+
+}  // namespace kavr6

@@ -1,0 +1,49 @@
+// The line to the drive, and the hold that a block transfer keeps on it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "core/drive_state.h"
+#include "platform/desktop.h"
+#include "platform/mscomm.h"
+
+namespace kavr6 {
+
+/// What every exchange with the drive works on; all of it outlives whoever has been handed it.
+struct DriveLine {
+  DriveState& state;
+  MSComm& comm;
+  Desktop& desk;
+};
+
+inline bool NoCommPort(const MSComm& comm) { return !comm.PortOpen(); }
+
+/// Send one or two bytes in one write. With the port closed they do nothing.
+void WriteByte(MSComm& comm, std::uint8_t byte);
+void Write2Bytes(MSComm& comm, std::uint8_t first, std::uint8_t second);
+
+/// The pause before an exchange, where CommandPause asks for it.
+void PauseBeforeCommand(const DriveLine& line);
+
+/// While it lives, the bytes that come in belong to its owner: CommandActive is raised, what was waiting is
+/// dropped, and fewer than `threshold` bytes reach nobody else; with 0 none do. At its end, on every way out,
+/// RThreshold is 1 again and CommandActive lowered.
+class LineHold {
+ public:
+  LineHold(const DriveLine& line, int threshold);
+  LineHold(const LineHold&) = delete;
+  LineHold& operator=(const LineHold&) = delete;
+  ~LineHold();
+
+  /// Lets events run until that many bytes wait at the port, for `limit` seconds at most; `onEvent` is called
+  /// after each event. True when they were there in time.
+  bool Await(int count, double limit, const std::function<void()>& onEvent = {});
+  /// Takes all that waits.
+  Bytes Read() { return line_.comm.Input(); }
+
+ private:
+  DriveLine line_;
+};
+
+}  // namespace kavr6
