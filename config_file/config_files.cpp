@@ -45,15 +45,15 @@ void SelectRow(ListBox& list, int row, const std::string& what) {
 
 std::string ConfigFiles::ChooseFile(FileDialog::Purpose purpose) {
   FileDialogState& dialog = screen_.SaveFile;
-  std::string name = screen_.Screen().ChooseFile({.purpose = purpose,
-                                                  .filter = dialog.Filter,
-                                                  .defaultExtension = dialog.DefaultExt,
-                                                  .folder = dialog.InitDir});
+  std::string name = screen_.Desk().ChooseFile({.purpose = purpose,
+                                                .filter = dialog.Filter,
+                                                .defaultExtension = dialog.DefaultExt,
+                                                .folder = dialog.InitDir});
   if (!name.empty()) dialog.InitDir = FolderOf(name);
   return name;
 }
 
-void ConfigFiles::ShowError(const std::string& text) { screen_.Screen().Ask({.text = text}); }
+void ConfigFiles::ShowError(const std::string& text) { screen_.Desk().Ask({.text = text}); }
 
 std::string ConfigFiles::FileText() const {
   return WriteSettingsFile({.version = screen_.AppVersion,
@@ -104,7 +104,7 @@ void ConfigFiles::DoSaveAs() {
 
 void ConfigFiles::MenuOpen() {
   if (screen_.Modified) {
-    const BoxAnswer answer = screen_.Screen().Ask(
+    const BoxAnswer answer = screen_.Desk().Ask(
         {.text =
              "You have made changes without Saving or Downloading.  Do you really want to open a file and "
              "replace your program?",

@@ -17,7 +17,7 @@ float RevisionOf(int revisionByte) { return static_cast<float>(revisionByte / 10
 std::string RevisionText(float revision) { return FormatNumber(revision, "0.00"); }
 
 void PauseBeforeCommand(MainScreen& screen) {
-  if (screen.CommandPause) Delay(screen.Screen(), 0.1);
+  if (screen.CommandPause) Delay(screen.Desk(), 0.1);
 }
 
 void ShowModeName(MainScreen& screen, const Settings& settings) {

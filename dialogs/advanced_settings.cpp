@@ -43,7 +43,7 @@ void AdvancedSettings::Commit() {
 void AdvancedSettings::AutoOffsetClick() {
   if (measuring_) return;  // events run meanwhile, a second click among them
   measuring_ = true;
-  const BoxAnswer answer = Screen().Ask(
+  const BoxAnswer answer = Desk().Ask(
       {.text = "Make sure analog input to drive is set for zero.", .buttons = BoxButtons::OkCancel});
   if (answer == BoxAnswer::Ok) MeasureOffset();
   measuring_ = false;
@@ -55,12 +55,12 @@ void AdvancedSettings::MeasureOffset() {
   PauseBeforeCommand(screen_);
   comm_.SetRThreshold(0);
   comm_.Output(OffsetCommand(screen_.DspRev, screen_.MinorRev));
-  if (AwaitBytes(Screen(), comm_, kReplySize, kReplyLimit)) {
+  if (AwaitBytes(Desk(), comm_, kReplySize, kReplyLimit)) {
     const Bytes reply = comm_.Input();
     txtCmdOffset.SetText(NumberText(ImageReader(reply).SignedStr2Num16() / 2.0));
     screen_.Modified = true;
   } else {
-    Screen().Ask({.text = kDriveNotResponding});
+    Desk().Ask({.text = kDriveNotResponding});
   }
   comm_.SetRThreshold(1);
   screen_.CommandActive = false;

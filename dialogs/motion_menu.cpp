@@ -15,7 +15,7 @@ DriveModel ModelOf(const MainScreen& screen) {
 
 MotionMenu::MotionMenu(MainScreen& screen, Settings& settings, PulseDirDialog& pulseDir,
                        VelocityDialog& velocity, VTLdialog& vtl)
-    : Form(screen.Screen(), "MotionMenu"),
+    : Form(screen.Desk(), "MotionMenu"),
       screen_(screen),
       settings_(settings),
       pulseDir_(pulseDir),
@@ -69,7 +69,7 @@ void MotionMenu::ShowMode() {
 void MotionMenu::Load() { CenterOn(screen_, *this); }
 
 void MotionMenu::MotionClick() {
-  if (Screen().ShiftDown()) {
+  if (Desk().ShiftDown()) {
     OpenDialogOfMode();
   } else {
     Show();

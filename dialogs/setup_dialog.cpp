@@ -3,7 +3,7 @@
 namespace kavr6 {
 
 SetupDialog::SetupDialog(MainScreen& screen, Settings& settings, const SetupDialogTexts& texts)
-    : Form(screen.Screen(), texts.name), screen_(screen), settings_(settings) {
+    : Form(screen.Desk(), texts.name), screen_(screen), settings_(settings) {
   SetCaption(texts.caption);
   OK.Clicked.Set([this] { Commit(); });
   Cancel.Clicked.Set([this] { Hide(); });

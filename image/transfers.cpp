@@ -25,7 +25,7 @@ MessageBox ChecksumBox(const std::string& what) {
 }  // namespace
 
 void Transfers::DownloadClick() {
-  Desktop& desktop = p_.screen.Screen();
+  Desktop& desktop = p_.screen.Desk();
   if (NoCommPort(p_.comm)) {
     desktop.Ask(
         {.text = "Cannot download to drive: there is no comm port open.", .icon = BoxIcon::Information});
@@ -67,7 +67,7 @@ bool Transfers::DriveTakesSettings() {
   if (identity.size() < 2) return false;
   p_.screen.DspRev = RevisionOf(static_cast<unsigned char>(identity[0]));
   p_.screen.DriveModelCode = static_cast<unsigned char>(identity[1]);
-  Desktop& desktop = p_.screen.Screen();
+  Desktop& desktop = p_.screen.Desk();
   if (p_.calculations.MaxDriveCurrent() < static_cast<float>(p_.settings.RunCurrent)) {
     desktop.Ask({.text =
                      "The motor current setting exceeds the maximum capacity of this drive.  Please click "
@@ -94,8 +94,8 @@ void Transfers::DataDownload() {
   DownloadString(image, p_.settings, p_.motorTable, p_.calculations);
   StoreChecksum(image);
   SendImage(image);
-  AwaitBytes(p_.screen.Screen(), p_.comm, 1, kDownloadAnswerLimit);
-  Delay(p_.screen.Screen(), kDownloadAnswerPause);
+  AwaitBytes(p_.screen.Desk(), p_.comm, 1, kDownloadAnswerLimit);
+  Delay(p_.screen.Desk(), kDownloadAnswerPause);
   ReadAnswer();
   EndExchange();
 }
@@ -104,19 +104,19 @@ void Transfers::SendImage(const ParameterImage& image) {
   for (std::size_t i = 0; i < image.size(); ++i) {
     WriteByte(p_.comm, image[i]);
     p_.screen.ProgBar.SetFloodPercent(ToLong(static_cast<double>(i * 100) / (kImageSize - 1)));
-    p_.screen.Screen().PumpEvents();
+    p_.screen.Desk().PumpEvents();
   }
 }
 
 void Transfers::ReadAnswer() {
   if (p_.comm.InBufferCount() == 0) {
-    p_.screen.Screen().Ask(
+    p_.screen.Desk().Ask(
         {.text = "The download did not work.  Is it connected to the right port and turned on?",
          .icon = BoxIcon::Question});
     return;
   }
   const Byte answer = p_.comm.Input().front();
-  if (answer == kRefusal) p_.screen.Screen().Ask(ChecksumBox("The data did not download"));
+  if (answer == kRefusal) p_.screen.Desk().Ask(ChecksumBox("The data did not download"));
   if (answer == kAcknowledge) p_.screen.Modified = false;
 }
 
@@ -127,7 +127,7 @@ void Transfers::EndExchange() {
 }
 
 void Transfers::UploadClick() {
-  Desktop& desktop = p_.screen.Screen();
+  Desktop& desktop = p_.screen.Desk();
   if (p_.screen.Modified) {
     const BoxAnswer answer = desktop.Ask(
         {.text =
@@ -151,7 +151,7 @@ void Transfers::UploadClick() {
 }
 
 void Transfers::DataUpload() {
-  Desktop& desktop = p_.screen.Screen();
+  Desktop& desktop = p_.screen.Desk();
   p_.screen.CommandActive = true;
   PauseBeforeCommand(p_.screen);
   p_.comm.SetRThreshold(0);
@@ -159,11 +159,10 @@ void Transfers::DataUpload() {
   p_.screen.ProgBar.SetFloodPercent(0);
   p_.comm.Output("u");
   int count = 0;
-  const bool inTime =
-      AwaitBytes(p_.screen.Screen(), p_.comm, static_cast<int>(kImageSize), kUploadLimit, [&] {
-        count = p_.comm.InBufferCount();
-        p_.screen.ProgBar.SetFloodPercent(ToLong(count * 100.0 / kImageSize));
-      });
+  const bool inTime = AwaitBytes(p_.screen.Desk(), p_.comm, static_cast<int>(kImageSize), kUploadLimit, [&] {
+    count = p_.comm.InBufferCount();
+    p_.screen.ProgBar.SetFloodPercent(ToLong(count * 100.0 / kImageSize));
+  });
   if (inTime) {
     TakeUpload(p_.comm.Input());
   } else {
@@ -181,7 +180,7 @@ void Transfers::DataUpload() {
 
 void Transfers::TakeUpload(const Bytes& buffer) {
   if (!ChecksumHolds(buffer)) {
-    p_.screen.Screen().Ask(ChecksumBox("Your program did not upload"));
+    p_.screen.Desk().Ask(ChecksumBox("Your program did not upload"));
     return;
   }
   ExtractUploadData(buffer);

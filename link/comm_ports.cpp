@@ -56,7 +56,7 @@ void CommPorts::StartComm() {
 
 bool CommPorts::MoveOn(const std::string& error) {
   if (screen_.StartPort >= kLastPort) {
-    screen_.Screen().Ask(
+    screen_.Desk().Ask(
         {.text = "Could not find an open comm port.  You can still edit and save programs, but drive "
                  "communication is not possible at this time.",
          .title = "No open port"});
@@ -64,10 +64,10 @@ bool CommPorts::MoveOn(const std::string& error) {
     screen_.CommList.SetListIndex(0);
     return false;
   }
-  screen_.Screen().Ask({.text = "Error on Comm" + std::to_string(screen_.StartPort) + ":  " + error +
-                                ".  Will try Comm" + std::to_string(screen_.StartPort + 1) + ".",
-                        .icon = BoxIcon::Exclamation,
-                        .title = "Communication Error"});
+  screen_.Desk().Ask({.text = "Error on Comm" + std::to_string(screen_.StartPort) + ":  " + error +
+                              ".  Will try Comm" + std::to_string(screen_.StartPort + 1) + ".",
+                      .icon = BoxIcon::Exclamation,
+                      .title = "Communication Error"});
   ++screen_.StartPort;
   comm_.SetCommPort(screen_.StartPort);
   return true;
@@ -92,9 +92,9 @@ void CommPorts::CommListClick() {
   const bool opened = OpenPort(selected);
   comm_.Output("0");
   if (closed && opened) return;
-  screen_.Screen().Ask({.text = "COM port " + std::to_string(screen_.CommNumber) + " is not available.",
-                        .icon = BoxIcon::Exclamation,
-                        .title = "COM Error"});
+  screen_.Desk().Ask({.text = "COM port " + std::to_string(screen_.CommNumber) + " is not available.",
+                      .icon = BoxIcon::Exclamation,
+                      .title = "COM Error"});
   screen_.CommNumber = old;
   OpenPort(old);  // without a word when this fails too: the port stays closed
   screen_.CommList.SetListIndex(old - 1);

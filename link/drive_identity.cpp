@@ -39,7 +39,7 @@ unsigned HexValue(std::string_view text) {
 }  // namespace
 
 bool DriveIdentity::AwaitReply(std::size_t length, double limit) {
-  return screen_.Screen().PumpEventsUntil([&] { return screen_.GlobalBuffer.size() >= length; }, limit);
+  return screen_.Desk().PumpEventsUntil([&] { return screen_.GlobalBuffer.size() >= length; }, limit);
 }
 
 std::string DriveIdentity::TakeIdentity() {
@@ -72,7 +72,7 @@ std::string DriveIdentity::AskIdentity(const std::string& boxTitle) {
   const bool answered = AwaitReply(kIdentitySize, kShortWait);
   screen_.CommandActive = false;
   if (answered) return TakeIdentity();
-  screen_.Screen().Ask({.text = kDriveNotResponding, .icon = BoxIcon::Question, .title = boxTitle});
+  screen_.Desk().Ask({.text = kDriveNotResponding, .icon = BoxIcon::Question, .title = boxTitle});
   return {};
 }
 

@@ -88,11 +88,11 @@ void ReceivePath::OnComm() {
 
 void ReceivePath::FeedLiveTool() {
   ring_.RingPush(comm_.Input());
-  const auto tool = tools_.find(screen_.Screen().ActiveFormName());
+  const auto tool = tools_.find(screen_.Desk().ActiveFormName());
   if (tool == tools_.end()) return;
   while (ring_.RingCount() > 0) {
     tool->second(static_cast<char>(ring_.RingPop()));
-    screen_.Screen().PumpEvents();
+    screen_.Desk().PumpEvents();
   }
 }
 
@@ -144,10 +144,10 @@ void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b
       screen_.DriveVersion.SetCaption(RevisionText(screen_.DspRev) + " " + screen_.MinorRev);
       break;
     case kDspReflash:
-      screen_.Screen().Ask(ReflashBox("DSP", "DSP"));
+      screen_.Desk().Ask(ReflashBox("DSP", "DSP"));
       break;
     case kZuFirmware:
-      screen_.Screen().Ask(b2 == 1 ? MismatchBox() : ReflashBox("Zu chip", "Zu"));
+      screen_.Desk().Ask(b2 == 1 ? MismatchBox() : ReflashBox("Zu chip", "Zu"));
       break;
     case kPowerUp:
       PowerUp(b2, b3);
@@ -167,11 +167,11 @@ void ReceivePath::PowerUp(int revision, int model) {
     return;
   }
   comm_.Output("QT");
-  screen_.Screen().Beep();
+  screen_.Desk().Beep();
   const Pause pause = kPowerUpPauses[static_cast<std::size_t>(index)];
-  if (pause == Pause::BeforeModel) Delay(screen_.Screen(), kPowerUpPause);
+  if (pause == Pause::BeforeModel) Delay(screen_.Desk(), kPowerUpPause);
   screen_.ModelList.SetListIndex(index);
-  if (pause == Pause::AfterModel) Delay(screen_.Screen(), kPowerUpPause);
+  if (pause == Pause::AfterModel) Delay(screen_.Desk(), kPowerUpPause);
   screen_.DriveVersion.SetCaption(RevisionText(screen_.DspRev));
 }
 

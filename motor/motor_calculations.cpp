@@ -29,7 +29,7 @@ float MotorCalculations::MaxDriveCurrent() const {
 }
 
 bool MotorCalculations::CustomIsMeant() const {
-  if (DialogShowsCustom && screen_.Screen().ActiveFormName() == "MotorDialog") return DialogShowsCustom();
+  if (DialogShowsCustom && screen_.Desk().ActiveFormName() == "MotorDialog") return DialogShowsCustom();
   return settings_.CustomMotor;
 }
 

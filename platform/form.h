@@ -19,7 +19,7 @@ class Form {
   virtual ~Form();
 
   const std::string& Name() const { return name_; }
-  Desktop& Screen() const { return desktop_; }
+  Desktop& Desk() const { return desktop_; }
   const std::vector<Control*>& Controls() const { return controls_; }
   /// The control of that name, or null.
   Control* Find(std::string_view name) const;
@@ -71,7 +71,7 @@ class Form {
   friend class Control;
   void Register(Control& control);
   void MoveFocus(Control& control);
-  void Changed() const {
+  void Refresh() const {
     if (view_) view_();
   }
 

@@ -99,7 +99,7 @@ void Binder::TieControl(Control& control, QWidget& window) {
   if (targets.size() > 1) throw BindError(what + " has several widgets");
   QObject& target = *targets.first();
   const UserAction act = [this](const Scheduler::Task& work) {
-    EnterLogic(form_.Screen(), work);
+    EnterLogic(form_.Desk(), work);
     Refresh();
   };
   RefreshView refresh = BindKind(control, target, act);
@@ -171,7 +171,7 @@ void Binder::UserEntered(const QWidget& widget) {
   for (const Tie& tie : ties_) {
     if (tie.target != &widget || tie.control == form_.FocusedControl()) continue;
     if (tie.control->Enabled() && tie.control->Visible()) shownFocus_ = tie.control;
-    EnterLogic(form_.Screen(), [&tie] { tie.control->Focus(); });
+    EnterLogic(form_.Desk(), [&tie] { tie.control->Focus(); });
     Refresh();
     return;
   }

@@ -185,7 +185,7 @@ bool FormWindow::WindowEvent(QEvent& event) {
   switch (event.type()) {
     case QEvent::Close:
       event.ignore();
-      EnterLogic(form_.Screen(), [this] { form_.RequestClose(); });
+      EnterLogic(form_.Desk(), [this] { form_.RequestClose(); });
       return true;
     case QEvent::WindowActivate:
       activated_();
@@ -208,14 +208,14 @@ bool FormWindow::WindowEvent(QEvent& event) {
 bool FormWindow::KeepsKey(const QKeyEvent& event) {
   const std::optional<char> character = CharacterOf(event);
   bool kept = false;
-  if (character) EnterLogic(form_.Screen(), [&] { kept = form_.KeyPressed(*character); });
+  if (character) EnterLogic(form_.Desk(), [&] { kept = form_.KeyPressed(*character); });
   return kept;
 }
 
 bool FormWindow::OpensHelp(const QKeyEvent& event) {
   Button* const help = HelpButton(form_);
   if (help == nullptr || event.key() != Qt::Key_F1 || event.modifiers() != Qt::NoModifier) return false;
-  EnterLogic(form_.Screen(), [help] { help->Click(); });
+  EnterLogic(form_.Desk(), [help] { help->Click(); });
   return true;
 }
 
@@ -228,7 +228,7 @@ bool FormWindow::EndsDialog(const QKeyEvent& event) {
     focused->click();
   } else if (Button* const button =
                  enter ? ButtonWithRole(form_, Button::Role::Default) : EscapeButton(form_)) {
-    EnterLogic(form_.Screen(), [button] { button->Click(); });
+    EnterLogic(form_.Desk(), [button] { button->Click(); });
   }
   return true;
 }

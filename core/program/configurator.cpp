@@ -25,7 +25,7 @@ Configurator::Configurator(Desktop& desktop, MSComm& comm, TableAccess& table, F
 
 void Configurator::WireFiles() {
   Files.AddMotorIfMissing = [this](const MotorRecord& motor) {
-    AddMotorIfMissing(Main.Screen(), motorTable, MotorSetup, motor);
+    AddMotorIfMissing(Main.Desk(), motorTable, MotorSetup, motor);
   };
   Files.SummarizeAll = [this] { Main.Report.SummarizeAll(); };
   Main.Openers.Open = [this] { Files.MenuOpen(); };

@@ -33,7 +33,7 @@ MainForm::MainForm(Desktop& desktop, const MainFormParts& parts)
       transfers_({*this, parts.settings, parts.comm, Identity, parts.motorTable, Calculations}) {
   transfers_.CommitOpenDialogs = [this] { PressOpenOks(); };
   transfers_.AddMotorIfMissing = [this](const MotorRecord& motor) {
-    AddMotorIfMissing(Screen(), p_.motorTable, p_.motorDialog, motor);
+    AddMotorIfMissing(Desk(), p_.motorTable, p_.motorDialog, motor);
   };
   transfers_.SummarizeAll = [this] { Report.SummarizeAll(); };
   SetMinSize(kMinWidthTwips, kMinHeightTwips);
@@ -47,7 +47,7 @@ MainForm::MainForm(Desktop& desktop, const MainFormParts& parts)
   WireStatusLine();
 }
 
-MainForm::~MainForm() { Screen().Cancel(namingDevices_); }
+MainForm::~MainForm() { Desk().Cancel(namingDevices_); }
 
 void MainForm::WireButtons() {
   const std::array<std::pair<ImageButton*, std::function<void()> MainFormOpeners::*>, 5> dialogs{{
@@ -117,8 +117,8 @@ void MainForm::WireStatusLine() {
 
 void MainForm::Load() {
   for (const auto& [item, opener] : greyWithoutOpener_) item->SetEnabled(static_cast<bool>(Openers.*opener));
-  AppVersion = VersionText(Screen().Version());
-  HelpDir = (Screen().ProgramDirectory() / "KAVR6 help" / "").string();
+  AppVersion = VersionText(Desk().Version());
+  HelpDir = (Desk().ProgramDirectory() / "KAVR6 help" / "").string();
   StartSharedValues();
   LoadModelList();
   ports_.LoadCommList();
@@ -130,7 +130,7 @@ void MainForm::Load() {
   Modified = false;
   InertiaSet = false;
   if (StartPort != 0 && Identity.DriveStillThere()) Identity.CheckDrive();
-  const std::u8string folder = Screen().ProgramDirectory().u8string();
+  const std::u8string folder = Desk().ProgramDirectory().u8string();
   SaveFile.InitDir.assign(folder.begin(), folder.end());
   PlaceWindow();
   InitVars(p_.settings);
@@ -155,7 +155,7 @@ void MainForm::StartSharedValues() {
 }
 
 void MainForm::PlaceWindow() {
-  if (Screen().ScreenSize().width >= kStartWidthTwips) Resize(kStartWidthTwips, Height());
+  if (Desk().ScreenSize().width >= kStartWidthTwips) Resize(kStartWidthTwips, Height());
   CenterOnScreen(*this);
 }
 
@@ -190,14 +190,14 @@ bool MainForm::MayClose() {
 
 void MainForm::Leave() {
   if (Modified) {
-    const BoxAnswer answer = Screen().Ask(
+    const BoxAnswer answer = Desk().Ask(
         {.text = "You have made changes without Saving or Downloading.  Do you really want to quit?",
          .icon = BoxIcon::Question,
          .title = "Quit",
          .buttons = BoxButtons::OkCancel});
     if (answer != BoxAnswer::Ok) return;
   }
-  Screen().EndProgram(0);
+  Desk().EndProgram(0);
 }
 
 void MainForm::ShowPortStatus() {
@@ -212,8 +212,8 @@ void MainForm::ShowPortStatus() {
 
 void MainForm::NameDevicesSoon() {
   // Not while the user waits for the main screen or for a port.
-  Screen().Cancel(namingDevices_);
-  namingDevices_ = Screen().CallAfter(kDeviceNamesDelay, [this] { ports_.RefreshDeviceNames(); });
+  Desk().Cancel(namingDevices_);
+  namingDevices_ = Desk().CallAfter(kDeviceNamesDelay, [this] { ports_.RefreshDeviceNames(); });
 }
 
 void MainForm::ShowDriveStatus() {

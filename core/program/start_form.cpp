@@ -5,7 +5,7 @@ namespace kavr6 {
 void StartForm::Load() {
   SetCaption(kProgramTitle);
   CenterOnScreen(*this);
-  mainScreen_.AppVersion = VersionText(Screen().Version());
+  mainScreen_.AppVersion = VersionText(Desk().Version());
   lblVersion.SetCaption("Version " + mainScreen_.AppVersion);
   Show();
   mainScreen_.EnsureLoaded();

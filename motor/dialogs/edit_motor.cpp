@@ -103,7 +103,7 @@ void EditMotor::WizardClick() {
   const std::string& letter = screen_.MinorRev;
   if (letter.empty() ||
       (screen_.DspRev == kWizardRevision && static_cast<unsigned char>(letter[0]) < kWizardLetter)) {
-    Screen().Ask(
+    Desk().Ask(
         {.text = "You must have firmware version 1.00k or later to use the Waveform Smoothing Wizard."});
   } else if (OpenWizard) {
     OpenWizard();

@@ -79,15 +79,15 @@ void MotorDialog::Load() {
   SetupDialog::Load();
   Wiring.SetEnabled(static_cast<bool>(ShowHelp));
   try {
-    table_.Open(Screen().ProgramDirectory());
+    table_.Open(Desk().ProgramDirectory());
     LoadMotorList();
     if (MotorList.Count() == 0) RaiseNoRecord();  // without a selected motor no setting can be shown or sent
     table_.MoveFirst();
   } catch (const RuntimeError& error) {
-    Screen().Ask({.text = "Error " + std::to_string(error.Number()) + ": " + error.what() +
-                          " Can't load motor database.  The KAVR6 Configurator cannot operate without it.  "
-                          "Please try re-installing the software."});
-    Screen().EndProgram(1);
+    Desk().Ask({.text = "Error " + std::to_string(error.Number()) + ": " + error.what() +
+                        " Can't load motor database.  The KAVR6 Configurator cannot operate without it.  "
+                        "Please try re-installing the software."});
+    Desk().EndProgram(1);
   }
   optStandard.SetValue(true);
 }
