@@ -67,7 +67,7 @@ class Control {
 
  protected:
   bool Usable() const { return enabled_ && visible_; }
-  void Changed() const {
+  void Refresh() const {
     if (view_) view_();
   }
   /// Stores and shows a new value; false when it is the one already held.
@@ -75,7 +75,7 @@ class Control {
   bool Assign(T& held, const T& value) {
     if (held == value) return false;
     held = value;
-    Changed();
+    Refresh();
     return true;
   }
   virtual void Entered() {}

@@ -11,14 +11,14 @@ void TextBox::SetText(const std::string& text) {
   text_ = text;
   selStart_ = std::min(selStart_, text_.size());
   selLength_ = std::min(selLength_, text_.size() - selStart_);
-  Changed();
+  Refresh();
   Change.Raise();
 }
 
 void TextBox::SetSelection(std::size_t start, std::size_t length) {
   selStart_ = std::min(start, text_.size());
   selLength_ = std::min(length, text_.size() - selStart_);
-  Changed();
+  Refresh();
 }
 
 void TextBox::Type(const std::string& text) {
@@ -65,13 +65,13 @@ void ListBox::Clear() {
   items_.clear();
   listIndex_ = -1;
   ++revision_;
-  Changed();
+  Refresh();
 }
 
 void ListBox::AddItem(const std::string& item, int data) {
   items_.push_back({item, data, {}});
   ++revision_;
-  Changed();
+  Refresh();
 }
 
 void ListBox::SetItems(const std::vector<std::string>& items) {
@@ -79,7 +79,7 @@ void ListBox::SetItems(const std::vector<std::string>& items) {
   for (const std::string& item : items) items_.push_back({item, 0, {}});
   listIndex_ = -1;
   ++revision_;
-  Changed();
+  Refresh();
 }
 
 const ListBox::Row& ListBox::At(int index) const {
@@ -95,7 +95,7 @@ void ListBox::SetItemToolTip(int index, const std::string& text) {
   if (At(index).toolTip == text) return;
   items_[static_cast<std::size_t>(index)].toolTip = text;
   ++revision_;
-  Changed();
+  Refresh();
 }
 
 void ListBox::SetListIndex(int index) {

@@ -79,20 +79,20 @@ void Form::MoveFocus(Control& control) {
   if (before != nullptr) before->LostFocus.Raise();
   if (focused_ != &control) return;
   control.Entered();
-  control.Changed();
+  control.Refresh();
   control.GotFocus.Raise();
 }
 
 void Form::SetCaption(const std::string& caption) {
   if (caption_ == caption) return;
   caption_ = caption;
-  Changed();
+  Refresh();
 }
 
 void Form::SetMinSize(int width, int height) {
   minWidth_ = width;
   minHeight_ = height;
-  Changed();
+  Refresh();
   Resize(width_, height_);
 }
 
@@ -100,7 +100,7 @@ void Form::Move(int left, int top) {
   if (left_ == left && top_ == top) return;
   left_ = left;
   top_ = top;
-  Changed();
+  Refresh();
 }
 
 void Form::Resize(int width, int height) {
@@ -110,7 +110,7 @@ void Form::Resize(int width, int height) {
   width_ = newWidth;
   height_ = newHeight;
   sized_ = true;
-  Changed();
+  Refresh();
 }
 
 void Form::EnsureLoaded() {

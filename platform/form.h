@@ -71,7 +71,7 @@ class Form {
   friend class Control;
   void Register(Control& control);
   void MoveFocus(Control& control);
-  void Changed() const {
+  void Refresh() const {
     if (view_) view_();
   }
 
