@@ -4,9 +4,9 @@
 #include <QLocale>
 #include <clocale>
 
-#include "adapters/qt/file_store.h"
-#include "adapters/qt/forms.h"
-#include "adapters/qt/qt_desktop.h"
+#include "adapters/qt/base/file_store.h"
+#include "adapters/qt/windows/forms.h"
+#include "adapters/qt/windows/qt_desktop.h"
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/sqlite/sqlite_table.h"
 #include "core/program/configurator.h"

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QPalette>
 
-#include "adapters/qt/forms.h"
+#include "adapters/qt/windows/forms.h"
 
 namespace kavr6 {
 

@@ -1,8 +1,8 @@
 // The tour: the main job through the real windows.
 #pragma once
 
-#include "adapters/qt/file_store.h"
-#include "adapters/qt/qt_desktop.h"
+#include "adapters/qt/base/file_store.h"
+#include "adapters/qt/windows/qt_desktop.h"
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/sqlite/sqlite_table.h"
 #include "apps/tour/stage.h"

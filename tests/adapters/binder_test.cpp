@@ -1,4 +1,4 @@
-#include "adapters/qt/binder.h"
+#include "adapters/qt/windows/binder.h"
 
 #include <QTest>
 #include <QtWidgets>
@@ -6,10 +6,10 @@
 
 #include <gtest/gtest.h>
 
-#include "adapters/qt/forms.h"
-#include "adapters/qt/widgets/connector_line.h"
-#include "adapters/qt/widgets/percent_panel.h"
-#include "adapters/qt/widgets/summary_grid.h"
+#include "adapters/qt/windows/forms.h"
+#include "adapters/qt/windows/widgets/connector_line.h"
+#include "adapters/qt/windows/widgets/percent_panel.h"
+#include "adapters/qt/windows/widgets/summary_grid.h"
 #include "platform/headless/headless_desktop.h"
 #include "tests/support/scene.h"
 

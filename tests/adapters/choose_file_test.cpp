@@ -1,4 +1,4 @@
-#include "adapters/qt/choose_file.h"
+#include "adapters/qt/windows/choose_file.h"
 
 #include <QTemporaryDir>
 #include <QTest>

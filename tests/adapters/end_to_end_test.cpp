@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "adapters/qt/qt_desktop.h"
 #include "adapters/qt/serial/serial_comm.h"
+#include "adapters/qt/windows/qt_desktop.h"
 #include "core/program/configurator.h"
 #include "tests/support/catalogue.h"
 #include "tests/support/memory_files.h"

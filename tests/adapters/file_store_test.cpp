@@ -1,4 +1,4 @@
-#include "adapters/qt/file_store.h"
+#include "adapters/qt/base/file_store.h"
 
 #include <QTemporaryDir>
 #include <csignal>

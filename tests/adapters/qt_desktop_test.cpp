@@ -1,4 +1,4 @@
-#include "adapters/qt/qt_desktop.h"
+#include "adapters/qt/windows/qt_desktop.h"
 
 #include <QTest>
 #include <QtWidgets>
@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "adapters/qt/entry.h"
+#include "adapters/qt/windows/entry.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 

@@ -14,7 +14,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "adapters/qt/qt_desktop.h"
+#include "adapters/qt/windows/qt_desktop.h"
 #include "apps/drive_simulator/pseudo_port.h"
 #include "platform/runtime_error.h"
 

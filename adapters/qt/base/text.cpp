@@ -1,0 +1,16 @@
+#include "adapters/qt/base/text.h"
+
+namespace kavr6 {
+
+QString ShownCaption(const QString& caption) {
+  QString shown;
+  shown.reserve(caption.size());
+  for (qsizetype i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && ++i == caption.size()) break;
+    // What a disturbed line has made of a drive's letter must not show as a box or a second line.
+    if (caption[i].isPrint()) shown += caption[i];
+  }
+  return shown;
+}
+
+}  // namespace kavr6

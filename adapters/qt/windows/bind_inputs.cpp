@@ -1,0 +1,179 @@
+// Lists, check boxes, option buttons, sliders.
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QEvent>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QSlider>
+
+#include "adapters/qt/base/text.h"
+#include "adapters/qt/windows/bind_kinds.h"
+#include "platform/controls.h"
+
+namespace kavr6 {
+namespace {
+
+// All rows at once: lists of thousands are filled while the user waits.
+template <class W>
+void FillRows(W& widget, const ListBox& list) {
+  QStringList rows;
+  rows.reserve(list.Count());
+  for (int row = 0; row < list.Count(); ++row) rows.append(ToQt(list.Item(row)));
+  widget.clear();
+  widget.addItems(rows);
+  QAbstractItemModel& model = *widget.model();
+  for (int row = 0; row < list.Count(); ++row) {
+    if (const std::string& toolTip = list.ItemToolTip(row); !toolTip.empty())
+      model.setData(model.index(row, 0), ToQt(toolTip), Qt::ToolTipRole);
+  }
+}
+
+int SelectedRow(const QListWidget& view) {
+  const QList<QListWidgetItem*> selected = view.selectedItems();
+  return selected.isEmpty() ? -1 : view.row(selected.first());
+}
+int SelectedRow(const QComboBox& combo) { return combo.currentIndex(); }
+
+void SelectRow(QListWidget& view, int row) {
+  view.setCurrentRow(row);
+  if (row < 0) view.clearSelection();
+}
+void SelectRow(QComboBox& combo, int row) { combo.setCurrentIndex(row); }
+
+template <class W>
+RefreshView ShowList(const ListBox& list, W& widget) {
+  return [&list, &widget, shownRevision = -1]() mutable {
+    const QSignalBlocker silence(widget);
+    if (shownRevision != list.Revision()) {
+      shownRevision = list.Revision();
+      FillRows(widget, list);
+    }
+    if (SelectedRow(widget) != list.ListIndex()) SelectRow(widget, list.ListIndex());
+  };
+}
+
+RefreshView BindCombo(ListBox& list, QComboBox& combo, const UserAction& act) {
+  QObject::connect(&combo, &QComboBox::activated, &combo,
+                   [&list, act](int row) { act([&list, row] { list.Select(row); }); });
+  return ShowList(list, combo);
+}
+
+/// Shades the selected row of a list that does not have the focus: typing there picks another row, so a
+/// person must see where the focus is.
+class FocusShade : public QObject {
+ public:
+  explicit FocusShade(QListWidget& view) : QObject(&view), view_(view) {
+    view.installEventFilter(this);
+    Shade(!view.hasFocus());
+  }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+      Shade(event->type() == QEvent::FocusOut);
+    return false;
+  }
+
+ private:
+  void Shade(bool on) {
+    QPalette palette;
+    if (on) {
+      for (const auto group : {QPalette::Active, QPalette::Inactive}) {  // a greyed list looks so itself
+        palette.setColor(group, QPalette::Highlight, palette.color(group, QPalette::Mid));
+        palette.setColor(group, QPalette::HighlightedText, palette.color(group, QPalette::Text));
+      }
+    }
+    view_.setPalette(palette);
+  }
+
+  QListWidget& view_;
+};
+
+RefreshView BindListView(ListBox& list, QListWidget& view, const UserAction& act) {
+  view.setSelectionMode(QAbstractItemView::SingleSelection);
+  view.setEditTriggers(QAbstractItemView::NoEditTriggers);
+  new FocusShade(view);
+  QObject::connect(&view, &QListWidget::itemSelectionChanged, &view, [&list, &view, act] {
+    act([&list, &view] {
+      if (const int row = SelectedRow(view); row >= 0) list.Select(row);
+    });
+  });
+  QObject::connect(&view, &QListWidget::itemDoubleClicked, &view,
+                   [&list, &view, act](const QListWidgetItem* item) {
+                     act([&list, row = view.row(item)] { list.DoubleClick(row); });
+                   });
+  return ShowList(list, view);
+}
+
+/// The toolkit's group for the buttons of a model's group: its arrow keys move within it.
+QButtonGroup& ButtonGroupOf(const OptionButton& option, const QRadioButton& button) {
+  const QString name = "group" + QString::number(reinterpret_cast<quintptr>(&option.Group()));
+  QWidget* const window = button.window();
+  auto* group = window->findChild<QButtonGroup*>(name);
+  if (group == nullptr) {
+    group = new QButtonGroup(window);
+    group->setObjectName(name);
+  }
+  return *group;
+}
+
+}  // namespace
+
+RefreshView BindListBox(Control& control, QObject& target, const UserAction& act) {
+  auto& list = static_cast<ListBox&>(control);
+  if (auto* const combo = qobject_cast<QComboBox*>(&target); combo != nullptr && !combo->isEditable())
+    return BindCombo(list, *combo, act);
+  if (auto* const view = qobject_cast<QListWidget*>(&target)) return BindListView(list, *view, act);
+  return {};
+}
+
+RefreshView BindCheckBox(Control& control, QObject& target, const UserAction& act) {
+  auto* const box = qobject_cast<QCheckBox*>(&target);
+  if (box == nullptr) return {};
+  auto& check = static_cast<CheckBox&>(control);
+  QObject::connect(box, &QCheckBox::clicked, box, [&check, act] { act([&check] { check.Click(); }); });
+  return [&check, box] {
+    const QSignalBlocker silence(box);
+    box->setChecked(check.Value());
+  };
+}
+
+RefreshView BindOptionButton(Control& control, QObject& target, const UserAction& act) {
+  auto* const button = qobject_cast<QRadioButton*>(&target);
+  if (button == nullptr) return {};
+  auto& option = static_cast<OptionButton&>(control);
+  QButtonGroup* const group = &ButtonGroupOf(option, *button);
+  group->addButton(button);
+  QObject::connect(button, &QRadioButton::clicked, button,
+                   [&option, act] { act([&option] { option.Click(); }); });
+  return [&option, button, group] {
+    // Tab goes to the set one of a group; left alone, the toolkit sees to that only after the first visit.
+    button->setFocusPolicy(option.Value() ? Qt::StrongFocus : Qt::ClickFocus);
+    if (button->isChecked() == option.Value()) return;
+    const QSignalBlocker silence(button);
+    group->setExclusive(false);  // the model alone says which of them is set
+    button->setChecked(option.Value());
+    group->setExclusive(true);
+  };
+}
+
+RefreshView BindSlider(Control& control, QObject& target, const UserAction& act) {
+  auto* const view = qobject_cast<QSlider*>(&target);
+  if (view == nullptr) return {};
+  auto& slider = static_cast<Slider&>(control);
+  const SliderRange& range = slider.Range();
+  view->setRange(range.min, range.max);
+  view->setSingleStep(range.smallStep);
+  view->setPageStep(range.largeStep);
+  view->setTickInterval(range.tickSpacing);
+  QObject::connect(view, &QSlider::valueChanged, view,
+                   [&slider, act](int value) { act([&slider, value] { slider.Scroll(value); }); });
+  return [&slider, view] {
+    const QSignalBlocker silence(view);
+    view->setValue(slider.Value());
+  };
+}
+
+}  // namespace kavr6

@@ -1,0 +1,138 @@
+// What mostly shows: labels, frames, pictures, lamps, bars, lines and the grid.
+#include <QColor>
+#include <QLabel>
+#include <utility>
+#include <vector>
+
+#include "adapters/qt/base/text.h"
+#include "adapters/qt/windows/bind_kinds.h"
+#include "adapters/qt/windows/widgets/connector_line.h"
+#include "adapters/qt/windows/widgets/lamp.h"
+#include "adapters/qt/windows/widgets/percent_panel.h"
+#include "adapters/qt/windows/widgets/picture.h"
+#include "adapters/qt/windows/widgets/summary_grid.h"
+#include "platform/controls.h"
+#include "platform/grid.h"
+
+namespace kavr6 {
+namespace {
+
+QColor ToQt(Colour colour) { return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF}; }
+
+Qt::Alignment ToQt(Grid::Alignment alignment) {
+  switch (alignment) {
+    case Grid::Alignment::Centre:
+      return Qt::AlignHCenter;
+    case Grid::Alignment::Right:
+      return Qt::AlignRight;
+    case Grid::Alignment::Left:
+      break;
+  }
+  return Qt::AlignLeft;
+}
+
+struct GridContent {
+  struct Row {
+    std::vector<Grid::Cell> cells;
+    bool merged;
+    int height;
+    bool operator==(const Row&) const = default;
+  };
+  std::vector<Row> rows;
+  std::vector<int> widths;
+  bool operator==(const GridContent&) const = default;
+};
+
+GridContent ContentOf(const Grid& grid) {
+  GridContent content;
+  for (int column = 0; column < grid.Columns(); ++column) content.widths.push_back(grid.ColumnWidth(column));
+  for (int row = 0; row < grid.Rows(); ++row) {
+    content.rows.push_back({{}, grid.MergeRow(row), grid.RowHeight(row)});
+    for (int column = 0; column < grid.Columns(); ++column)
+      content.rows.back().cells.push_back(grid.At(row, column));
+  }
+  return content;
+}
+
+void ShowContent(widgets::SummaryGrid& view, const GridContent& content) {
+  std::vector<widgets::SummaryGrid::Row> rows;
+  for (const GridContent::Row& row : content.rows) {
+    rows.push_back({{}, row.merged, row.height});
+    for (const Grid::Cell& cell : row.cells)
+      rows.back().cells.push_back({kavr6::ToQt(cell.text), kavr6::ToQt(cell.picture), ToQt(cell.alignment)});
+  }
+  view.setContent(std::move(rows), content.widths);
+}
+
+}  // namespace
+
+RefreshView BindGrid(Control& control, QObject& target, const UserAction& act) {
+  auto* const view = qobject_cast<widgets::SummaryGrid*>(&target);
+  if (view == nullptr) return {};
+  auto& grid = static_cast<Grid&>(control);
+  QObject::connect(view, &widgets::SummaryGrid::rowDoubleClicked, view,
+                   [&grid, act](int row) { act([&grid, row] { grid.DoubleClick(row); }); });
+  return [&grid, view, shown = GridContent()]() mutable {
+    GridContent content = ContentOf(grid);
+    if (content == shown) return;
+    shown = std::move(content);
+    ShowContent(*view, shown);
+  };
+}
+
+RefreshView BindLabel(Control& control, QObject& target, const UserAction& /*act*/) {
+  auto* const view = qobject_cast<QLabel*>(&target);
+  if (view == nullptr) return {};
+  view->setTextFormat(Qt::PlainText);
+  return [&label = static_cast<const Label&>(control), view] {
+    const QString shown = ShownCaption(kavr6::ToQt(label.Caption()));
+    // Only a label with a buddy has mnemonics; the design's text stays while it reads the same.
+    if (view->buddy() == nullptr) {
+      if (view->text() != shown) view->setText(shown);
+    } else if (ShownCaption(view->text()) != shown) {
+      view->setText(WithoutMnemonic(shown));
+    }
+  };
+}
+
+RefreshView BindFrame(Control& /*control*/, QObject& target, const UserAction& /*act*/) {
+  if (IsInput(static_cast<const QWidget&>(target))) return {};
+  return [] {};
+}
+
+RefreshView BindPicture(Control& control, QObject& target, const UserAction& /*act*/) {
+  auto* const view = qobject_cast<widgets::Picture*>(&target);
+  if (view == nullptr) return {};
+  return [&picture = static_cast<const Picture&>(control), view] {
+    view->setImage(kavr6::ToQt(picture.Image()));
+  };
+}
+
+RefreshView BindLamp(Control& control, QObject& target, const UserAction& /*act*/) {
+  auto* const view = qobject_cast<widgets::Lamp*>(&target);
+  if (view == nullptr) return {};
+  return
+      [&lamp = static_cast<const Lamp&>(control), view] { view->setState(static_cast<int>(lamp.Light())); };
+}
+
+RefreshView BindPercentPanel(Control& control, QObject& target, const UserAction& /*act*/) {
+  auto* const view = qobject_cast<widgets::PercentPanel*>(&target);
+  if (view == nullptr) return {};
+  return [&panel = static_cast<const PercentPanel&>(control), view,
+          shown = std::pair(-1, Colour(-1))]() mutable {
+    const std::pair wanted(panel.FloodPercent(), panel.FloodColor());
+    if (std::exchange(shown, wanted) == wanted) return;
+    view->setPercent(wanted.first);
+    view->setColour(ToQt(wanted.second));
+  };
+}
+
+RefreshView BindConnectorLine(Control& control, QObject& target, const UserAction& /*act*/) {
+  auto* const view = qobject_cast<widgets::ConnectorLine*>(&target);
+  if (view == nullptr) return {};
+  return [&line = static_cast<const ConnectorLine&>(control), view] {
+    view->setColour(ToQt(line.BorderColor()));
+  };
+}
+
+}  // namespace kavr6

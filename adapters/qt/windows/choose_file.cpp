@@ -1,0 +1,58 @@
+#include "adapters/qt/windows/choose_file.h"
+
+#include <QFileDialog>
+#include <QFileIconProvider>
+#include <QHeaderView>
+#include <QTreeView>
+
+#include "adapters/qt/base/text.h"
+
+namespace kavr6 {
+namespace {
+
+/// "Words|*.ext" as the toolkit writes it: "Words (*.ext)".
+QString FilterOf(const std::string& filter) {
+  const QString text = ToQt(filter);
+  return text.section('|', 0, 0) + " (" + text.section('|', 1, 1) + ")";
+}
+
+/// Icons by kind alone. The toolkit's own ones look into every file, which takes its time in a slow folder
+/// and for ever in some.
+class PlainIcons : public QFileIconProvider {
+ public:
+  QIcon icon(const QFileInfo& info) const override {
+    return QFileIconProvider::icon(info.isDir() ? Folder : File);
+  }
+  QString type(const QFileInfo& /*info*/) const override { return {}; }
+};
+
+/// Room for whole names and dates.
+void WidenColumns(QFileDialog& window) {
+  constexpr int kTypeColumn = 2;
+  auto* const view = window.findChild<QTreeView*>("treeView");
+  if (view == nullptr) return;
+  view->hideColumn(kTypeColumn);
+  view->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  view->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+  window.resize(window.sizeHint() * 1.3);
+}
+
+}  // namespace
+
+std::string ChooseFile(const FileDialog& dialog, QWidget* parent) {
+  const bool saves = dialog.purpose == FileDialog::Purpose::Save;
+  PlainIcons icons;
+  QFileDialog window(parent, saves ? "Save As" : "Open", ToQt(dialog.folder), FilterOf(dialog.filter));
+  // Not every system's own dialog asks about the name with its extension before a file is overwritten, or
+  // lets a box that opens meanwhile be used.
+  window.setOption(QFileDialog::DontUseNativeDialog);
+  window.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  window.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  window.setIconProvider(&icons);
+  WidenColumns(window);
+  window.setDefaultSuffix(ToQt(dialog.defaultExtension));
+  if (window.exec() != QDialog::Accepted) return {};
+  return FromQt(window.selectedFiles().value(0));
+}
+
+}  // namespace kavr6

@@ -1,0 +1,236 @@
+#include "adapters/qt/windows/form_window.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QCheckBox>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QStyle>
+#include <QWindow>
+#include <algorithm>
+#include <optional>
+
+#include "adapters/qt/base/text.h"
+#include "adapters/qt/windows/entry.h"
+#include "adapters/qt/windows/twips.h"
+#include "platform/controls.h"
+
+namespace kavr6 {
+namespace {
+
+/// The character that a key types, with Ctrl+A to Ctrl+Z as 1 to 26; none for arrows and the like.
+std::optional<char> CharacterOf(const QKeyEvent& event) {
+  if (event.modifiers().testFlag(Qt::ControlModifier) && event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z)
+    return static_cast<char>(event.key() - Qt::Key_A + 1);
+  const QByteArray text = event.text().toLatin1();
+  if (text.isEmpty()) return std::nullopt;
+  return text[0];
+}
+
+Button* ButtonWithRole(const Form& form, Button::Role role) {
+  for (Control* control : form.Controls()) {
+    if (control->Kind() != ControlKind::Button) continue;
+    auto* const button = static_cast<Button*>(control);
+    if (button->ButtonRole() == role && button->Enabled() && button->Visible()) return button;
+  }
+  return nullptr;
+}
+
+/// The button that ends a dialog by Esc: Cancel, or the only one of a window that merely tells something.
+Button* EscapeButton(const Form& form) {
+  if (Button* const cancel = ButtonWithRole(form, Button::Role::Cancel)) return cancel;
+  const auto& controls = form.Controls();
+  const bool single = std::count_if(controls.begin(), controls.end(), [](const Control* control) {
+                        return control->Kind() == ControlKind::Button;
+                      }) == 1;
+  return single ? ButtonWithRole(form, Button::Role::Default) : nullptr;
+}
+
+Button* HelpButton(const Form& form) {
+  Control* const control = form.Find("Help");
+  const bool usable = control != nullptr && control->Kind() == ControlKind::Button && control->Enabled() &&
+                      control->Visible();
+  return usable ? static_cast<Button*>(control) : nullptr;
+}
+
+bool IsEnter(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
+
+/// On some desktops Enter would turn these instead of ending the dialog.
+bool TurnsByEnter(const QWidget* focused) {
+  return qobject_cast<const QCheckBox*>(focused) != nullptr ||
+         qobject_cast<const QRadioButton*>(focused) != nullptr;
+}
+
+/// Where on the screen the form's place 0, 0 is.
+QPoint Origin() { return QGuiApplication::primaryScreen()->geometry().topLeft(); }
+
+}  // namespace
+
+FormWindow::FormWindow(Form& form, std::unique_ptr<QWidget> window, std::function<void()> activated)
+    : form_(form), activated_(std::move(activated)) {
+  binder_ = std::make_unique<Binder>(form, *window);
+  window_ = window.release();
+  window_->winId();  // makes the window's handle, where typed characters pass first
+  SettleFirstPlace();
+  ShowPlace();
+  form_.SetView([this] { ShowPlace(); });
+  window_->installEventFilter(this);
+  window_->windowHandle()->installEventFilter(this);
+}
+
+FormWindow::~FormWindow() {
+  binder_.reset();
+  if (window_ == nullptr) return;
+  window_->removeEventFilter(this);
+  delete window_;
+}
+
+void FormWindow::Open(bool modal) {
+  const Qt::WindowModality modality = modal ? Qt::ApplicationModal : Qt::NonModal;
+  if (!window_->isVisible() && window_->windowModality() != modality) window_->setWindowModality(modality);
+  if (window_->isMinimized()) window_->showNormal();
+  window_->show();
+  window_->raise();
+  window_->activateWindow();
+}
+
+void FormWindow::EndModality() {
+  // The toolkit takes notice only of a window that is not shown.
+  window_->hide();
+  window_->setWindowModality(Qt::NonModal);
+  window_->show();
+}
+
+FormWindow::Place FormWindow::PlaceOfForm() const {
+  return {form_.Left(), form_.Top(), form_.Width(), form_.Height(), form_.MinWidth(), form_.MinHeight()};
+}
+
+// A form without a size of its own takes that of the design; both give way to what the contents need and to
+// the screen. What is centred stays so.
+void FormWindow::SettleFirstPlace() {
+  QRect screen = QGuiApplication::primaryScreen()->availableGeometry().translated(-Origin());
+  if (!window_->windowFlags().testFlag(Qt::FramelessWindowHint))
+    screen.setTop(screen.top() + window_->style()->pixelMetric(QStyle::PM_TitleBarHeight));
+  if (!window_->testAttribute(Qt::WA_Resized)) window_->adjustSize();
+  QSize size = form_.Sized() ? QSize(ToPixels(form_.Width()), ToPixels(form_.Height()))
+                             : window_->size().expandedTo(window_->sizeHint());
+  if (QLayout* const layout = window_->layout()) layout->activate();
+  size =
+      size.expandedTo(window_->minimumSizeHint()).boundedTo(window_->maximumSize()).boundedTo(screen.size());
+  const int wider = ToTwips(size.width()) - form_.Width();
+  const int higher = ToTwips(size.height()) - form_.Height();
+  const bool placed = form_.Left() != 0 || form_.Top() != 0;
+  if (wider != 0 || higher != 0) form_.Resize(ToTwips(size.width()), ToTwips(size.height()));
+  if (!placed) return;
+  form_.Move(std::max(form_.Left() - wider / 2, ToTwips(screen.left())),
+             std::max(form_.Top() - higher / 2, ToTwips(screen.top())));
+}
+
+void FormWindow::ShowPlace() {
+  if (const QString caption = ToQt(form_.Caption()); window_->windowTitle() != caption)
+    window_->setWindowTitle(caption);
+  const Place wanted = PlaceOfForm();
+  const Place before = std::exchange(shown_, wanted);
+  if (wanted == before) return;
+  {
+    const QScopedValueRollback showing(showing_, true);
+    if (wanted.minWidth != before.minWidth || wanted.minHeight != before.minHeight)
+      window_->setMinimumSize(QSize(ToPixels(wanted.minWidth), ToPixels(wanted.minHeight))
+                                  .expandedTo(window_->minimumSizeHint()));
+    if (wanted.width != before.width || wanted.height != before.height)
+      window_->resize(ToPixels(wanted.width), ToPixels(wanted.height));
+    if (wanted.left != before.left || wanted.top != before.top)
+      window_->move(QPoint(ToPixels(wanted.left), ToPixels(wanted.top)) + Origin());
+  }
+  TakePlace();
+}
+
+void FormWindow::TakePlace() {
+  if (showing_ || !window_->isVisible() || window_->isMinimized()) return;
+  const QPoint at = window_->pos() - Origin();
+  const QSize size = window_->size();
+  if (at != QPoint(ToPixels(form_.Left()), ToPixels(form_.Top()))) {
+    shown_.left = ToTwips(at.x());
+    shown_.top = ToTwips(at.y());
+    form_.Move(shown_.left, shown_.top);
+  }
+  if (size != QSize(ToPixels(form_.Width()), ToPixels(form_.Height()))) {
+    shown_.width = ToTwips(size.width());
+    shown_.height = ToTwips(size.height());
+    form_.Resize(shown_.width, shown_.height);
+  }
+}
+
+// A window that follows its contents must not grow out of the screen.
+void FormWindow::KeepOnScreen() {
+  const QLayout* const layout = window_->layout();
+  if (layout == nullptr || layout->sizeConstraint() != QLayout::SetFixedSize || !window_->isVisible()) return;
+  const QRect screen = window_->screen()->availableGeometry();
+  const int below = window_->frameGeometry().bottom() - screen.bottom();
+  if (below > 0) window_->move(window_->x(), std::max(window_->y() - below, screen.top()));
+}
+
+bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == window_) return WindowEvent(*event);
+  if (event->type() != QEvent::KeyPress) return false;
+  const auto& key = static_cast<const QKeyEvent&>(*event);
+  return KeepsKey(key) || (IsEnter(key) && TurnsByEnter(window_->focusWidget()) && EndsDialog(key));
+}
+
+bool FormWindow::WindowEvent(QEvent& event) {
+  switch (event.type()) {
+    case QEvent::Close:
+      event.ignore();
+      EnterLogic(form_.Desk(), [this] { form_.RequestClose(); });
+      return true;
+    case QEvent::WindowActivate:
+      activated_();
+      return false;
+    case QEvent::Resize:
+      KeepOnScreen();
+      TakePlace();
+      return false;
+    case QEvent::Move:
+      TakePlace();
+      return false;
+    case QEvent::KeyPress:
+      return OpensHelp(static_cast<const QKeyEvent&>(event)) ||
+             EndsDialog(static_cast<const QKeyEvent&>(event));
+    default:
+      return false;
+  }
+}
+
+bool FormWindow::KeepsKey(const QKeyEvent& event) {
+  const std::optional<char> character = CharacterOf(event);
+  bool kept = false;
+  if (character) EnterLogic(form_.Desk(), [&] { kept = form_.KeyPressed(*character); });
+  return kept;
+}
+
+bool FormWindow::OpensHelp(const QKeyEvent& event) {
+  Button* const help = HelpButton(form_);
+  if (help == nullptr || event.key() != Qt::Key_F1 || event.modifiers() != Qt::NoModifier) return false;
+  EnterLogic(form_.Desk(), [help] { help->Click(); });
+  return true;
+}
+
+// Comes here when the focused control has no use for the key. Esc goes no further: the toolkit would hide a
+// dialog on its own.
+bool FormWindow::EndsDialog(const QKeyEvent& event) {
+  const bool enter = IsEnter(event);
+  if (!enter && event.key() != Qt::Key_Escape) return false;
+  if (auto* const focused = qobject_cast<QPushButton*>(window_->focusWidget()); enter && focused != nullptr) {
+    focused->click();
+  } else if (Button* const button =
+                 enter ? ButtonWithRole(form_, Button::Role::Default) : EscapeButton(form_)) {
+    EnterLogic(form_.Desk(), [button] { button->Click(); });
+  }
+  return true;
+}
+
+}  // namespace kavr6

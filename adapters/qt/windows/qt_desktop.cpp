@@ -1,0 +1,190 @@
+#include "adapters/qt/windows/qt_desktop.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QMainWindow>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QVersionNumber>
+#include <QWindow>
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <stdexcept>
+
+#include "adapters/qt/windows/ask.h"
+#include "adapters/qt/windows/choose_file.h"
+#include "adapters/qt/windows/entry.h"
+#include "adapters/qt/windows/form_window.h"
+#include "adapters/qt/windows/twips.h"
+#include "platform/form.h"
+
+namespace kavr6 {
+namespace {
+
+// Events that keep making new ones do not hold up whoever only wanted to let the waiting ones run.
+constexpr int kMostPumpRounds = 8;
+// A splash that is not on the screen by then is not waited for.
+constexpr double kSplashWaitSeconds = 0.25;
+
+/// A task that is forgotten when its owner's block is left.
+class ScopedTask {
+ public:
+  ScopedTask(Scheduler& scheduler, double seconds, Scheduler::Task task) : scheduler_(scheduler) {
+    if (seconds != kForever) id_ = scheduler.CallAfter(seconds, std::move(task));
+  }
+  ScopedTask(const ScopedTask&) = delete;
+  ScopedTask& operator=(const ScopedTask&) = delete;
+  ~ScopedTask() { scheduler_.Cancel(id_); }
+
+ private:
+  Scheduler& scheduler_;
+  Scheduler::TaskId id_ = 0;
+};
+
+}  // namespace
+
+QtDesktop::QtDesktop(WindowBuilder build)
+    : build_(std::move(build)), tasks_([this](const Task& task) { EnterLogic(*this, task); }) {
+  // A dialog's own native window would make native ones of all children of the main window, its parent.
+  QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+  // The logic decides when the program ends.
+  QApplication::setQuitOnLastWindowClosed(false);
+}
+
+QtDesktop::~QtDesktop() = default;
+
+void QtDesktop::PumpEvents() {
+  QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
+  const TaskId newest = tasks_.Newest();
+  for (int rounds = 0;;) {
+    const bool any = dispatcher->processEvents(QEventLoop::AllEvents);
+    if (!tasks_.IsDueUpTo(newest) && (!any || ++rounds == kMostPumpRounds)) return;
+  }
+}
+
+bool QtDesktop::PumpEventsUntil(const std::function<bool()>& done, double limit) {
+  bool expired = false;
+  const ScopedTask deadline(*this, limit, [&expired] { expired = true; });
+  while (!done()) {
+    if (expired) return false;
+    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+  }
+  return true;
+}
+
+BoxAnswer QtDesktop::Ask(const MessageBox& box) {
+  const BoxAnswer answer = ShowMessageBox(box, BoxParent());
+  LowerLifted();
+  return answer;
+}
+
+std::string QtDesktop::ChooseFile(const FileDialog& dialog) {
+  std::string name = kavr6::ChooseFile(dialog, BoxParent());
+  LowerLifted();
+  return name;
+}
+
+void QtDesktop::Beep() { QApplication::beep(); }
+
+bool QtDesktop::ShiftDown() const {
+  return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
+}
+
+TwipSize QtDesktop::ScreenSize() const {
+  const QSize size = QGuiApplication::primaryScreen()->size();
+  return {ToTwips(size.width()), ToTwips(size.height())};
+}
+
+std::filesystem::path QtDesktop::ProgramDirectory() const {
+  return QCoreApplication::applicationDirPath().toStdU16String();
+}
+
+ProgramVersion QtDesktop::Version() const {
+  const QVersionNumber version = QVersionNumber::fromString(QCoreApplication::applicationVersion());
+  return {version.majorVersion(), version.minorVersion(), version.microVersion()};
+}
+
+void QtDesktop::EndProgram(int exitCode) {
+  for (const Task& task : std::exchange(atEnd_, {})) {
+    try {
+      task();
+    } catch (const std::exception& fault) {
+      std::fprintf(stderr, "At the program's end: %s\n", fault.what());
+    }
+  }
+  std::fflush(nullptr);
+  std::_Exit(exitCode);
+}
+
+QWidget* QtDesktop::WindowOf(const Form& form) const {
+  const auto found = windows_.find(&form);
+  return found == windows_.end() ? nullptr : &found->second->Window();
+}
+
+QWidget* QtDesktop::FrontWindow() const {
+  return ShownForms().empty() ? nullptr : WindowOf(*ShownForms().back());
+}
+
+QWidget* QtDesktop::BoxParent() const {
+  QWidget* const active = QApplication::activeWindow();
+  return active != nullptr ? active : FrontWindow();
+}
+
+FormWindow& QtDesktop::Built(Form& form) {
+  if (const auto found = windows_.find(&form); found != windows_.end()) return *found->second;
+  std::unique_ptr<QWidget> window = build_(form.Name());
+  if (window == nullptr) throw std::logic_error("The window " + form.Name() + " has no design.");
+  // Dialogs stay above the main window.
+  if (mainWindow_ != nullptr) window->setParent(mainWindow_, window->windowFlags() | Qt::Dialog);
+  const bool isMain = qobject_cast<QMainWindow*>(window.get()) != nullptr;
+  auto built = std::make_unique<FormWindow>(form, std::move(window), [this, &form] { UserActivated(form); });
+  if (isMain) mainWindow_ = &built->Window();
+  return *windows_.emplace(&form, std::move(built)).first->second;
+}
+
+void QtDesktop::OpenWindow(Form& form, bool modal) {
+  FormWindow& opened = Built(form);
+  {
+    const QScopedValueRollback arranging(arranging_, true);
+    // A window that opens above a modal one or above a box would otherwise be blocked by it.
+    const QWidget* const modalAbove = QApplication::activeModalWidget();
+    const bool blocked = modalAbove != nullptr && modalAbove != &opened.Window();
+    if (blocked && !modal && !opened.Window().isVisible()) lifted_.push_back(&opened);
+    opened.Open(modal || blocked);
+  }
+  if (!opened.Window().windowFlags().testFlag(Qt::SplashScreen)) return;
+  const QWindow* const handle = opened.Window().windowHandle();
+  // Being exposed, it has been painted.
+  PumpEventsUntil([handle] { return handle->isExposed(); }, kSplashWaitSeconds);
+}
+
+void QtDesktop::CloseWindow(Form& form) {
+  QWidget* const window = WindowOf(form);
+  if (window == nullptr) return;
+  const QScopedValueRollback arranging(arranging_, true);
+  window->hide();
+  std::erase_if(lifted_, [window](const FormWindow* lifted) { return &lifted->Window() == window; });
+  LowerLifted();
+  if (QWidget* const front = FrontWindow()) front->activateWindow();
+}
+
+void QtDesktop::LowerLifted() {
+  const auto lifted = [this](const QWidget* window) {
+    return std::any_of(lifted_.begin(), lifted_.end(),
+                       [window](const FormWindow* form) { return &form->Window() == window; });
+  };
+  for (const QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && window->isModal() && !lifted(window)) return;
+  }
+  const QScopedValueRollback arranging(arranging_, true);
+  for (FormWindow* window : std::exchange(lifted_, {})) window->EndModality();
+}
+
+void QtDesktop::UserActivated(Form& form) {
+  // What the window system activates because the program has just opened or closed a window is no choice of
+  // the user's.
+  if (!arranging_) EnterLogic(*this, [&] { BroughtToFront(form); });
+}
+
+}  // namespace kavr6

@@ -1,0 +1,74 @@
+// The desktop of the machine.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "adapters/qt/base/task_queue.h"
+#include "platform/desktop.h"
+
+namespace kavr6 {
+
+class FormWindow;
+
+/// Windows, boxes and time by means of the toolkit. Needs a QApplication, whose name titles the boxes and
+/// whose version (as in "1.2.3") is the program's.
+///
+/// A form's window is built when it is first shown. One that has no design is a fault of the program; so is
+/// one that does not fit its form (see Binder).
+class QtDesktop : public Desktop {
+ public:
+  /// Makes the hidden window of the form of that name; null without a design.
+  using WindowBuilder = std::function<std::unique_ptr<QWidget>(const std::string& formName)>;
+
+  explicit QtDesktop(WindowBuilder build);
+  ~QtDesktop() override;
+
+  double Now() const override { return TaskQueue::Now(); }
+  TaskId CallAfter(double seconds, Task task) override { return tasks_.Add(seconds, std::move(task)); }
+  void Cancel(TaskId id) override { tasks_.Cancel(id); }
+  void PumpEvents() override;
+  bool PumpEventsUntil(const std::function<bool()>& done, double limit) override;
+
+  BoxAnswer Ask(const MessageBox& box) override;
+  std::string ChooseFile(const FileDialog& dialog) override;
+  void Beep() override;
+  bool ShiftDown() const override;
+  TwipSize ScreenSize() const override;
+  std::filesystem::path ProgramDirectory() const override;
+  ProgramVersion Version() const override;
+  /// Runs no destructors.
+  [[noreturn]] void EndProgram(int exitCode) override;
+
+  /// `task` is to be done when the program ends by EndProgram: what other programs would stumble over is put
+  /// away there.
+  void AtEnd(Task task) { atEnd_.push_back(std::move(task)); }
+
+  /// The window of a form; null before it has first been shown.
+  QWidget* WindowOf(const Form& form) const;
+
+ protected:
+  void OpenWindow(Form& form, bool modal) override;
+  void CloseWindow(Form& form) override;
+
+ private:
+  FormWindow& Built(Form& form);
+  void UserActivated(Form& form);
+  QWidget* FrontWindow() const;
+  QWidget* BoxParent() const;
+  void LowerLifted();
+
+  WindowBuilder build_;
+  TaskQueue tasks_;
+  std::vector<Task> atEnd_;
+  std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
+  std::vector<FormWindow*> lifted_;  // modal only until what would have blocked them has gone
+  QWidget* mainWindow_ = nullptr;
+  bool arranging_ = false;
+};
+
+}  // namespace kavr6

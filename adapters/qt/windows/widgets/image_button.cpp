@@ -1,0 +1,84 @@
+#include "adapters/qt/windows/widgets/image_button.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+#include <algorithm>
+
+#include "adapters/qt/windows/widgets/artwork.h"
+
+namespace kavr6::widgets {
+namespace {
+
+constexpr int kPadding = 5;
+
+}  // namespace
+
+ImageButton::ImageButton(QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_Hover);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void ImageButton::setPicture(const QString& name) {
+  if (picture_ == name) return;
+  const bool sameShape = ArtworkSize(picture_) == ArtworkSize(name);
+  picture_ = name;
+  if (!sameShape) updateGeometry();
+  update();
+}
+
+QSize ImageButton::FaceSize(double pictureLines) const {
+  const QFontMetrics metrics = fontMetrics();
+  const QSize natural = ArtworkSize(picture_);
+  const int height = qRound(pictureLines * metrics.height());
+  const int width = height * natural.width() / natural.height();
+  const int word = metrics.size(Qt::TextShowMnemonic, text()).width();
+  return {std::max(width, word) + 4 * kPadding, height + metrics.height() + 3 * kPadding};
+}
+
+QSize ImageButton::sizeHint() const { return FaceSize(3.0); }
+
+QSize ImageButton::minimumSizeHint() const { return FaceSize(2.0); }
+
+void ImageButton::PaintTile(QPainter& painter) const {
+  const QColor face = palette().color(QPalette::Button);
+  const QColor ink = palette().color(QPalette::ButtonText);
+  const bool hovered = isEnabled() && underMouse();
+  QColor fill = Mixed(face, palette().color(QPalette::Base), 0.5);
+  if (isDown())
+    fill = Mixed(face, ink, 0.18);
+  else if (hovered)
+    fill = Mixed(face, palette().color(QPalette::Highlight), 0.22);
+  const QColor edge =
+      hasFocus() ? palette().color(QPalette::Highlight) : Mixed(face, ink, hovered ? 0.5 : 0.3);
+  const double width = hasFocus() ? 2.0 : 1.0;
+  painter.setPen(QPen(edge, width));
+  painter.setBrush(fill);
+  const double inset = width / 2;
+  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 6, 6);
+}
+
+void ImageButton::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  PaintTile(painter);
+  if (!isEnabled()) painter.setOpacity(0.5);
+  const QColor ink = palette().color(QPalette::ButtonText);
+  const int sink = isDown() ? 1 : 0;
+  QRect word = rect().adjusted(kPadding, 0, -kPadding, -kPadding + 1).translated(0, sink);
+  word.setTop(word.bottom() - fontMetrics().height());
+  const QRect box = rect().adjusted(kPadding, kPadding, -kPadding, 0).translated(0, sink);
+  PaintArtwork(painter, picture_, QRect(box.topLeft(), QPoint(box.right(), word.top() - 2)), ink);
+  style()->drawItemText(&painter, word, Qt::AlignCenter | Qt::TextShowMnemonic, palette(), isEnabled(),
+                        text(), QPalette::ButtonText);
+}
+
+void ImageButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    animateClick();
+  else
+    QAbstractButton::keyPressEvent(event);
+}
+
+}  // namespace kavr6::widgets

@@ -1,0 +1,67 @@
+#include "adapters/qt/windows/widgets/lamp.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <array>
+
+#include "adapters/qt/windows/widgets/artwork.h"
+
+namespace kavr6::widgets {
+namespace {
+
+constexpr std::array<const char*, 4> kStateNames{"off", "green", "yellow", "red"};
+constexpr std::array<QRgb, 4> kFills{0, 0xff18a558, 0xfff2b705, 0xffd93025};
+
+void DrawCross(QPainter& painter, const QRectF& box) {
+  const QRectF cross =
+      box.adjusted(box.width() * 0.25, box.height() * 0.25, -box.width() * 0.25, -box.height() * 0.25);
+  painter.setPen(QPen(Qt::white, box.width() * 0.13, Qt::SolidLine, Qt::RoundCap));
+  painter.drawLine(cross.topLeft(), cross.bottomRight());
+  painter.drawLine(cross.topRight(), cross.bottomLeft());
+}
+
+}  // namespace
+
+Lamp::Lamp(QWidget* parent) : QWidget(parent) {
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setAccessibleDescription(kStateNames.front());
+}
+
+void Lamp::setState(int state) {
+  state = std::clamp(state, 0, static_cast<int>(kStateNames.size()) - 1);
+  if (state == state_) return;
+  state_ = state;
+  setAccessibleDescription(kStateNames[static_cast<std::size_t>(state)]);
+  update();
+}
+
+QSize Lamp::sizeHint() const {
+  const int side = std::max(14, fontMetrics().height());
+  return {side, side};
+}
+
+void Lamp::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const double side = std::min(width(), height()) - 2.0;
+  const QRectF box(QPointF((width() - side) / 2, (height() - side) / 2), QSizeF(side, side));
+  const QColor ground = palette().color(QPalette::Window);
+  const QColor edge = Mixed(ground, palette().color(QPalette::WindowText), 0.65);
+  painter.setPen(QPen(edge, 1.2));
+  if (state_ != 0) painter.setBrush(QColor::fromRgba(kFills[static_cast<std::size_t>(state_)]));
+  const QRectF inner = box.adjusted(1, 1, -1, -1);
+  switch (state_) {
+    case 2:
+      painter.drawPolygon(
+          QPolygonF{{inner.center().x(), inner.top()}, inner.bottomRight(), inner.bottomLeft()});
+      break;
+    case 3:
+      painter.drawRoundedRect(inner, 2, 2);
+      DrawCross(painter, inner);
+      break;
+    default:
+      painter.drawEllipse(inner);
+  }
+}
+
+}  // namespace kavr6::widgets
