@@ -3,10 +3,7 @@
 namespace kavr6 {
 
 SetupDialog::SetupDialog(const SetupParts& parts, const SetupDialogTexts& texts)
-    : Form(parts.over.Desk(), texts.name),
-      state_(parts.state),
-      settings_(parts.settings),
-      over_(parts.over) {
+    : Form(parts.over.Desk(), texts.name), state_(parts.state), settings_(parts.settings), over_(parts.over) {
   SetCaption(texts.caption);
   OK.Clicked.Set([this] { Commit(); });
   Cancel.Clicked.Set([this] { Hide(); });

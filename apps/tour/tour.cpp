@@ -12,7 +12,7 @@ Tour::Tour(Stage& stage)
       drive_(stage, QCoreApplication::applicationDirPath() + "/drive_simulator"),
       desktop_(BuildWindow, stage),
       comm_(desktop_, stage.Folder() / "ports"),
-      program_(desktop_, comm_, table_, files_) {}
+      program_({desktop_, comm_, table_, files_}) {}
 
 void Tour::Play() {
   Start();

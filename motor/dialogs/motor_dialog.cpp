@@ -87,8 +87,8 @@ void MotorDialog::Load() {
     table_.MoveFirst();
   } catch (const RuntimeError& error) {
     Desk().Ask({.text = "Error " + std::to_string(error.Number()) + ": " + error.what() +
-                          " Can't load motor database.  The KAVR6 Configurator cannot operate without it.  "
-                          "Please try re-installing the software."});
+                        " Can't load motor database.  The KAVR6 Configurator cannot operate without it.  "
+                        "Please try re-installing the software."});
     Desk().EndProgram(1);
   }
   optStandard.SetValue(true);
@@ -157,9 +157,9 @@ void AddMotorIfMissing(MotorTable& table, MotorDialog& dialog, const MotorRecord
   }
   if (const auto cause = table.Append(motor))
     dialog.Desk().Ask({.text = "The motor \"" + motor.MotorName +
-                                 "\" is not in the motor database and cannot be added to it.  " + *cause +
-                                 "  It is selected all the same and can be used until the program ends.",
-                         .icon = BoxIcon::Exclamation});
+                               "\" is not in the motor database and cannot be added to it.  " + *cause +
+                               "  It is selected all the same and can be used until the program ends.",
+                       .icon = BoxIcon::Exclamation});
   dialog.LoadMotorList();
   dialog.SetMotorList(motor.MotorName);
 }
