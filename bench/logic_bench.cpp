@@ -30,7 +30,7 @@ void ImageBuild(benchmark::State& state) {
   Bench b;
   ParameterImage image{};
   for (auto _ : state) {
-    DownloadString(image, b.program.settings, b.program.motorTable, b.program.limits);
+    DownloadString(image, b.program.settings, b.program.motorTable.Row());
     StoreChecksum(image);
     benchmark::DoNotOptimize(image);
   }
@@ -40,7 +40,7 @@ BENCHMARK(ImageBuild);
 void ImageDecode(benchmark::State& state) {
   Bench b;
   ParameterImage image{};
-  DownloadString(image, b.program.settings, b.program.motorTable, b.program.limits);
+  DownloadString(image, b.program.settings, b.program.motorTable.Row());
   for (auto _ : state) benchmark::DoNotOptimize(DecodeImage(image, b.program.settings));
 }
 BENCHMARK(ImageDecode);

@@ -6,9 +6,9 @@
 #include <cstdlib>
 #include <span>
 
-#include "core/drive_models.h"
-#include "core/main_screen.h"
+#include "core/drive_state.h"
 #include "link/receive_path.h"
+#include "platform/form.h"
 #include "platform/headless/headless_desktop.h"
 #include "tests/support/scripted_comm.h"
 
@@ -27,21 +27,21 @@ void Require(bool holds, const char* what) {
 }
 
 struct Scene : HeadlessDesktop {
-  MainScreen screen{*this};
+  Form front{*this, "MainForm"};
   Form tool{*this, "VTLterm"};
   ScriptedComm comm{*this};
-  ReceivePath path{screen, comm};
+  DriveState state;
+  ReceivePath path{{state, comm, *this}};
   std::size_t fed = 0;
   std::size_t toTool = 0;
   std::size_t alarms = 0;
 
   Scene() {
-    for (const DriveModel& model : kDriveModels) screen.ModelList.AddItem(std::string(model.name));
     comm.SetPortOpen(true);
     comm.SetRThreshold(1);
-    screen.Show();
+    front.Show();
     tool.Show();
-    path.AddLiveTool(tool.Name(), [this](char) { ++toTool; });
+    path.AddLiveTool(tool.Name(), [this](std::uint8_t) { ++toTool; });
     path.ServoError152 = [this](int word) {
       Require(word >= 0 && word < 1 << 14, "an alarm word has 14 bits");
       ++alarms;
@@ -53,10 +53,10 @@ struct Scene : HeadlessDesktop {
   }
   // Off, on and in front, on but behind another window.
   void SwitchTool() {
-    if (screen.LiveToolActive && ActiveFormName() == tool.Name()) {
-      BroughtToFront(screen);
+    if (state.LiveToolActive && ActiveFormName() == tool.Name()) {
+      BroughtToFront(front);
     } else {
-      screen.LiveToolActive = !screen.LiveToolActive;
+      state.LiveToolActive = !state.LiveToolActive;
       BroughtToFront(tool);
     }
   }
@@ -64,11 +64,10 @@ struct Scene : HeadlessDesktop {
     fed += bytes.size();
     comm.Feed(Bytes(bytes.begin(), bytes.end()));
     if (seconds > 0) Delay(*this, seconds);
-    for (const char c : screen.GlobalBuffer)
-      Require(static_cast<unsigned char>(c) < 128, "text is below 128");
+    for (const char c : state.GlobalBuffer) Require(static_cast<unsigned char>(c) < 128, "text is below 128");
     const auto waiting = static_cast<std::size_t>(path.Ring().RingCount());
     Require(waiting <= 31, "the ring holds 31 bytes");
-    Require(screen.GlobalBuffer.size() + toTool + 3 * alarms + waiting <= fed, "no byte counts twice");
+    Require(state.GlobalBuffer.size() + toTool + 3 * alarms + waiting <= fed, "no byte counts twice");
   }
 };
 
@@ -83,7 +82,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     scene.Feed(bytes, (orders & kLetTimePass) != 0 ? 0.005 : 0.0);
     rest = rest.subspan(1 + bytes.size());
   }
-  scene.screen.LiveToolActive = false;
+  scene.state.LiveToolActive = false;
   Delay(scene, 60.0);
   scene.Feed(Bytes{'A'}, 60.0);
   Require(scene.path.Ring().RingCount() < 3, "nothing waits but a cut message");

@@ -5,7 +5,6 @@
 #include <cstdlib>
 
 #include "image/parameter_image.h"
-#include "platform/headless/headless_desktop.h"
 #include "platform/runtime_error.h"
 #include "tests/support/catalogue.h"
 
@@ -28,19 +27,16 @@ void RequireLimits(const Settings& s) {
 }
 
 void UploadAndWriteAgain(std::span<const Byte> buffer) {
-  static HeadlessDesktop desktop;
-  static MainScreen screen(desktop);
   static MemoryTable table = CatalogueTable();
   table.MoveFirst();
-  MotorTable row(table);
+  const MotorRow row = MotorTable(table).Row();
   Settings settings;
-  MotorCalculations calculations(settings, screen, row);
   const UploadedMotor uploaded = DecodeImage(buffer, settings);
   Require(buffer.size() >= 159 && Within(uploaded.ARfreq, 0, 65535) && uploaded.Motor.MotorName.size() <= 13);
   RequireLimits(settings);
 
   ParameterImage image{};
-  DownloadString(image, settings, row, calculations);
+  DownloadString(image, settings, row);
   StoreChecksum(image);
   Require(ChecksumHolds(image));
   Settings again;

@@ -14,20 +14,20 @@ namespace kavr6 {
 /// A catalogue motor as the table holds it. Torque and inertia are in the unit of their unit column, current
 /// in A, R in ohm, L in mH, the lead angle in degrees at rev/sec. Any column of numbers may be empty.
 struct MotorRow {
-  std::string PartNumber;  ///< shown to people
-  std::string PartNoX;     ///< orders and finds the rows
-  std::optional<double> Current;
-  std::optional<double> Torque;
-  std::optional<double> TorqueUnit;
-  std::optional<double> Inertia;
-  std::optional<double> InertiaUnit;
-  std::optional<double> HarmonicGain;
-  std::optional<double> HarmonicPhase;
-  std::optional<double> LeadAngleRps;
-  std::optional<double> LeadAngleDeg;
-  std::optional<double> PWMmaxPct;
-  std::optional<double> R;
-  std::optional<double> L;
+  std::string PartNumber = {};  ///< shown to people
+  std::string PartNoX = {};     ///< orders and finds the rows
+  std::optional<double> Current = {};
+  std::optional<double> Torque = {};
+  std::optional<double> TorqueUnit = {};
+  std::optional<double> Inertia = {};
+  std::optional<double> InertiaUnit = {};
+  std::optional<double> HarmonicGain = {};
+  std::optional<double> HarmonicPhase = {};
+  std::optional<double> LeadAngleRps = {};
+  std::optional<double> LeadAngleDeg = {};
+  std::optional<double> PWMmaxPct = {};
+  std::optional<double> R = {};
+  std::optional<double> L = {};
 
   bool operator==(const MotorRow&) const = default;
 };

@@ -29,7 +29,7 @@ TEST(EndToEnd, DriveThatDiesInATransferIsToldAndServesAfterItsReturn) {
   MainForm& main = program.Main;
   double& speed = program.settings.Speed;
   main.EnsureLoaded();
-  state.InertiaSet = true;
+  program.state.InertiaSet = true;
   std::string boxes;
   QTimer closer;
   closer.callOnTimeout([&boxes] {

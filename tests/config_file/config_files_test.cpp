@@ -50,7 +50,7 @@ TEST_F(ConfigFilesTest, SaveAsksOnceForAName) {
   using Whole = std::int64_t;
   scene.table.Add({"KM50", "KM50x", 1.5, 2.5, Whole{3}, 4.5, Whole{2}, Whole{7}, Whole{8}, Whole{9},
                    Whole{10}, 11.5, 12.5, 13.5});
-  scene.table.Seek("KM50x");
+  scene.program.motorTable.Seek("KM50x");
   // What changes while the dialog stands open is saved too.
   scene.desktop.Expect(ExpectedFile{Save, kName, [&] { scene.settings.Speed = 12; }});
   main.MenuSave.Click();
@@ -80,19 +80,19 @@ TEST_F(ConfigFilesTest, AFailedSaveKeepsTheOldFileAndTheChanges) {
       {"Overflow",
        [&](bool on) { scene.settings.Speed = on ? std::numeric_limits<double>::infinity() : 10; }},
       {"No current record.", [&](bool on) {
-         scene.table.MoveFirst();
-         while (on && !scene.table.EndOfTable()) scene.table.MoveNext();
+         scene.program.motorTable.MoveFirst();
+         if (on) scene.program.motorTable.PartNumbers();
        }}};
   for (const auto& [words, harm] : harms) {
     state.Modified = true;
     harm(true);
     for (const bool saveAs : {true, false}) {
       state.FileName = saveAs ? "" : kName;
-      main.SetCaption("as it was");
+      state.TitleName = "as it was";
       if (saveAs) scene.desktop.Expect(ExpectedFile{Save, kName});
       scene.desktop.Expect(ExpectedBox{"Error saving file: " + std::string(words)});
       main.MenuSave.Click();
-      EXPECT_EQ(main.Caption(), saveAs ? kTitle + std::string(kName) : "as it was") << words;
+      EXPECT_EQ(main.Caption(), kTitle + std::string(saveAs ? kName : "as it was")) << words;
       EXPECT_EQ(state.FileName, saveAs ? "" : kName);
       EXPECT_TRUE(state.Modified);
       EXPECT_EQ(files[kName], old);
@@ -106,7 +106,7 @@ TEST_F(ConfigFilesTest, OpenBringsTheWholeRecordBack) {
   scene.settings.MaxVoltsPct = 94.5;
   main.ModelList.Select(5);
   main.CommList.Select(0);
-  scene.table.Seek("KM34-3S-670");
+  scene.program.motorTable.Seek("KM34-3S-670");
   files[kName] = SavedText();
   const Settings saved = scene.settings;
   InitVars(scene.settings);
@@ -154,7 +154,7 @@ TEST_F(ConfigFilesTest, AFileThatCannotBeReadToItsEndIsOpenedAllTheSame) {
     Replace(part, by);
     InitVars(scene.settings);
     state.InertiaSet = false;
-    ShowModeName(main, scene.settings);
+    ShowModeName(state, scene.settings);
     Open("Error: couldn't read file.  " + std::string(words) + ".");
     ExpectOpened();
     EXPECT_EQ(scene.settings.Speed, speed) << words;
@@ -192,8 +192,8 @@ TEST_F(ConfigFilesTest, AnUnknownMotorJoinsTheTable) {
     Open();
     EXPECT_EQ(scene.table.RowCount(), 4U);
     EXPECT_EQ(scene.program.MotorSetup.MotorList.Text(), "KM99");
-    EXPECT_EQ(scene.program.motorTable.Number("current"), 2.5);
-    EXPECT_TRUE(scene.program.motorTable.IsEmpty("R"));
+    EXPECT_EQ(scene.program.motorTable.Row().Current, 2.5);
+    EXPECT_FALSE(scene.program.motorTable.Row().R);
   }
   EXPECT_NE(SavedText().find("\r\n 0             0 \r\n 25 "), std::string::npos);  // R and L
 }

@@ -11,6 +11,7 @@ class MainFormTest : public testing::Test {
  protected:
   void TearDown() override { scene.desktop.CheckNothingLeft(); }
   Scene scene;
+  DriveState& state = scene.state;
   MainForm& main = scene.main;
 };
 

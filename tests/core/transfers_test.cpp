@@ -118,7 +118,7 @@ TEST_F(TransfersTest, SecondClickInsideATransferEndsCalmly) {
       for (ImageButton MainScreen::*second : {&MainScreen::Download, &MainScreen::Upload}) {
         Scene other;
         other.Start();
-        other.main.InertiaSet = true;
+        other.state.InertiaSet = true;
         other.desktop.CallAfter(when, [&other, second] { (other.main.*second).Click(); });
         other.desktop.AnswerAnything();
         (other.main.*first).Click();
@@ -137,8 +137,7 @@ TEST_F(TransfersTest, ClosedWindowAndValueThatDoesNotFitEndTheTransferAtOnce) {
   state.CommandActive = false;
   scene.desktop.CallAfter(0.05, [&] { main.RequestClose(); });
   EXPECT_THROW(main.Download.Click(), ProgramEnded);
-  scene.comm.SetRThreshold(1);
-  main.ProgBar.SetFloodPercent(0);
+  state.Progress = 0;
   state.CommandActive = false;
 }
 

@@ -16,17 +16,19 @@ using namespace std::string_literals;
 /// The dialog on a line whose far end follows a script.
 struct OffsetBench {
   HeadlessDesktop desktop;
-  MainScreen screen{desktop};
+  Form main{desktop, "MainForm"};
   ScriptedComm comm{desktop};
-  ReceivePath receive{screen, comm};
+  DriveState state;
+  DriveLine line{state, comm, desktop};
+  ReceivePath receive{line};
   Settings settings;
-  VelocityDialog velocity{screen, settings};
-  AdvancedSettings dialog{screen, settings, velocity, comm};
+  VelocityDialog velocity{{main, state, settings}};
+  AdvancedSettings dialog{{main, state, settings}, velocity, line};
 
   OffsetBench() {
     InitVars(settings);
-    screen.DspRev = 1.52F;
-    screen.MinorRev = "k";
+    state.DspRev = 1.52F;
+    state.MinorRev = "k";
     comm.SetPortOpen(true);
     comm.SetRThreshold(1);
     velocity.Open();
@@ -42,8 +44,8 @@ struct OffsetBench {
     EXPECT_EQ(desktop.Boxes().back().text.starts_with("The drive is not responding.  Is it"), !measured)
         << what;
     EXPECT_EQ(dialog.txtCmdOffset.Text(), offset) << what;
-    EXPECT_EQ(screen.Modified, measured) << what;
-    EXPECT_TRUE(comm.RThreshold() == 1 && !screen.CommandActive) << what;
+    EXPECT_EQ(state.Modified, measured) << what;
+    EXPECT_TRUE(comm.RThreshold() == 1 && !state.CommandActive) << what;
     EXPECT_EQ(comm.TakeWritten(), what == "port closed" ? "" : "O4071") << what;
     Delay(desktop, 2.0);
   }
@@ -67,7 +69,7 @@ TEST(AutoOffset, ReplyWithinHalfASecondIsTheOffset) {
     OffsetBench bench;
     bench.comm.Feed("xx");  // left over from before
     bench.comm.Reply("O4071", reply, after);
-    const auto probe = [&bench] { EXPECT_TRUE(bench.screen.CommandActive && bench.comm.RThreshold() == 0); };
+    const auto probe = [&bench] { EXPECT_TRUE(bench.state.CommandActive && bench.comm.RThreshold() == 0); };
     bench.desktop.CallAfter(0.005, probe);
     bench.Measure(offset, reply);
   }
@@ -94,7 +96,7 @@ TEST(AutoOffset, WhatComesInBetweenLeavesTheLineInOrder) {
   OffsetBench bench;
   bench.desktop.Expect({.textPart = "Make sure", .answer = BoxAnswer::Cancel});
   bench.dialog.AutoOffset.Click();
-  EXPECT_TRUE(bench.comm.TakeWritten().empty() && !bench.screen.Modified);
+  EXPECT_TRUE(bench.comm.TakeWritten().empty() && !bench.state.Modified);
 }
 
 TEST(AutoOffset, MeasuredOffsetIsCleanedOnlyWhenTheFieldIsLeft) {
@@ -106,7 +108,7 @@ TEST(AutoOffset, MeasuredOffsetIsCleanedOnlyWhenTheFieldIsLeft) {
     bench.dialog.OK.Click();
     EXPECT_EQ(bench.velocity.PendingOffset, left ? -10000 : -16384);
     bench.velocity.Cancel.Click();
-    EXPECT_TRUE(bench.screen.Modified && bench.settings.CmdOffset == 0);
+    EXPECT_TRUE(bench.state.Modified && bench.settings.CmdOffset == 0);
   }
 }
 

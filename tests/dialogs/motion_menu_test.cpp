@@ -31,7 +31,7 @@ TEST_F(MotionMenuTest, OffersWhatTheModelCanDoAndPutsTheFocusOnThePresentMode) {
       main.Motion.Click();
       menu.Cancel.Focus();
       scene.desktop.BroughtToFront(main);  // the menu stands open behind it
-      main.ModelList.SetListIndex(model);
+      state.ModelIndex = model;
       settings.OpMode = op;
       settings.ControlMode = control;
       main.Motion.Click();

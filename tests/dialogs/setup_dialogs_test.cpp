@@ -142,15 +142,15 @@ TEST_F(SetupDialogsTest, WhatIsOfferedFollowsTheChoices) {
       {vtl, "ListCM=0", "FramePulseType FrameSPR FrameStepFilter FrameNoiseFilter ", "", &Control::Visible},
       {regen, "optExtRes", "RegenWatts RegenOhms RegenSecs RegenExt ",
        "lblRegenWatts lblRegenOhms lblRegenSecs RegenInt ", &Control::Visible}};
-  for (const auto& [dialog, choice, with, without, state] : cases) {
+  for (const auto& [dialog, choice, with, without, shown] : cases) {
     dialog.Open();
     const std::string all = std::string(with) + without;
-    EXPECT_EQ(Which(dialog, all, state), without);
+    EXPECT_EQ(Which(dialog, all, shown), without);
     Do(dialog, choice);
-    EXPECT_EQ(Which(dialog, all, state), with);
+    EXPECT_EQ(Which(dialog, all, shown), with);
     dialog.OK.Click();
     dialog.Open();
-    EXPECT_EQ(Which(dialog, all, state), with);
+    EXPECT_EQ(Which(dialog, all, shown), with);
     Do(dialog, "Cancel");
   }
   for (const int range : {2, 1, 3, 0}) {

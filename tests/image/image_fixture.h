@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "image/parameter_image.h"
-#include "platform/headless/headless_desktop.h"
+#include "motor/motor_table.h"
 #include "tests/support/catalogue.h"
 #include "tests/support/error_of.h"
 
@@ -35,7 +35,7 @@ class ImageTest : public testing::Test {
   }
   ParameterImage Written() {
     ParameterImage image{};
-    DownloadString(image, settings, row, calculations);
+    DownloadString(image, settings, MotorTable(table).Row());
     StoreChecksum(image);
     return image;
   }
@@ -48,12 +48,8 @@ class ImageTest : public testing::Test {
     return {image.begin() + position, image.begin() + position + width};
   }
 
-  HeadlessDesktop desktop;
-  MainScreen screen{desktop};
   MemoryTable table = CatalogueTable();
-  MotorTable row{table};
   Settings settings;
-  MotorCalculations calculations{settings, screen, row};
 };
 
 }  // namespace kavr6

@@ -2,10 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "core/drive_models.h"
-#include "core/main_screen.h"
 #include "link/comm_ports.h"
 #include "link/drive_identity.h"
 #include "link/receive_path.h"
+#include "platform/form.h"
 #include "platform/headless/headless_desktop.h"
 #include "tests/support/scripted_comm.h"
 
@@ -14,17 +14,17 @@ namespace {
 
 struct LinkScene {
   LinkScene() {
-    for (const DriveModel& model : kDriveModels) screen.ModelList.AddItem(std::string(model.name));
-    screen.ModelList.SetListIndex(1);
+    state.ModelIndex = 1;
     comm.SetPortOpen(true);
     comm.SetRThreshold(1);
     path.ServoError152 = [this](int word) { alarms.push_back(word); };
   }
 
   HeadlessDesktop desktop;
-  MainScreen screen{desktop};
   ScriptedComm comm{desktop};
-  ReceivePath path{screen, comm};
+  DriveState state;
+  DriveLine line{state, comm, desktop};
+  ReceivePath path{line};
   std::vector<int> alarms;
 };
 
@@ -51,10 +51,10 @@ void ExpectOutcome(const Stream& c, std::initializer_list<std::size_t> cuts) {
     from = to;
   }
   Delay(scene.desktop, 1.0);
-  EXPECT_EQ(scene.screen.GlobalBuffer, c.buffer);
+  EXPECT_EQ(scene.state.GlobalBuffer, c.buffer);
   EXPECT_EQ(scene.alarms, c.alarms);
   EXPECT_EQ(scene.path.Ring().RingCount(), c.waiting);
-  EXPECT_EQ(scene.screen.DriveVersion.Caption(), c.version);
+  EXPECT_EQ(scene.state.DriveVersion.Get(), c.version);
 }
 
 TEST(ReceivePathStreams, GiveTheSameWhereverTheyAreCutInThree) {
@@ -91,7 +91,7 @@ TEST(ReceivePathStreams, InOneReadAreHeldByAHeaderAndLoseWhatStandsBehindABadOne
 using ReceivePathTest = LinkTest;
 
 TEST_F(ReceivePathTest, MessagesDoWhatTheirHeaderSays) {
-  screen.AlarmPopupOff = true;
+  state.AlarmPopupOff = true;
   path.HandleMsg(0xFC, 1, 2);
   EXPECT_TRUE(alarms.empty());
   const std::tuple<std::uint8_t, std::uint8_t, const char*> boxes[] = {
@@ -102,9 +102,9 @@ TEST_F(ReceivePathTest, MessagesDoWhatTheirHeaderSays) {
     desktop.Expect({part});
     path.HandleMsg(header, kind, 0);
   }
-  screen.DriveVersion.SetCaption("1.52");
+  state.DriveVersion = "1.52";
   path.HandleMsg(0xFF, 10, 47);
-  EXPECT_EQ(screen.DriveVersion.Caption(), "") << "of an unknown model";
+  EXPECT_EQ(state.DriveVersion.Get(), "") << "of an unknown model";
   EXPECT_EQ(comm.TakeWritten(), "");
 }
 
@@ -114,11 +114,11 @@ TEST(PowerUpMessage, ShowsModelAndRevisionInTheOrderOfItsModel) {
       {41, {true, false}}, {45, {false, false}}, {46, {true, true}}};
   for (const auto& [model, early] : cases) {
     LinkScene scene;
-    scene.screen.ModelList.SetListIndex(-1);
+    scene.state.ModelIndex = -1;
     scene.comm.SetRThreshold(3);
     scene.comm.Feed(Bytes{0xFF, 52, model});
     const auto shown = [&scene, row = model - 41] {
-      return Shown(scene.screen.ModelList.ListIndex() == row, scene.screen.DriveVersion.Caption() == "1.52");
+      return Shown(scene.state.ModelIndex == row, scene.state.DriveVersion.Get() == "1.52");
     };
     scene.desktop.CallAfter(0.05, [&, expected = early] { EXPECT_EQ(shown(), expected); });
     Delay(scene.desktop, 0.2);
@@ -133,7 +133,7 @@ TEST_F(ReceivePathTest, MessagesAreDeliveredWhileABoxStandsOpen) {
   comm.Feed(Bytes{0xF0, 0, 0, 0x41, 0xFC});
   comm.Feed(Bytes{0x00, 0x05, 0x42}, 0.1);
   Delay(desktop, 0.4);  // the notification runs from here on, the box is open until 0.5
-  EXPECT_EQ(screen.GlobalBuffer, "AB");
+  EXPECT_EQ(state.GlobalBuffer, "AB");
   EXPECT_EQ(alarms, std::vector{5});
 }
 
@@ -142,12 +142,12 @@ TEST_F(ReceivePathTest, TransferOrToolThatBeginsDuringAPauseKeepsItsBytes) {
     comm.SetRThreshold(1);
     comm.Feed(Bytes{0xFF, 52, 41});
     desktop.CallAfter(0.05, [&] {
-      screen.LiveToolActive = tool;
+      state.LiveToolActive = tool;
       comm.SetRThreshold(tool ? 1 : 0);
       comm.Feed("late");
     });
     Delay(desktop, 0.5);
-    EXPECT_EQ(screen.GlobalBuffer, "");
+    EXPECT_EQ(state.GlobalBuffer, "");
     EXPECT_EQ(tool ? path.Ring().RingCount() : static_cast<int>(comm.Input().size()), 4);
   }
 }
@@ -155,18 +155,19 @@ TEST_F(ReceivePathTest, TransferOrToolThatBeginsDuringAPauseKeepsItsBytes) {
 class LiveToolTest : public LinkTest {
  protected:
   LiveToolTest() {
-    path.AddLiveTool("VTLterm", [this](char c) {
-      typed += c;
+    path.AddLiveTool("VTLterm", [this](std::uint8_t c) {
+      typed += static_cast<char>(c);
       if (c == 'a') comm.Feed("\xFC\x01\x02");
     });
-    screen.Show();
+    front.Show();
     tool.Show();
-    screen.LiveToolActive = true;
+    state.LiveToolActive = true;
   }
   void Arrives(std::string_view text) {
     comm.Feed(text);
     Delay(desktop, 0.0);
   }
+  Form front{desktop, "MainForm"};
   Form tool{desktop, "VTLterm"};
   std::string typed;
 };
@@ -178,7 +179,7 @@ TEST_F(LiveToolTest, InFrontGetsEveryByteInOrderAcrossNestedArrivals) {
 }
 
 TEST_F(LiveToolTest, BehindAnotherWindowItsBytesWaitAndABurstIsLost) {
-  desktop.BroughtToFront(screen);
+  desktop.BroughtToFront(front);
   Arrives(std::string(32, 'x') + "12345678");
   EXPECT_EQ(path.Ring().RingCount(), 8);
   desktop.BroughtToFront(tool);
@@ -190,7 +191,7 @@ TEST_F(LiveToolTest, BehindAnotherWindowItsBytesWaitAndABurstIsLost) {
 
 class DriveIdentityTest : public LinkTest {
  protected:
-  DriveIdentity identity{screen, comm};
+  DriveIdentity identity{line};
 };
 
 TEST_F(DriveIdentityTest, CheckDriveTakesWhatItsAnswersSay) {
@@ -198,23 +199,23 @@ TEST_F(DriveIdentityTest, CheckDriveTakesWhatItsAnswersSay) {
   using Text = std::string_view;
   const std::tuple<Text, Text, Text, int, Text, Text, double> cases[] = {
       {"4)", "006B", "4)", 0, "1.52 k", "k", 0.02},
-      {"\x02\x12", "0061", "", 1, "1.02 a", "a", 0.02},    // an unknown model
-      {"4.x", "", "4.", 5, "1.52", "c", 0.51},             // no letter: the old one is kept
-      {"4*x", "006", "4*", 1, "1.52 \x06", "\x06", 0.02},  // a byte too many counts for the letter
+      {"\x02\x12", "0061", "", 1, "1.02 a", "a", 0.02},  // an unknown model
+      {"4.x", "", "4.", 5, "1.52", "c", 0.51},           // no letter: the old one is kept
+      {"4*x", "006", "4*", 1, "1.52", "\x06", 0.02},     // a byte too many counts for the letter
       {"4)", "FFE9", "4)", 0, "1.52 \xC3\xA9", "\xC3\xA9", 0.02}};
   for (const auto& [answer, letter, result, model, version, minorRev, seconds] : cases) {
-    screen.ModelList.SetListIndex(1);
-    screen.MinorRev = "c";
-    screen.GlobalBuffer = "left over";
+    state.ModelIndex = 1;
+    state.MinorRev = "c";
+    state.GlobalBuffer = "left over";
     comm.Reply("C", answer);
     comm.Reply("y\x8E", letter);
     const double start = desktop.Now();
     EXPECT_EQ(identity.CheckDrive(), result);
     EXPECT_NEAR(desktop.Now() - start, seconds, 1e-9);
-    EXPECT_EQ(screen.ModelList.ListIndex(), model);
-    EXPECT_EQ(screen.DriveVersion.Caption(), version);
-    EXPECT_EQ(screen.MinorRev, minorRev);
-    EXPECT_EQ(screen.GlobalBuffer, "");
+    EXPECT_EQ(state.ModelIndex.Get(), model);
+    EXPECT_EQ(state.DriveVersion.Get(), version);
+    EXPECT_EQ(state.MinorRev, minorRev);
+    EXPECT_EQ(state.GlobalBuffer, "");
   }
 }
 
@@ -223,7 +224,7 @@ TEST_F(DriveIdentityTest, FirstLookKnowsEarlierFamiliesOnlyAndWaitsASecond) {
     comm.Reply("C", "4" + std::string(1, static_cast<char>(code)));
     const bool earlier = code == 9 || code == 18 || (code >= 30 && code <= 40) || code == 109 || code == 118;
     EXPECT_EQ(identity.DriveStillThere(), earlier) << code;
-    EXPECT_EQ(screen.DriveModelCode.Get(), code);
+    EXPECT_EQ(state.DriveModelCode.Get(), code);
   }
   comm.Reply("C", "");
   const double start = desktop.Now();
@@ -241,28 +242,25 @@ TEST_F(DriveIdentityTest, StatusWordIsSignedAndMinusOneWithoutAnswer) {
     EXPECT_EQ(identity.GetServoStatus(), status) << answer;
     EXPECT_NEAR(desktop.Now() - start, seconds, 1e-9) << answer;
   }
-  EXPECT_EQ(screen.GlobalBuffer, "") << "what stands behind an answer is dropped";
+  EXPECT_EQ(state.GlobalBuffer, "") << "what stands behind an answer is dropped";
   comm.Unplug();
   EXPECT_EQ(identity.GetServoStatus(), 0);
 }
 
 class CommPortsTest : public testing::Test {
  protected:
-  CommPortsTest() {
-    screen.CommNumber = 1;
-    ports.LoadCommList();
-  }
+  CommPortsTest() { state.CommNumber = 1; }
   void TearDown() override { EXPECT_NO_THROW(desktop.CheckNothingLeft()); }
   void ExpectState(int startPort, int commNumber, bool open, const std::vector<int>& opened) {
-    EXPECT_EQ(std::tuple(screen.StartPort, screen.CommNumber.Get(), screen.CommList.ListIndex()),
+    EXPECT_EQ(std::tuple(state.StartPort, state.CommNumber.Get(), state.CommIndex.Get()),
               std::tuple(startPort, commNumber, commNumber - 1));
     EXPECT_EQ(NoCommPort(comm), !open);
     EXPECT_EQ(comm.Opened(), opened);
   }
   HeadlessDesktop desktop;
-  MainScreen screen{desktop};
   ScriptedComm comm{desktop};
-  CommPorts ports{screen, comm};
+  DriveState state;
+  CommPorts ports{{state, comm, desktop}};
 };
 
 TEST_F(CommPortsTest, StartBehindBusyPortsOpensTheFreeOneTwiceAndGreetsIt) {

@@ -54,7 +54,7 @@ TEST_F(MotorDialogTest, RunningCurrentIsHeldByMotorModelAndRange) {
       {0, 0, Set, "20", "0.20|20|"}};
   Open();
   for (const auto& [model, motor, way, value, shown] : cases) {
-    main.ModelList.SetListIndex(model);
+    state.ModelIndex = model;
     dialog.MotorList.Select(motor);
     if (way == Typed) dialog.txtDriveCurrent.Type(value);
     if (way == Scrolled) dialog.SliderMaxCurrent.Scroll(std::stoi(value));

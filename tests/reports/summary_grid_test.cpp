@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "core/program/main_screen.h"
 #include "platform/headless/headless_desktop.h"
 #include "tests/support/catalogue.h"
 
@@ -14,7 +15,7 @@ class SummaryGridTest : public testing::Test {
  protected:
   SummaryGridTest() {
     InitVars(settings);
-    ShowModeName(screen, settings);
+    ShowModeName(state, settings);
     motors.Open("");
     motors.MoveFirst();
     report.SummaryInit();
@@ -23,10 +24,16 @@ class SummaryGridTest : public testing::Test {
 
   HeadlessDesktop desktop;
   MainScreen screen{desktop};
+  DriveState state;
   Settings settings;
   MemoryTable table = CatalogueTable();
   MotorTable motors{table};
-  SummaryGrid report{screen, settings, motors};
+  Summarizer report{{screen.Summary,
+                     {screen.MotorLine1, screen.MotorLine2, screen.MotionLine, screen.RegenLine1,
+                      screen.RegenLine2, screen.IOLine, screen.EncoderLine},
+                     state,
+                     settings,
+                     motors}};
 };
 
 TEST_F(SummaryGridTest, StartValuesFillAllSectionsAndTurnTheirLinesGreen) {
@@ -96,11 +103,13 @@ TEST_F(SummaryGridTest, StallTextFollowsTheModeAndOtherMotorsAndResistorsAreName
   settings.StallDetect = settings.CustomMotor = settings.RegenExternal = true;
   settings.MotorName = "my motor";
   settings.RegenOhms = 12.5;
+  settings.RunCurrent = static_cast<double>(3.2F);
   report.SummarizeAll();
   EXPECT_EQ(Row(22), Pair("Fault drive if motor stalls", "Fault drive if motor stalls"));
   EXPECT_EQ(Row(0).first, "Motor: my motor");
   EXPECT_EQ(Row(8).first, "Regen resistor (external)");
   EXPECT_EQ(Row(9).first, "12.5");
+  EXPECT_EQ(Row(1), Pair("3.2", "A/phase")) << "a limit is a single";
 }
 
 }  // namespace
