@@ -1,19 +1,14 @@
 // The lines of a configuration file and their values: the one description that reader and writer share.
 #pragma once
 
-#include <string>
-#include <variant>
 #include <vector>
 
-#include "core/settings.h"
+#include "core/settings_fields.h"
 
 namespace kavr6 {
 
-using CnfField = std::variant<double Settings::*, float Settings::*, Long Settings::*, Integer Settings::*,
-                              bool Settings::*, std::string Settings::*>;
-
 struct CnfLine {
-  std::vector<CnfField> fields;
+  std::vector<SettingsField> fields;
   Integer since = 0;                      ///< first build whose files have it; from version 0.1 on all have
   void (*mend)(Settings&) = nullptr;      ///< done when the line has been read
   void (*ifAbsent)(Settings&) = nullptr;  ///< done where a file is too old to have it

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <type_traits>
+#include <utility>
 
 #include "core/numbers.h"
 #include "platform/runtime_error.h"
@@ -22,11 +23,38 @@ constexpr int kPastEnd = 62;
 
 bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
-std::string QuotedText(std::string text) {
-  std::replace(text.begin(), text.end(), '"', '\'');
-  std::replace_if(
-      text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-  return '"' + text + '"';
+constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kEndOfValue = " \t,";
+constexpr std::string_view kLoneQuote = "\"\"\"";
+
+std::string QuotedText(std::string_view text) {
+  std::string quoted = "\"";
+  for (const char c : text) {
+    if (c == '"') quoted += c;
+    quoted += c == '\r' || c == '\n' ? ' ' : c;
+  }
+  return quoted + '"';
+}
+
+/// Place of the quote that closes the text which the line begins with: the first behind the opening one that
+/// is not doubled.
+std::size_t ClosingQuote(std::string_view line) {
+  std::size_t at = line.find('"', 1);
+  while (at != std::string_view::npos && line.substr(at + 1).starts_with('"')) at = line.find('"', at + 2);
+  return at;
+}
+
+std::string WithQuotesSingle(std::string_view text) {
+  std::string single;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    single += text[at];
+    if (text[at] == '"') ++at;
+  }
+  return single;
+}
+
+bool EndsBefore(std::string_view rest) {
+  return rest.empty() || kEndOfValue.find(rest[0]) != std::string_view::npos;
 }
 
 /// Length of the UTF-8 character that the text begins with, 0 when it is none.
@@ -133,15 +161,16 @@ CnfReader::CnfReader(std::string_view content) : file_(content) {
   if (file_.starts_with(kByteOrderMark)) file_.remove_prefix(kByteOrderMark.size());
 }
 
+std::string_view CnfReader::FirstLine() {
+  if (file_.empty()) throw RuntimeError(kPastEnd, "The file is empty");
+  NextLine();
+  return std::exchange(rest_, {});
+}
+
 void CnfReader::NextLine() {
-  if (file_.empty())
-    throw RuntimeError(kPastEnd, line_ == 0 ? std::string("The file is empty")
-                                            : "The file ends after line " + std::to_string(line_));
-  const std::size_t end = file_.find_first_of("\r\n");
-  rest_ = file_.substr(0, end);
-  fileEnds_ = end == std::string_view::npos;
+  rest_ = file_.substr(0, file_.find_first_of("\r\n"));
   file_.remove_prefix(rest_.size());
-  if (!fileEnds_) file_.remove_prefix(file_.starts_with("\r\n") ? 2 : 1);
+  file_.remove_prefix(file_.starts_with("\r\n") ? 2 : std::min<std::size_t>(file_.size(), 1));
   ++line_;
   value_ = 0;
 }
@@ -151,37 +180,53 @@ void CnfReader::Fail(int number, const std::string& cause) const {
                      "Line " + std::to_string(line_) + ", value " + std::to_string(value_) + ": " + cause);
 }
 
-void CnfReader::BeginValue() {
-  ++value_;
-  rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t"), rest_.size()));
-  if (rest_.empty() && fileEnds_) Fail(kPastEnd, "the file ends here");
-  if (rest_.empty() || rest_[0] == ',') Fail(kTypeMismatch, "the value is missing");
+void CnfReader::SkipBlanks() {
+  rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
 }
 
-/// Takes a value off the line, with its quotes and what separates it from the next one.
-std::string_view CnfReader::EndValue(std::size_t length, std::size_t quotes) {
-  const std::string_view value = rest_.substr(quotes, length);
-  rest_.remove_prefix(length + 2 * quotes);
-  rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t"), rest_.size()));
+void CnfReader::BeginValue() {
+  SkipBlanks();
+  while (rest_.empty() && !file_.empty()) {
+    NextLine();
+    SkipBlanks();
+  }
+  ++value_;
+  if (rest_.empty() && !inStatement_)
+    throw RuntimeError(kPastEnd, "The file ends after line " + std::to_string(line_));
+  if (rest_.empty()) Fail(kPastEnd, "the file ends here");
+  if (rest_[0] == ',') Fail(kTypeMismatch, "the value is missing");
+  inStatement_ = true;
+}
+
+/// Takes a value off the line, with what separates it from the next one.
+std::string_view CnfReader::EndValue(std::size_t length) {
+  const std::string_view value = rest_.substr(0, length);
+  rest_.remove_prefix(value.size());
+  SkipBlanks();
   if (rest_.starts_with(',')) rest_.remove_prefix(1);
   return value;
 }
 
-std::string_view CnfReader::Plain() {
-  return EndValue(std::min(rest_.find_first_of(" \t,"), rest_.size()), 0);
+std::string_view CnfReader::Plain() { return EndValue(rest_.find_first_of(kEndOfValue)); }
+
+std::string CnfReader::Quoted() {
+  const std::size_t close = ClosingQuote(rest_);
+  const bool closed = close != std::string_view::npos;
+  if (closed && EndsBefore(rest_.substr(close + 1)))
+    return WithQuotesSingle(EndValue(close + 1).substr(1, close - 1));
+  // So programs that did not double quotes wrote a text of one.
+  if (rest_.starts_with(kLoneQuote) && EndsBefore(rest_.substr(kLoneQuote.size())))
+    return WithQuotesSingle(EndValue(kLoneQuote.size()).substr(1, 1));
+  Fail(kTypeMismatch,
+       closed ? "a comma is expected behind the closing quote" : "the closing quote is missing");
 }
 
-std::string_view CnfReader::Quoted() {
-  const std::size_t close = rest_.find('"', 1);
-  if (close == std::string_view::npos) Fail(kTypeMismatch, "the closing quote is missing");
-  if (rest_.find_first_of(" \t,", close) != close + 1 && close + 1 != rest_.size())
-    Fail(kTypeMismatch, "a comma is expected behind the closing quote");
-  return EndValue(close - 1, 1);
-}
-
-std::string_view CnfReader::Bare() {
+void CnfReader::Discard() {
   BeginValue();
-  return rest_[0] == '"' ? Quoted() : Plain();
+  if (rest_[0] == '"')
+    Quoted();
+  else
+    EndValue(rest_.find(','));
 }
 
 template <class T>

@@ -15,8 +15,8 @@ bool HasLine(const VersionTriple& version, Integer since) {
 }
 
 void ReadLine(CnfReader& reader, const CnfLine& line, Settings& record) {
-  if (!line.continues) reader.NextLine();
-  for (const CnfField& field : line.fields)
+  if (!line.continues) reader.NextStatement();
+  for (const SettingsField& field : line.fields)
     std::visit([&](auto member) { reader.Value(record.*member); }, field);
   if (line.mend != nullptr) line.mend(record);
 }
@@ -34,38 +34,38 @@ void ReadLines(CnfReader& reader, const std::vector<CnfLine>& lines, const Versi
 
 void WriteLine(CnfWriter& writer, const CnfLine& line, const Settings& record, bool printForm) {
   if (!line.continues) writer.NextLine();
-  for (const CnfField& field : line.fields)
+  for (const SettingsField& field : line.fields)
     std::visit([&](auto member) { writer.Value(record.*member, printForm); }, field);
 }
 
-template <class Statement>
-auto OnLine(const CnfReader& reader, Statement statement) {
+template <class Action>
+auto OnLine(int line, Action action) {
   try {
-    return statement();
+    return action();
   } catch (const RuntimeError& error) {
-    throw RuntimeError(error.Number(), "Line " + std::to_string(reader.Line()) + ": " + error.what());
+    throw RuntimeError(error.Number(), "Line " + std::to_string(line) + ": " + error.what());
   }
 }
 
 VersionTriple ReadVersion(CnfReader& reader) {
-  reader.NextLine();
-  const std::string_view text = reader.Bare();
-  return OnLine(reader, [&] { return ParseVersion(text); });
+  const std::string_view text = reader.FirstLine();
+  return OnLine(reader.Line(), [&] { return ParseVersion(text); });
 }
 
 void ReadModel(CnfReader& reader, const FileReadActions& actions) {
-  reader.NextLine();
+  reader.NextStatement();
   Integer row = 0;
   reader.Value(row);
-  reader.Bare();
-  OnLine(reader, [&] { actions.SelectModel(row); });
+  const int line = reader.Line();
+  reader.Discard();
+  OnLine(line, [&] { actions.SelectModel(row); });
 }
 
 void ReadPort(CnfReader& reader, const FileReadActions& actions) {
-  reader.NextLine();
+  reader.NextStatement();
   Integer row = 0;
   reader.Value(row);
-  OnLine(reader, [&] { actions.SelectPort(row); });
+  OnLine(reader.Line(), [&] { actions.SelectPort(row); });
 }
 
 }  // namespace

@@ -145,7 +145,7 @@ TEST_F(ConfigFilesTest, AFileThatCannotBeReadToItsEndIsOpenedAllTheSame) {
   const std::string good = files[kName];
   using Row = std::tuple<const char*, const char*, const char*, double, Long>;
   const Row cases[] = {
-      {"0,1,1,21", "0,1,1", "Line 25, value 5: the value is missing", 31, 2},
+      {"0,1,1,21", "0,1,1", "Line 25, value 5: the file ends here", 31, 2},
       {"\r\n0\r\n3,3,1", "\r\n8\r\n3,3,1", "Line 20: there is no serial port with the index 8", 31, 2},
       {"1,\"; drive", "-2,\"; drive", "Line 2: there is no drive model with the index -2", 10, 3}};
   for (const auto& [part, by, words, speed, opMode] : cases) {

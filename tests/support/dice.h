@@ -23,7 +23,7 @@ struct Dice {
   void Throw(Integer& value) { value = static_cast<Integer>(random()); }
   void Throw(bool& value) { value = Roll(0, 1) != 0; }
   void Throw(std::string& value) {
-    static const std::string kParts[] = {",",     " ",      "'",      "#",          "\t",
+    static const std::string kParts[] = {",",     " ",      "\"",     "#",          "\t",
                                          "Motor", "\u00FC", "\u20AC", "\U0001F600", {'\0'}};
     value.clear();
     for (int n = Roll(0, 9) == 0 ? 400 : Roll(0, 9); n > 0; --n) value += kParts[Roll(0, 9)];
@@ -34,7 +34,7 @@ struct Dice {
     for (const CnfBlock& block : CnfLayout())
       if (block.of == CnfBlock::Of::Settings)
         for (const CnfLine& line : block.lines)
-          for (const CnfField& field : line.fields) std::visit(work, field);
+          for (const SettingsField& field : line.fields) std::visit(work, field);
   }
   Settings Record() {
     Settings record;
