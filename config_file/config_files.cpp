@@ -131,6 +131,7 @@ void ConfigFiles::MenuOpen() {
     if (cause.ends_with('.')) cause.pop_back();
     p_.desk.Ask({.text = "Error: couldn't read file.  " + cause + "."});
   }
+  if (SettingsReplaced) SettingsReplaced();
   p_.state.Modified = false;
   p_.state.InertiaSet = true;
   p_.state.TitleName = name;

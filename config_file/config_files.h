@@ -40,6 +40,8 @@ class ConfigFiles {
   std::function<void(int row)> SelectPort;
   std::function<void(const MotorRecord&)> AddMotorIfMissing;
   std::function<void()> SummarizeAll;
+  /// Called when all settings, or some of them, come from elsewhere now.
+  std::function<void()> SettingsReplaced;
 
   /// Asks before changes are thrown away, then for the file, and reads it. A file that cannot be read to its
   /// end is told in a box and counts as opened all the same.

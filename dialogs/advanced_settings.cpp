@@ -4,6 +4,7 @@
 #include "dialogs/numeric_entry.h"
 #include "image/byte_codec.h"
 #include "link/drive_identity.h"
+#include "link/wire.h"
 
 namespace kavr6 {
 namespace {
@@ -60,13 +61,12 @@ void AdvancedSettings::MeasureOffset() {
   }
 }
 
-std::string OffsetCommand(float revision, const std::string& letter) {
-  constexpr const char* kPlain = "O";
+std::string_view OffsetCommand(float revision, const std::string& letter) {
   const std::string code = CharacterCodes(letter);
-  if (code.size() != 1) return kPlain;
+  if (code.size() != 1) return kMeasureOffset;
   const bool from100k = static_cast<unsigned char>(code[0]) >= 'k' || revision != 1.00F;
   const bool not101A = letter != "A" || revision != 1.01F;
-  return from100k && not101A ? "O4071" : kPlain;
+  return from100k && not101A ? kMeasureOffsetGuarded : kMeasureOffset;
 }
 
 }  // namespace kavr6

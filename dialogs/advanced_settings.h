@@ -1,6 +1,9 @@
 // The advanced analog dialog.
 #pragma once
 
+#include <string>
+#include <string_view>
+
 #include "dialogs/setup_dialog.h"
 #include "dialogs/velocity_dialog.h"
 #include "link/drive_line.h"
@@ -33,6 +36,6 @@ class AdvancedSettings : public SetupDialog {
 };
 
 /// The command that asks for the analog offset: later firmware wants a guard code with it.
-std::string OffsetCommand(float revision, const std::string& letter);
+std::string_view OffsetCommand(float revision, const std::string& letter);
 
 }  // namespace kavr6

@@ -120,7 +120,12 @@ void TextFollows(TextBox& box, const Slider& slider) {
   box.SetText(EntryText(static_cast<double>(slider.Value()) / std::max(limits.sliderFactor, 1), limits.form));
 }
 
-double EntryNumber(const TextBox& box) { return StrictNumber(box.Text()); }
+double EntryNumber(const TextBox& box) {
+  std::string text = box.Text();
+  const std::string sign = box.Owner().Desk().DecimalSign();
+  if (const auto place = text.find(sign); place != std::string::npos) text.replace(place, sign.size(), ".");
+  return StrictNumber(text);
+}
 Long EntryLong(const TextBox& box) { return ToLong(EntryNumber(box)); }
 
 }  // namespace kavr6

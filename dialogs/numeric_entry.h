@@ -48,7 +48,8 @@ void TextFollows(TextBox& box, const Slider& slider);
 /// Moves the slider to the step nearest to `value`, half to even, within its range.
 void MoveSlider(Slider& slider, double value);
 
-/// What OK takes from a box: StrictNumber of its text, and that as an integer.
+/// What OK takes from a box: StrictNumber of its text, and that as an integer. The decimal sign of the system
+/// is taken for a point; the cleaning above takes the point alone.
 double EntryNumber(const TextBox& box);
 Long EntryLong(const TextBox& box);
 

@@ -28,6 +28,12 @@ void SetupDialog::Open() {
   Opened();
 }
 
+void SetupDialog::Refill() {
+  filledFrom_ = settings_;
+  Fill();
+  Refilled();
+}
+
 void SetupDialog::Finish() {
   state_.Modified = true;
   Hide();

@@ -42,11 +42,15 @@ class SetupDialog : public Form {
   /// Shows the settings in the controls and opens the dialog. One that stands open already only comes to the
   /// front, so that what has been typed there stays, unless the settings have changed since it was filled.
   void Open();
+  /// The settings have been replaced while the dialog stands open: it shows them anew.
+  void Refill();
 
  protected:
   void Load() override;
   /// Copies the settings into the controls.
   virtual void Fill() = 0;
+  /// Done when an open dialog has been filled anew.
+  virtual void Refilled() {}
   /// Done when the dialog has been filled and shown, such as taking the focus.
   virtual void Opened() {}
   /// What OK does.

@@ -3,12 +3,11 @@
 #include <algorithm>
 
 #include "core/numbers.h"
+#include "link/wire.h"
 
 namespace kavr6 {
 namespace {
 
-constexpr Byte kAcknowledge = 6;
-constexpr Byte kRefusal = 21;
 constexpr double kDownloadAnswerLimit = 1.0;
 constexpr double kDownloadAnswerPause = 0.1;
 constexpr double kUploadLimit = 0.5;
@@ -49,7 +48,7 @@ bool Transfers::InertiaConfirmed() {
 
 TransferEnd Transfers::DoDownload() {
   if (!p_.line.comm.PortOpen()) return TransferEnd::NoPort;
-  p_.line.comm.Output("S");
+  p_.line.comm.Output(kBeforeTransfer);
   TransferEnd end = CheckDriveAndLimits();
   if (end == TransferEnd::Done) {
     end = DataDownload();
@@ -91,7 +90,7 @@ TransferEnd Transfers::DataDownload() {
   // The answer is one byte: it must not reach the receive path.
   LineHold hold(p_.line, 3);
   ShowProgress(0);
-  p_.line.comm.Output("d");
+  p_.line.comm.Output(kDownload);
   ParameterImage image{};
   DownloadString(image, p_.settings, p_.motorTable.Row());
   StoreChecksum(image);
@@ -141,7 +140,7 @@ TransferEnd Transfers::UploadClick() {
     Ask({.text = "Cannot upload from drive: there is no comm port open.", .icon = BoxIcon::Information});
     return TransferEnd::NoPort;
   }
-  p_.line.comm.Output("S");
+  p_.line.comm.Output(kBeforeTransfer);
   if (p_.identity.SilentCheckDrive().empty()) return TransferEnd::NoDrive;
   if (p_.identity.CheckDrive().size() < 2) return TransferEnd::NoDrive;
   const TransferEnd end = DataUpload();
@@ -154,7 +153,7 @@ TransferEnd Transfers::DataUpload() {
   PauseBeforeCommand(p_.line);
   LineHold hold(p_.line, 0);
   ShowProgress(0);
-  p_.line.comm.Output("u");
+  p_.line.comm.Output(kUpload);
   int count = 0;
   const bool inTime = hold.Await(static_cast<int>(kImageSize), kUploadLimit, [&] {
     count = p_.line.comm.InBufferCount();
@@ -183,6 +182,7 @@ TransferEnd Transfers::TakeUpload(const Bytes& buffer) {
   }
   ExtractUploadData(buffer);
   if (SummarizeAll) SummarizeAll();
+  if (SettingsReplaced) SettingsReplaced();
   State().Modified = false;
   return TransferEnd::Done;
 }

@@ -49,6 +49,8 @@ class Transfers {
   std::function<void(const MotorRecord&)> AddMotorIfMissing;
   /// Shows all settings anew.
   std::function<void()> SummarizeAll;
+  /// Called when all settings, or some of them, come from elsewhere now.
+  std::function<void()> SettingsReplaced;
 
   /// The user's two entry points.
   TransferEnd DownloadClick();

@@ -4,6 +4,8 @@
 #include <functional>
 #include <optional>
 
+#include "link/wire.h"
+
 namespace kavr6 {
 namespace {
 
@@ -78,7 +80,7 @@ void CommPorts::ChangePort(int port) {
     if (line_.comm.PortOpen()) line_.comm.SetPortOpen(false);
   });
   const bool opened = OpenPort(port);
-  line_.comm.Output("0");
+  line_.comm.Output(kPortChanged);
   if (closed && opened) return;
   line_.desk.Ask({.text = "COM port " + std::to_string(state_.CommNumber) + " is not available.",
                   .icon = BoxIcon::Exclamation,

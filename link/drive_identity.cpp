@@ -7,6 +7,7 @@
 
 #include "core/drive_models.h"
 #include "core/numbers.h"
+#include "link/wire.h"
 
 namespace kavr6 {
 namespace {
@@ -15,10 +16,6 @@ constexpr std::size_t kIdentitySize = 2;
 constexpr std::size_t kHexSize = 4;
 constexpr double kLongWait = 1.0;
 constexpr double kShortWait = 0.5;
-
-constexpr std::uint8_t kRead = 'y';
-constexpr std::uint8_t kStatusWord = 128;
-constexpr std::uint8_t kSubRevision = 142;
 
 /// The drives that the first look at the line knows. The six of this family are not among them: they are
 /// identified by the first transfer or by their power-up message.
@@ -33,6 +30,10 @@ unsigned HexValue(std::string_view text) {
   unsigned value = 0;
   std::from_chars(text.data(), text.data() + text.size(), value, 16);
   return value;
+}
+
+void AskWord(MSComm& comm, std::uint8_t which) {
+  Write2Bytes(comm, static_cast<std::uint8_t>(kReadWord.front()), which);
 }
 
 }  // namespace
@@ -51,7 +52,7 @@ std::string DriveIdentity::TakeIdentity() {
 
 bool DriveIdentity::DriveStillThere() {
   state_.CommandActive = true;
-  line_.comm.Output("C");
+  line_.comm.Output(kIdentify);
   bool known = false;
   if (AwaitReply(kIdentitySize, kLongWait)) {
     TakeIdentity();
@@ -67,7 +68,7 @@ std::string DriveIdentity::AskIdentity(const std::string& boxTitle) {
   state_.CommandActive = true;
   PauseBeforeCommand(line_);
   state_.GlobalBuffer.clear();
-  line_.comm.Output("C");
+  line_.comm.Output(kIdentify);
   const bool answered = AwaitReply(kIdentitySize, kShortWait);
   state_.CommandActive = false;
   if (answered) return TakeIdentity();
@@ -94,7 +95,7 @@ std::string DriveIdentity::SilentCheckDrive() {
 }
 
 std::string DriveIdentity::GetMinorRev() {
-  Write2Bytes(line_.comm, kRead, kSubRevision);
+  AskWord(line_.comm, kSubRevision);
   if (!AwaitReply(kHexSize, kShortWait)) {
     state_.GlobalBuffer.clear();
     return {};
@@ -109,7 +110,7 @@ Long DriveIdentity::GetServoStatus() {
   if (NoCommPort(line_.comm)) return 0;
   state_.CommandActive = true;
   state_.GlobalBuffer.clear();
-  Write2Bytes(line_.comm, kRead, kStatusWord);
+  AskWord(line_.comm, kStatusWord);
   Long status = -1;
   if (AwaitReply(kHexSize, kLongWait)) {
     status = static_cast<Integer>(HexValue(state_.GlobalBuffer.substr(0, kHexSize)));

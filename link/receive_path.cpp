@@ -5,25 +5,13 @@
 
 #include "core/drive_models.h"
 #include "core/numbers.h"
+#include "link/wire.h"
 
 namespace kavr6 {
 namespace {
 
 constexpr std::uint8_t kFirstHeader = 128;
 constexpr int kMessageSize = 3;
-
-enum Header : std::uint8_t {
-  kZuFirmware = 0xEF,
-  kDspReflash = 0xF0,
-  kRevision = 0xF1,
-  kStatus = 0xF3,
-  kIgnoredF4 = 0xF4,
-  kIgnoredF7 = 0xF7,
-  kIgnoredF8 = 0xF8,
-  kIgnoredF9 = 0xF9,
-  kAlarm = 0xFC,
-  kPowerUp = 0xFF,
-};
 
 /// Where a freshly started drive is given time.
 enum class Pause { BeforeModel, AfterModel, None };
@@ -127,35 +115,34 @@ void ReceivePath::ScanForPacket() {
 }
 
 void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b3) {
-  switch (header) {
-    case kAlarm:
+  switch (static_cast<MessageHeader>(header)) {
+    case MessageHeader::Alarm:
       if (!state_.AlarmPopupOff && ServoError152) ServoError152(b2 * 128 + b3);
-      break;
-    case kIgnoredF4:
-    case kIgnoredF7:
-    case kIgnoredF8:
-    case kIgnoredF9:
-      break;
-    case kStatus:
+      return;
+    case MessageHeader::IgnoredF4:
+    case MessageHeader::IgnoredF7:
+    case MessageHeader::IgnoredF8:
+    case MessageHeader::IgnoredF9:
+      return;
+    case MessageHeader::Status:
       if (b2 != 0) state_.DriveHasFault = true;
-      break;
-    case kRevision:
+      return;
+    case MessageHeader::Revision:
       state_.DspRev = RevisionOf(b2);
       state_.MinorRev = CharacterOf(b3);
       state_.DriveVersion = ShownRevision(state_.DspRev, state_.MinorRev);
-      break;
-    case kDspReflash:
+      return;
+    case MessageHeader::DspReflash:
       line_.desk.Ask(ReflashBox("DSP", "DSP"));
-      break;
-    case kZuFirmware:
+      return;
+    case MessageHeader::ZuFirmware:
       line_.desk.Ask(b2 == 1 ? MismatchBox() : ReflashBox("Zu chip", "Zu"));
-      break;
-    case kPowerUp:
+      return;
+    case MessageHeader::PowerUp:
       PowerUp(b2, b3);
-      break;
-    default:
-      ring_.RingClear();
+      return;
   }
+  ring_.RingClear();
 }
 
 void ReceivePath::PowerUp(int revision, int model) {
@@ -167,7 +154,7 @@ void ReceivePath::PowerUp(int revision, int model) {
     state_.DriveVersion = "";
     return;
   }
-  line_.comm.Output("QT");
+  line_.comm.Output(kQuitText);
   line_.desk.Beep();
   const Pause pause = kPowerUpPauses[static_cast<std::size_t>(index)];
   if (pause == Pause::BeforeModel) Delay(line_.desk, kPowerUpPause);

@@ -56,8 +56,13 @@ void Desktop::ReportError(const RuntimeError& error) {
   // What goes wrong while the report stands open adds no second one.
   if (reporting_) EndProgram(1);
   reporting_ = true;
-  Ask({.text = "Run-time error '" + std::to_string(error.Number()) + "':\n\n" + error.what(),
-       .icon = BoxIcon::Critical});
+  MessageBox report{.text = "Run-time error '" + std::to_string(error.Number()) + "':\n\n" + error.what(),
+                    .icon = BoxIcon::Critical};
+  if (RescueWork) {
+    report.text += "\n\nThe program ends now.  Do you want to save your settings to a file first?";
+    report.buttons = BoxButtons::YesNo;
+  }
+  if (Ask(report) == BoxAnswer::Yes) RescueWork();
   EndProgram(1);
   std::abort();  // not reached: the compiler does not trust a virtual function that never returns
 }

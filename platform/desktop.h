@@ -48,6 +48,8 @@ class Desktop : public Scheduler {
   virtual std::string ChooseFile(const FileDialog& dialog) = 0;
   virtual void Beep() = 0;
   virtual bool ShiftDown() const = 0;
+  /// What stands before the decimals of a number where the system's user writes one, UTF-8.
+  virtual std::string DecimalSign() const = 0;
   virtual TwipSize ScreenSize() const = 0;
   virtual std::filesystem::path ProgramDirectory() const = 0;
   virtual ProgramVersion Version() const = 0;
@@ -67,9 +69,12 @@ class Desktop : public Scheduler {
   /// The shown forms, the front one last.
   const std::vector<Form*>& ShownForms() const { return shown_; }
 
+  /// Lets the user save what would be lost when the program ends by an error.
+  std::function<void()> RescueWork;
   /// Runs one event's work. A RuntimeError that leaves it is reported in a box and ends the program.
   void Enter(const Task& work);
-  /// The report of an error that nobody handles: one box, then the end with exit code 1.
+  /// The report of an error that nobody handles: one box, then the end with exit code 1. Where RescueWork is
+  /// set the box offers to run it first.
   [[noreturn]] void ReportError(const RuntimeError& error);
 
  protected:

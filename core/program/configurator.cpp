@@ -35,12 +35,14 @@ Configurator::Configurator(const Machine& machine)
   WireFiles();
   WireSetupDialogs();
   Main.Openers.About = [this] { Credits.Run(); };
+  machine.desktop.RescueWork = [this] { Files.RescueSettings(); };
 }
 
 void Configurator::WireTransfers() {
   transfers.CommitOpenDialogs = [this] { PressOpenOks(); };
   transfers.AddMotorIfMissing = [this](const MotorRecord& motor) { TakeMotor(motor); };
   transfers.SummarizeAll = [this] { summary.SummarizeAll(); };
+  transfers.SettingsReplaced = [this] { RefillOpenDialogs(); };
   Main.Openers.Download = [this] { transfers.DownloadClick(); };
   Main.Openers.Upload = [this] { transfers.UploadClick(); };
 }
@@ -49,6 +51,7 @@ void Configurator::WireFiles() {
   Files.SelectPort = [this](int row) { ports.Select(row); };
   Files.AddMotorIfMissing = [this](const MotorRecord& motor) { TakeMotor(motor); };
   Files.SummarizeAll = [this] { summary.SummarizeAll(); };
+  Files.SettingsReplaced = [this] { RefillOpenDialogs(); };
   Main.Openers.Open = [this] { Files.MenuOpen(); };
   Main.Openers.Save = [this] { Files.MenuSave(); };
   Main.Openers.SaveAs = [this] { Files.MenuSaveAs(); };
@@ -78,6 +81,15 @@ void Configurator::PressOpenOks() {
                                     &PulseDirSetup,    &EncoderSetup, &RegenSetup};
   for (SetupDialog* dialog : committed)
     if (dialog->Visible()) dialog->OK.Click();
+}
+
+void Configurator::RefillOpenDialogs() {
+  // The advanced dialog shows pending values of the velocity dialog, so it comes behind that one.
+  SetupDialog* const dialogs[] = {&MotorSetup,    &CustomMotorSetup, &PulseDirSetup,
+                                  &VelocitySetup, &AdvancedSetup,    &VTLSetup,
+                                  &IOSetup,       &EncoderSetup,     &RegenSetup};
+  for (SetupDialog* dialog : dialogs)
+    if (dialog->Visible()) dialog->Refill();
 }
 
 }  // namespace kavr6

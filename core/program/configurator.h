@@ -76,6 +76,7 @@ class Configurator {
   void WireFiles();
   void WireSetupDialogs();
   void PressOpenOks();
+  void RefillOpenDialogs();
   void TakeMotor(const MotorRecord& motor) { AddMotorIfMissing(motorTable, MotorSetup, motor); }
 };
 

@@ -37,6 +37,11 @@ void EditMotor::WireEntries() {
   }
 }
 
+void EditMotor::Load() {
+  SetupDialog::Load();
+  Wizard.SetEnabled(static_cast<bool>(OpenWizard));
+}
+
 void EditMotor::Opened() { txtMotorName.Focus(); }
 
 void EditMotor::Fill() {
@@ -104,7 +109,7 @@ void EditMotor::WizardClick() {
       (state_.DspRev == kWizardRevision && static_cast<unsigned char>(letter[0]) < kWizardLetter)) {
     Desk().Ask(
         {.text = "You must have firmware version 1.00k or later to use the Waveform Smoothing Wizard."});
-  } else if (OpenWizard) {
+  } else {
     OpenWizard();
   }
 }

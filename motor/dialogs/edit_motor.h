@@ -33,9 +33,11 @@ class EditMotor : public SetupDialog {
   Slider SliderPhase{*this, "SliderPhase", {-128, 128, 1, 10, 32}};
   Button Wizard{*this, "Wizard", "Wizard..."};
 
+  /// To be set before the window is loaded. Without it the wizard button is greyed.
   std::function<void()> OpenWizard;
 
  protected:
+  void Load() override;
   void Fill() override;
   void Opened() override;
   void Commit() override;

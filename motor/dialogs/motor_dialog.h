@@ -90,6 +90,7 @@ class MotorDialog : public SetupDialog {
   void Load() override;
   void Fill() override;
   void Opened() override;
+  void Refilled() override;
   void Commit() override;
 
  private:

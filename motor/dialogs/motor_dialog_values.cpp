@@ -75,6 +75,12 @@ void MotorDialog::Fill() {
   ShowCustomSpecs();
 }
 
+void MotorDialog::Refilled() {
+  // Nobody has chosen another motor here: the current is that of the settings, not the motor's.
+  FillCurrents();
+  InertiaEdited = false;
+}
+
 void MotorDialog::FillCurrents() {
   FillSlider(SliderIdleDelay, IdleDelayTime, settings_.IdleDelay);
   state_.MotorTouched = true;

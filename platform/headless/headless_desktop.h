@@ -54,6 +54,7 @@ class HeadlessDesktop : public Desktop {
   std::string ChooseFile(const FileDialog& dialog) override;
   void Beep() override { ++beeps_; }
   bool ShiftDown() const override { return shift_; }
+  std::string DecimalSign() const override { return decimalSign_; }
   TwipSize ScreenSize() const override { return screen_; }
   std::filesystem::path ProgramDirectory() const override { return directory_; }
   ProgramVersion Version() const override { return version_; }
@@ -73,6 +74,7 @@ class HeadlessDesktop : public Desktop {
 
   int Beeps() const { return beeps_; }
   void SetShift(bool down) { shift_ = down; }
+  void SetDecimalSign(std::string sign) { decimalSign_ = std::move(sign); }
   void SetScreen(TwipSize screen) { screen_ = screen; }
   void SetProgramDirectory(std::filesystem::path directory) { directory_ = std::move(directory); }
   void SetVersion(ProgramVersion version) { version_ = version; }
@@ -97,6 +99,7 @@ class HeadlessDesktop : public Desktop {
   bool answerAnything_ = false;
   int beeps_ = 0;
   bool shift_ = false;
+  std::string decimalSign_ = ".";
   TwipSize screen_{20490, 11520};
   std::filesystem::path directory_ = ".";
   ProgramVersion version_{1, 0, 0};

@@ -2,6 +2,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QLocale>
 #include <QMainWindow>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -90,6 +91,8 @@ void QtDesktop::Beep() { QApplication::beep(); }
 bool QtDesktop::ShiftDown() const {
   return QGuiApplication::queryKeyboardModifiers().testFlag(Qt::ShiftModifier);
 }
+
+std::string QtDesktop::DecimalSign() const { return QLocale::system().decimalPoint().toStdString(); }
 
 TwipSize QtDesktop::ScreenSize() const {
   const QSize size = QGuiApplication::primaryScreen()->size();

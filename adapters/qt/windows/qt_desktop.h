@@ -38,6 +38,7 @@ class QtDesktop : public Desktop {
   std::string ChooseFile(const FileDialog& dialog) override;
   void Beep() override;
   bool ShiftDown() const override;
+  std::string DecimalSign() const override;
   TwipSize ScreenSize() const override;
   std::filesystem::path ProgramDirectory() const override;
   ProgramVersion Version() const override;
