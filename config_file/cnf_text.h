@@ -35,10 +35,10 @@ class CnfWriter {
 /// Reads a file as a sequence of values, by statements of some values each. A line ends with CR LF, LF, CR or
 /// the file. A value ends with blanks, a comma or its line; a line with nothing but blanks is passed over.
 /// Values are taken over line ends: when a line has no more, the next value is the first of the lines below,
-/// and what a statement leaves of its line belongs to the next statement. So it does not matter where the lines
-/// behind the first are broken. A file may go on behind its last statement; a value too many before that makes
-/// all that follow it wrong.
-/// Every failure is a RuntimeError that names the place in the file: the line, and the value on that line.
+/// and what a statement leaves of its line belongs to the next statement. So it does not matter where the
+/// lines behind the first are broken. A file may go on behind its last statement; a value too many before
+/// that makes all that follow it wrong. Every failure is a RuntimeError that names the place in the file: the
+/// line, and the value on that line.
 class CnfReader {
  public:
   /// `content` stays where it is. A UTF-8 byte order mark is no part of it.
