@@ -41,7 +41,8 @@ struct FileReadActions {
 /// Reads a file into `settings`, value by value, and returns the catalogue motor that the file brings. A
 /// value that is missing, of the wrong form or out of range is a RuntimeError whose text names the line: all
 /// values before it have been stored then, and the others are as they were. Fields that a file of this
-/// version does not hold keep their values, but MaxVoltsPct becomes 100.
+/// version does not hold keep their values, but MaxVoltsPct becomes 100. Behind the first line the values
+/// count, not the lines they stand on; the file may go on behind the last value.
 MotorRecord ReadSettingsFile(std::string_view content, Settings& settings, const FileReadActions& actions);
 
 }  // namespace kavr6
