@@ -2,6 +2,10 @@
 
 #include <array>
 
+#include "core/io_modes.h"
+#include "core/regen_resistor.h"
+#include "core/serial_protocol.h"
+
 namespace kavr6 {
 namespace {
 
@@ -54,22 +58,18 @@ void InitMotorUse(Settings& s) {
   s.StallFaultMs = 20;
   s.StallSpeed = 25.0F;
   s.StallAccel = 120.0F;
-  s.RegenOhms = 40.0;
-  s.RegenWatts = 50.0;
-  s.RegenSecs = 0.3125;
+  s.RegenOhms = kInternalResistor.ohms;
+  s.RegenWatts = kInternalResistor.watts;
+  s.RegenSecs = kInternalResistor.seconds;
 }
 
 void InitConnections(Settings& s) {
   s.BrakeDelay = 200;
   s.BrakeEngage = 200;
   s.RS485Addr = "!";
-  s.EnableMode = 3;
-  s.AlarmResetMode = 3;
-  s.AlarmOutMode = 3;
-  s.BrakeMode = 3;
-  s.MotionOutMode = 3;
-  s.LimitMode = 1;
-  s.ProtocolFlags = 1;
+  for (const IoFunction& function : kIoFunctions) s.*function.mode = kNotUsed;
+  s.LimitMode = kLimitClosed;
+  s.ProtocolFlags = kProtocolAlways;
   s.BitRateCode = 1;
   s.SpareLong = 10;
   s.TuneWord1 = 625;
@@ -85,14 +85,8 @@ std::string NameOf(const std::array<const char*, N>& names, int index) {
 }
 
 std::string PulseName(Long pulseType) {
-  switch (pulseType) {
-    case kPulseAndDirection:
-      return "Pulse && Direction";
-    case kQuadrature:
-      return "Quadrature Following";
-    default:
-      return "CW/CCW Pulse";
-  }
+  const bool known = pulseType >= 0 && pulseType < Long{kPulseKinds.size()};
+  return std::string(kPulseKinds[static_cast<std::size_t>(known ? pulseType : kCwCcwPulse)].name);
 }
 
 }  // namespace
@@ -109,28 +103,19 @@ void DecodeControlMode(Settings& settings) {
   if (settings.ControlMode < kControlVelocity || settings.ControlMode > kControlVelocityLast) return;
   const Long options = settings.ControlMode - kControlVelocity;
   settings.ControlMode = kControlVelocity;
-  settings.AnalogVelocity = (options & 4) == 0;
-  settings.TwoSpeeds = (options & 2) != 0;
-  settings.RunStop = (options & 1) != 0;
+  settings.AnalogVelocity = (options & kPackedFixedSpeed) == 0;
+  settings.TwoSpeeds = (options & kPackedTwoSpeeds) != 0;
+  settings.RunStop = (options & kPackedRunStop) != 0;
 }
 
 std::string ModeName(const Settings& settings, const std::string& present) {
-  switch (settings.OpMode) {
-    case kOpZuProgram:
-      return "Zu Program";
-    case kOpVtl:
-      return "VTL Mode";
-    case kOpHub:
-      return "Zulink Hub";
-    case kOpWyProgram:
-      return "Wy Program";
-    case kOpPulseOrVelocity:
-      if (settings.ControlMode == kControlVelocity) return "Velocity Mode";
-      if (settings.ControlMode == kControlPulse) return PulseName(settings.PulseType);
-      return present;
-    default:
-      return {};
+  if (settings.OpMode != kOpPulseOrVelocity) {
+    const OperatingMode* const mode = RowOfCode(kOperatingModes, settings.OpMode);
+    return mode == nullptr ? std::string() : std::string(mode->name);
   }
+  if (settings.ControlMode == kControlVelocity) return "Velocity Mode";
+  if (settings.ControlMode == kControlPulse) return PulseName(settings.PulseType);
+  return present;
 }
 
 std::string TorqueUnitName(int index) {

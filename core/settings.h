@@ -1,34 +1,11 @@
 // The configuration of one drive.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
+#include "core/motion_codes.h"
+
 namespace kavr6 {
-
-using Long = std::int32_t;
-using Integer = std::int16_t;
-
-// Operating modes (OpMode).
-inline constexpr Long kOpZuProgram = 1;
-inline constexpr Long kOpVtl = 2;
-inline constexpr Long kOpPulseOrVelocity = 3;  ///< which of the two, ControlMode says
-inline constexpr Long kOpHub = 4;
-inline constexpr Long kOpVtlToo = 5;  ///< as kOpVtl; comes from files and drives alone
-inline constexpr Long kOpWyProgram = 7;
-// Control modes (ControlMode) that decide something here.
-inline constexpr Long kControlPulse = 7;
-inline constexpr Long kControlVelocity = 11;      ///< in the image packed with its options,
-inline constexpr Long kControlVelocityLast = 18;  ///< up to this code
-inline constexpr Long kControlPointToPoint = 21;
-// Kinds of pulses (PulseType); whatever else comes from a file or a drive is shown as one of these.
-inline constexpr Long kPulseAndDirection = 0;
-inline constexpr Long kCwCcwPulse = 1;
-inline constexpr Long kQuadrature = 2;
-/// StepsPerRev of every mode but the pulse modes.
-inline constexpr Long kFixedStepsPerRev = 20000;
-/// Mode of a dedicated input or output that is not used.
-inline constexpr Long kNotUsed = 3;
 
 /// What makes a motor: the custom motor of the settings, or a motor named by a file or a drive.
 /// Torque and inertia are in the unit of their index. A new one is all zero and empty.
@@ -53,13 +30,13 @@ struct MotorRecord {
 /// The one record that dialogs edit, files keep and drives receive. Its motor block is the custom motor; a
 /// motor from the catalogue is not copied here. InitVars gives the start values.
 struct Settings : MotorRecord {
-  Long ControlMode = 0;  ///< 2 analog torque, 7 pulse, 11 analog velocity, 21 point to point
+  Long ControlMode = 0;  ///< see motion_codes.h
   Long PowerUpMode = 0;  ///< control mode at power-up, in the host command modes
   double CmdScale = 0;   ///< rev/sec at +10 V
   Long AnalogGain = 0;   ///< raw, passed through
-  Long PulseType = 0;    ///< 0 pulse and direction, 1 CW/CCW, 2 A/B quadrature
+  Long PulseType = 0;    ///< see motion_codes.h
   bool DirIsCW = false;  ///< clockwise when B leads A
-  Long OpMode = 0;       ///< 1 stored program, 2 VTL, 3 pulse or velocity, 4 hub, 5 as 2, 7 programmable
+  Long OpMode = 0;       ///< see motion_codes.h
 
   bool EncoderCW = false;
   Long MaxTorquePct = 0;   ///< percent
@@ -104,21 +81,21 @@ struct Settings : MotorRecord {
   double Speed2 = 0;            ///< rev/sec, while X5 is closed
   Long CmdOffset = 0;           ///< mV
   bool AnalogTypeFlag = false;  ///< bit 7 of the analog byte, inverted
-  Integer AnalogRange = 0;      ///< 0 +/-10 V, 1 0..10 V, 2 +/-5 V, 3 0..5 V
+  Integer AnalogRange = 0;      ///< see analog_ranges.h
   Long AnalogDeadband = 0;      ///< mV
 
   Long BrakeDelay = 0;    ///< ms
   Long BrakeEngage = 0;   ///< ms
   std::string RS485Addr;  ///< UTF-8; the first character reaches the image
-  Long EnableMode = 0;
+  Long EnableMode = 0;    ///< this and the five modes that follow: see io_modes.h
   Long AlarmResetMode = 0;
   Long AlarmOutMode = 0;
   Long BrakeMode = 0;
-  Long MotionOutMode = 0;  ///< 4 to 8: tach output
+  Long MotionOutMode = 0;
   Long LimitMode = 0;
   Long TxDelay = 0;        ///< ms
-  Long ProtocolFlags = 0;  ///< 1 always, 2 address prefix, 4 ack/nak, 16 converter, 32 Red Lion
-  Long BitRateCode = 0;    ///< 1 9600 .. 5 115200
+  Long ProtocolFlags = 0;  ///< see serial_protocol.h
+  Long BitRateCode = 0;    ///< see serial_protocol.h
 
   Long TuneWord1 = 0;
   Long TuneWord2 = 0;

@@ -1,21 +1,10 @@
 #include "dialogs/io_dialog.h"
 
+#include "core/io_modes.h"
 #include "core/numbers.h"
 #include "dialogs/numeric_entry.h"
 
 namespace kavr6 {
-namespace {
-
-// Modes of the dedicated inputs and outputs; each has its own, and kNotUsed.
-constexpr Long kEnableOpen = 1;
-constexpr Long kEnableClosed = 2;
-constexpr Long kAlarmReset = 1;
-constexpr Long kAlarmCloses = 1;
-constexpr Long kAlarmOpens = 2;
-constexpr Long kBrakeCloses = 1;
-constexpr Long kBrakeOpens = 2;
-
-}  // namespace
 
 IOdialog::IOdialog(const SetupParts& parts, MSComm& comm)
     : SetupDialog(parts, {"IOdialog", "I/O Configuration", "ConfigSoftware_InputsOutputs.html"}),
@@ -29,7 +18,7 @@ IOdialog::IOdialog(const SetupParts& parts, MSComm& comm)
 }
 
 void IOdialog::FillLimitList() {
-  for (const char* word : {"closed", "open", "not used"}) ListLimits.AddItem(word);
+  for (const std::string_view words : kLimitWords) ListLimits.AddItem(std::string(words));
   ListLimits.SetListIndex(0);
 }
 
@@ -56,7 +45,8 @@ void IOdialog::Fill() {
   txtBrakeDelay.SetText(NumberText(s.BrakeDelay));
   txtBrakeEngage.SetText(NumberText(s.BrakeEngage));
   MotionOut.Show(s.MotionOutMode);
-  ListLimits.SetListIndex(s.LimitMode == 1 || s.LimitMode == 2 ? s.LimitMode - 1 : kNotUsed - 1);
+  ListLimits.SetListIndex(
+      (s.LimitMode == kLimitClosed || s.LimitMode == kLimitOpen ? s.LimitMode : kNotUsed) - 1);
   txtMaxAccel.SetText(NumberText(s.MaxAccel));
 }
 

@@ -1,13 +1,8 @@
 #include "dialogs/motion_output.h"
 
+#include "core/io_modes.h"
+
 namespace kavr6 {
-namespace {
-
-constexpr Long kOpen = 1;
-constexpr Long kClosed = 2;
-constexpr Long kFirstTach = 4;
-
-}  // namespace
 
 MotionOutput::MotionOutput(Form& form)
     : optMotionClosed(form, "optMotionClosed", group_),
@@ -15,7 +10,7 @@ MotionOutput::MotionOutput(Form& form)
       optMotionOff(form, "optMotionOff", group_),
       optMotionTach(form, "optMotionTach", group_),
       TachPPR(form, "TachPPR") {
-  for (const int pulses : {100, 200, 400, 800, 1600}) TachPPR.AddItem(std::to_string(pulses) + " pulses/rev");
+  for (const int pulses : kTachPulses) TachPPR.AddItem(std::to_string(pulses) + " pulses/rev");
   TachPPR.SetListIndex(0);
   optMotionOff.SetValue(true);
 }
@@ -27,12 +22,15 @@ void MotionOutput::Show(Long mode) {
     TachPPR.SetListIndex(row < TachPPR.Count() ? row : 0);
     return;
   }
-  (mode == kOpen ? optMotionOpen : mode == kClosed ? optMotionClosed : optMotionOff).SetValue(true);
+  (mode == kMotionOpen     ? optMotionOpen
+   : mode == kMotionClosed ? optMotionClosed
+                           : optMotionOff)
+      .SetValue(true);
 }
 
 Long MotionOutput::Mode() const {
   if (optMotionTach.Value()) return TachPPR.ListIndex() + kFirstTach;
-  return optMotionClosed.Value() ? kClosed : optMotionOpen.Value() ? kOpen : kNotUsed;
+  return optMotionClosed.Value() ? kMotionClosed : optMotionOpen.Value() ? kMotionOpen : kNotUsed;
 }
 
 }  // namespace kavr6

@@ -1,6 +1,7 @@
 #include "dialogs/regen_dialog.h"
 
 #include "core/numbers.h"
+#include "core/regen_resistor.h"
 #include "dialogs/numeric_entry.h"
 
 namespace kavr6 {
@@ -8,6 +9,9 @@ namespace kavr6 {
 RegenDialog::RegenDialog(const SetupParts& parts)
     : SetupDialog(parts, {"RegenDialog", "Regen Clamp", "regen.html"}) {
   for (TextBox* box : {&RegenWatts, &RegenOhms, &RegenSecs}) LimitEntry(*box);
+  lblRegenWatts.SetCaption(NumberText(kInternalResistor.watts));
+  lblRegenOhms.SetCaption(NumberText(kInternalResistor.ohms));
+  lblRegenSecs.SetCaption(FormatNumber(kInternalResistor.seconds, ".0###"));
   optIntRes.SetValue(true);
   ShowExternal(false);
   for (const bool external : {false, true}) {

@@ -19,9 +19,9 @@ class RegenDialog : public SetupDialog {
   TextBox RegenWatts{*this, "RegenWatts"};
   TextBox RegenOhms{*this, "RegenOhms"};
   TextBox RegenSecs{*this, "RegenSecs"};
-  Label lblRegenWatts{*this, "lblRegenWatts", "50"};
-  Label lblRegenOhms{*this, "lblRegenOhms", "40"};
-  Label lblRegenSecs{*this, "lblRegenSecs", ".3125"};
+  Label lblRegenWatts{*this, "lblRegenWatts"};
+  Label lblRegenOhms{*this, "lblRegenOhms"};
+  Label lblRegenSecs{*this, "lblRegenSecs"};
   Picture RegenInt{*this, "RegenInt", "RegenInt"};
   Picture RegenExt{*this, "RegenExt", "RegenExt"};
 

@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <limits>
 
+#include "core/analog_ranges.h"
 #include "core/numbers.h"
 #include "dialogs/numeric_entry.h"
 
 namespace kavr6 {
 namespace {
-
-constexpr int kFirstRangeOf5Volts = 2;
 
 /// A file can bring any number; one out of range becomes the end of the range.
 Long NearestLong(double value) {
@@ -22,7 +21,7 @@ Long NearestLong(double value) {
 VelocityDialog::VelocityDialog(const SetupParts& parts)
     : SetupDialog(parts, {"VelocityDialog", "Velocity Control Mode", "velocity.html"}) {
   for (TextBox* box : {&txtSpeed, &txtSpeed2, &txtAccel, &txtDecel, &CmdScale}) LimitEntry(*box);
-  for (const char* range : {"\u00B110V", "0 to 10V", "\u00B15V", "0 to 5V"}) ListAnalogRange.AddItem(range);
+  for (const AnalogRange& range : kAnalogRanges) ListAnalogRange.AddItem(std::string(range.listed));
   ListAnalogRange.Clicked.Set([this] { DispScaleOffset(); });
   ListAnalogRange.SetListIndex(0);
   chkAnalog.Clicked.Set([this] { ShowHideAnalog(); });
@@ -33,8 +32,7 @@ VelocityDialog::VelocityDialog(const SetupParts& parts)
 }
 
 void VelocityDialog::DispScaleOffset() {
-  lblAnalogUnits.SetCaption(std::string("rev/sec at ") +
-                            (ListAnalogRange.ListIndex() < kFirstRangeOf5Volts ? "+10V" : "+5V"));
+  lblAnalogUnits.SetCaption("rev/sec at +" + std::string(AnalogRangeOf(ListAnalogRange.ListIndex()).top));
 }
 
 void VelocityDialog::ShowHideAnalog() {

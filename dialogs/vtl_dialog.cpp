@@ -3,6 +3,7 @@
 #include <array>
 
 #include "core/numbers.h"
+#include "core/serial_protocol.h"
 #include "dialogs/numeric_entry.h"
 
 namespace kavr6 {
@@ -10,47 +11,25 @@ namespace {
 
 constexpr unsigned char kFirstAddress = '!';
 
-struct ControlModeRow {
-  Long code;
-  const char* words;
-};
-constexpr std::array kControlModes{
-    ControlModeRow{7, "Step & Direction"},
-    ControlModeRow{10, "Commanded Vel"},
-    ControlModeRow{11, "Analog Velocity"},
-    ControlModeRow{12, "Analog Vel, X1=run"},
-    ControlModeRow{13, "Analog Vel, X5=change speed"},
-    ControlModeRow{14, "Analog Vel, X1=run, X5=change speed"},
-    ControlModeRow{15, "Fixed Velocity"},
-    ControlModeRow{16, "Fixed Vel, X1=run"},
-    ControlModeRow{17, "Fixed Vel, X5=change speed"},
-    ControlModeRow{18, "Fixed Vel, X1=run, X5=change speed"},
-    ControlModeRow{21, "Point to Point Positioning"},
-    ControlModeRow{22, "Analog Positioning"},
-};
-
-constexpr Long kAlwaysSet = 1;  // of ProtocolFlags
-
-struct ProtocolBit {
+struct ProtocolBox {
   CheckBox VTLdialog::*box;
   Long bit;
 };
-constexpr std::array kProtocolBits{
-    ProtocolBit{&VTLdialog::chkAddress, 2},
-    ProtocolBit{&VTLdialog::chkAckNak, 4},
-    ProtocolBit{&VTLdialog::chkConverter, 16},
-    ProtocolBit{&VTLdialog::chkRedLion, 32},
+constexpr std::array kProtocolBoxes{
+    ProtocolBox{&VTLdialog::chkAddress, kAddressPrefix},
+    ProtocolBox{&VTLdialog::chkAckNak, kAckNak},
+    ProtocolBox{&VTLdialog::chkConverter, kConverter},
+    ProtocolBox{&VTLdialog::chkRedLion, kRedLion},
 };
 
 }  // namespace
 
 VTLdialog::VTLdialog(const SetupParts& parts)
     : PulseInputDialog(parts, {"VTLdialog", "VTL Configuration", "VTLdialog.html"}) {
-  for (const ControlModeRow& mode : kControlModes)
-    ListCM.AddItem(std::to_string(mode.code) + ": " + mode.words, mode.code);
-  for (const char* rate : {"9600", "19200", "38400", "57600", "115200"}) LstBitRate.AddItem(rate);
-  for (const char* type : {"Pulse & Direction", "CW & CCW Pulse", "A/B Quadrature"})
-    ListPulseType.AddItem(type);
+  for (const ControlModeWords& mode : kPowerUpModes)
+    ListCM.AddItem(std::to_string(mode.code) + ": " + std::string(mode.words), mode.code);
+  for (const int rate : kBitRates) LstBitRate.AddItem(std::to_string(rate));
+  for (const PulseKind& kind : kPulseKinds) ListPulseType.AddItem(std::string(kind.listed));
   LimitEntry(txtTxDelay);
   MakeAddressButtons();
   ListCM.Clicked.Set([this] { ShowPulseFrames(); });
@@ -99,8 +78,8 @@ void VTLdialog::Commit() {
     settings_.PulseType = ListPulseType.ListIndex();
     CommitPulseInputs();
   }
-  settings_.ProtocolFlags = kAlwaysSet;
-  for (const ProtocolBit& protocol : kProtocolBits)
+  settings_.ProtocolFlags = kProtocolAlways;
+  for (const ProtocolBox& protocol : kProtocolBoxes)
     if ((this->*protocol.box).Value()) settings_.ProtocolFlags |= protocol.bit;
   settings_.BitRateCode = LstBitRate.ListIndex() + 1;
   ShowModeName(state_, settings_);
@@ -113,7 +92,7 @@ void FillVTLdialog(VTLdialog& dialog, const Settings& settings) {
   dialog.txtTxDelay.SetText(NumberText(settings.TxDelay));
   dialog.txtRS485addr.SetText(settings.RS485Addr);
   if (settings.BitRateCode > 0) SelectIfThere(dialog.LstBitRate, settings.BitRateCode - 1);
-  for (const ProtocolBit& protocol : kProtocolBits)
+  for (const ProtocolBox& protocol : kProtocolBoxes)
     (dialog.*protocol.box).SetValue((settings.ProtocolFlags & protocol.bit) != 0);
   dialog.ListCM.SetListIndex(0);
   for (int row = 0; row < dialog.ListCM.Count(); ++row)

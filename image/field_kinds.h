@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "core/io_modes.h"
 #include "core/numbers.h"
 #include "image/image_layout.h"
 #include "platform/runtime_error.h"
@@ -157,7 +158,7 @@ void ReadCode(ImageReader& reader, const ImageTarget& target) {
 /// A code of an input or output, which a hub does not use.
 template <auto Member, Long Most>
 constexpr ImageField HubCodeField(int position, std::string_view name) {
-  static_assert(Most == 3 || Most == 8);
+  static_assert(Most == 3 || Most == 8, "the words below");
   constexpr auto write = [](const ImageSource& source, Byte* at) {
     const Settings& s = source.settings;
     PutByte(at, s.OpMode == kOpHub ? kNotUsed : s.*Member);

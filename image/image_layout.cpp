@@ -2,7 +2,10 @@
 
 #include <array>
 
+#include "core/io_modes.h"
 #include "core/numbers.h"
+#include "core/regen_resistor.h"
+#include "core/serial_protocol.h"
 #include "image/field_kinds.h"
 #include "platform/runtime_error.h"
 
@@ -16,20 +19,18 @@ using R = MotorRow;
 
 constexpr double kNoiseScale = 15000;
 constexpr Long kNoiseFilterOfZero = 2000;
-constexpr Long kProtocolBits = 0x37;
 
 // The analog filter goes as scale / (hertz / frequency + offset).
 constexpr double kFilterScale = 72090;
 constexpr double kFilterHertz = 1400;
 constexpr double kFilterOffset = 2.2;
 
-constexpr Long kHighestBitRate = 5;
+constexpr int kRegenTimeSteps = 4000;
 
 // Resistor inside the drive, as words.
-constexpr Long kInternalWatts = 50;
-constexpr Long kInternalOhms = 40;
-constexpr Long kInternalTime = 1250;
-constexpr double kRegenTimeSteps = 4000;
+constexpr Long kInternalWatts{static_cast<Long>(kInternalResistor.watts)};
+constexpr Long kInternalOhms{static_cast<Long>(kInternalResistor.ohms)};
+constexpr Long kInternalTime{static_cast<Long>(kInternalResistor.seconds * kRegenTimeSteps)};
 
 void WriteNoiseFilter(const ImageSource& source, Byte* at) {
   *at = ToByte(Divide(kNoiseScale, source.settings.NoiseFilter));
@@ -131,8 +132,8 @@ void WriteControlByte(const ImageSource& source, Byte* at) {
   const Settings& s = source.settings;
   const bool packed = s.OpMode == kOpPulseOrVelocity && s.ControlMode == kControlVelocity;
   PutByte(at, !packed ? s.ControlMode
-                      : kControlVelocity + (s.TwoSpeeds ? 2 : 0) + (s.RunStop ? 1 : 0) +
-                            (s.AnalogVelocity ? 0 : 4));
+                      : kControlVelocity + (s.TwoSpeeds ? kPackedTwoSpeeds : 0) +
+                            (s.RunStop ? kPackedRunStop : 0) + (s.AnalogVelocity ? 0 : kPackedFixedSpeed));
 }
 
 void ReadControlByte(ImageReader& reader, const ImageTarget& target) {
@@ -175,11 +176,11 @@ void ReadAnalogFilter(ImageReader& reader, const ImageTarget& target) {
 }
 
 void ReadProtocol(ImageReader& reader, const ImageTarget& target) {
-  target.settings.ProtocolFlags = reader.Str2Num16() & kProtocolBits;
+  target.settings.ProtocolFlags = reader.Str2Num16() & kKnownProtocolBits;
 }
 
 void ReadBitRate(ImageReader& reader, const ImageTarget& target) {
-  target.settings.BitRateCode = std::clamp<Long>(reader.Str2Num16(), 1, kHighestBitRate);
+  target.settings.BitRateCode = std::clamp<Long>(reader.Str2Num16(), 1, kBitRates.size());
 }
 
 /// A word of the external resistor, or the constant of the one inside the drive.
@@ -192,7 +193,7 @@ void WriteRegen(const ImageSource& source, Byte* at) {
 void ReadRegenTime(ImageReader& reader, const ImageTarget& target) {
   Settings& s = target.settings;
   const Long time = reader.Str2Num16();
-  s.RegenSecs = time / kRegenTimeSteps;
+  s.RegenSecs = static_cast<double>(time) / kRegenTimeSteps;
   s.RegenExternal = s.RegenOhms != kInternalOhms || s.RegenWatts != kInternalWatts || time != kInternalTime;
 }
 
@@ -297,13 +298,13 @@ constexpr auto kLayout = std::to_array<ImageField>({
      WritePulseByte, ReadPulseByte},
     WordField<&S::StepsPerRev>(47, "StepsPerRev"),
     {49, 1, "RS485Addr", "code of the first character", "character of the code", WriteAddress, ReadAddress},
-    HubCodeField<&S::EnableMode, 3>(50, "EnableMode"),
-    HubCodeField<&S::AlarmResetMode, 3>(51, "AlarmResetMode"),
-    HubCodeField<&S::AlarmOutMode, 3>(52, "AlarmOutMode"),
-    HubCodeField<&S::BrakeMode, 3>(53, "BrakeMode"),
-    HubCodeField<&S::MotionOutMode, 8>(54, "MotionOutMode"),
+    HubCodeField<&S::EnableMode, kNotUsed>(50, "EnableMode"),
+    HubCodeField<&S::AlarmResetMode, kNotUsed>(51, "AlarmResetMode"),
+    HubCodeField<&S::AlarmOutMode, kNotUsed>(52, "AlarmOutMode"),
+    HubCodeField<&S::BrakeMode, kNotUsed>(53, "BrakeMode"),
+    HubCodeField<&S::MotionOutMode, kLastTach>(54, "MotionOutMode"),
     {55, 1, "LimitMode", "byte", "byte, limited to 1 .. 3", WriteByte<&S::LimitMode>,
-     ReadCode<&S::LimitMode, 3>},
+     ReadCode<&S::LimitMode, kNotUsed>},
     {56, 2, "AnalogGain", "word", "signed word", WriteWord<&S::AnalogGain>, ReadAnalogGain},
     {58, 2, "AnalogFilter", "word: 72090 / (1400 / value + 2.2)",
      "1400 x word / (72090 - 2.2 x word), rounded; a word of 0 counts as 1", WriteAnalogFilter,
@@ -318,7 +319,7 @@ constexpr auto kLayout = std::to_array<ImageField>({
      WriteRegen<&S::RegenOhms, 1, kInternalOhms>, ReadWord<&S::RegenOhms>, kInternalResistor},
     {70, 2, "RegenSecs", "word: value x 4000; 1250 when RegenExternal is false",
      "word / 4000; RegenExternal: false for the words 50, 40, 1250",
-     WriteRegen<&S::RegenSecs, 4000, kInternalTime>, ReadRegenTime, kInternalResistor},
+     WriteRegen<&S::RegenSecs, kRegenTimeSteps, kInternalTime>, ReadRegenTime, kInternalResistor},
     {72, 2, "IdleDelay", "word: value / 0.001", "word x 0.001", WriteIdleDelay, ReadIdleDelay},
     {74, 2, "Anti-resonance gain", "word: ARgain", "dropped", WriteARgain, DropWord, "a constant"},
     {76, 2, "Anti-resonance frequency", "word: ARfreq", "word, turned into the load inertia at the end",

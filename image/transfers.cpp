@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/io_modes.h"
 #include "core/numbers.h"
 #include "link/wire.h"
 
@@ -12,7 +13,6 @@ constexpr double kDownloadAnswerLimit = 1.0;
 constexpr double kDownloadAnswerPause = 0.1;
 constexpr double kUploadLimit = 0.5;
 constexpr float kTachFirmware = 1.02F;
-constexpr Long kLastSlowTachMode = 4;
 
 MessageBox ChecksumBox(const std::string& what) {
   return {
@@ -75,7 +75,7 @@ TransferEnd Transfers::CheckDriveAndLimits() {
                  "the Motor button to change the current setting."});
     return TransferEnd::OverLimit;
   }
-  if (State().DspRev < kTachFirmware && p_.settings.MotionOutMode > kLastSlowTachMode) {
+  if (State().DspRev < kTachFirmware && p_.settings.MotionOutMode > kFirstTach) {
     Ask({.text = "You need DSP firmware 1.02 or later to use a Tach output with greater than 100 "
                  "pulses/rev.  Please click the I/O button and change the tach setting to 100 "
                  "pulses/rev or contact the factory for a firmware upgrade."});

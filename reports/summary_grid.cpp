@@ -1,8 +1,9 @@
 #include "reports/summary_grid.h"
 
-#include <array>
 #include <initializer_list>
 
+#include "core/analog_ranges.h"
+#include "core/io_modes.h"
 #include "core/numbers.h"
 
 namespace kavr6 {
@@ -13,43 +14,14 @@ constexpr int kTallRowTwips = 480;
 constexpr int kDividerTwips = 100;
 constexpr int kColumnTwips = 1950;
 
-struct ModeWords {
-  const char* name;
-  Long Settings::*field;
-  const char* one;
-  const char* two;
-};
-
-constexpr std::size_t kMotionOut = 4;
-constexpr std::array<ModeWords, 6> kIoWords{{
-    {"Fault Out", &Settings::AlarmOutMode, "Close on fault", "Open on fault"},
-    {"Alarm In", &Settings::AlarmResetMode, "Close to reset", "Open to reset"},
-    {"Limits", &Settings::LimitMode, "Closed at limit", "Open at limit"},
-    // Mode 1 enables when open: the reverse of the other rows, and of the printed report.
-    {"Enable", &Settings::EnableMode, "Open to enable", "Close to enable"},
-    {"Motion Out", &Settings::MotionOutMode, "Open if running", "Close if running"},
-    {"Brake Out", &Settings::BrakeMode, "Close to release", "Open to release"},
-}};
-
 std::string TachText(Long mode) {
-  switch (mode) {
-    case 5:
-      return "Tach 200 ppr";
-    case 6:
-      return "Tach 400 ppr";
-    case 7:
-      return "Tach 800 ppr";
-    case 8:
-      return "Tach 1600 ppr";
-    default:
-      return mode >= 4 ? "Tach 100 ppr" : "not used";
-  }
+  const Long row = mode > kLastTach ? 0 : mode - kFirstTach;
+  return "Tach " + std::to_string(kTachPulses[static_cast<std::size_t>(row)]) + " ppr";
 }
 
-std::string IoText(std::size_t index, Long mode) {
-  if (mode == 1) return kIoWords[index].one;
-  if (mode == 2) return kIoWords[index].two;
-  return index == kMotionOut ? TachText(mode) : "not used";
+std::string IoText(const IoFunction& function, Long mode) {
+  if (mode == 1 || mode == 2) return std::string(function.shown[static_cast<std::size_t>(mode - 1)]);
+  return function.mode == &Settings::MotionOutMode && mode >= kFirstTach ? TachText(mode) : "not used";
 }
 
 void TurnGreen(std::initializer_list<ConnectorLine*> lines) {
@@ -106,9 +78,10 @@ void Summarizer::SummarizeMotor(int row) {
 }
 
 void Summarizer::SummarizeMotion(int row) {
-  const std::string title = "Mode: " + state_.MotionDesc.Get();
+  const std::string& mode = state_.MotionDesc;
   // The label needs two ampersands to show one; the grid shows what it is given.
-  Title(row, title == "Mode: Pulse && Direction" ? "Mode: Pulse & Direction" : title);
+  constexpr const PulseKind& kPulses = kPulseKinds[kPulseAndDirection];
+  Title(row, "Mode: " + (mode == kPulses.name ? std::string(kPulses.listed) : mode));
   Values(row + 1, NumberText(settings_.StepsPerRev), "steps/rev");
   grid_.SetAlignment(row + 2, 1, Grid::Alignment::Left);
   if (settings_.OpMode == kOpVtl || settings_.OpMode == kOpWyProgram) {
@@ -117,8 +90,8 @@ void Summarizer::SummarizeMotion(int row) {
   } else if (settings_.ControlMode != kControlVelocity) {
     Values(row + 2, "", "");
   } else if (settings_.AnalogVelocity) {
-    const bool tenVolts = settings_.AnalogRange == 0 || settings_.AnalogRange == 1;
-    Values(row + 2, FormatNumber(settings_.CmdScale, "#0.000"), tenVolts ? "rev/sec @ 10V" : "rev/sec @ 5V");
+    Values(row + 2, FormatNumber(settings_.CmdScale, "#0.000"),
+           "rev/sec @ " + std::string(AnalogRangeOf(settings_.AnalogRange).top));
   } else {
     Values(row + 2, FormatNumber(settings_.Speed, "#0.000"), "rev/sec");
   }
@@ -137,8 +110,9 @@ void Summarizer::SummarizeRegen(int row) {
 
 void Summarizer::SummarizeIO(int row) {
   Title(row, "Dedicated I/O:");
-  for (std::size_t i = 0; i < kIoWords.size(); ++i)
-    Values(row + 1 + static_cast<int>(i), kIoWords[i].name, IoText(i, settings_.*kIoWords[i].field));
+  int next = row + 1;
+  for (const IoFunction& function : kIoFunctions)
+    Values(next++, std::string(function.name), IoText(function, settings_.*function.mode));
   RowDivider(row + 7);
   TurnGreen({&lines_.IO});
 }

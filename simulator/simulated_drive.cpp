@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <string_view>
 
+#include "core/alarms.h"
+#include "core/status_word.h"
+
 namespace kavr6 {
 namespace {
 
@@ -17,12 +20,6 @@ constexpr std::uint8_t kLetterRequest = 142;
 
 /// What the analog input shows at zero volts, in half millivolts.
 constexpr int kAnalogOffset = -25;
-
-constexpr int kStatusEnabled = 1 << 0;
-constexpr int kStatusFault = 1 << 2;
-constexpr int kStatusAlarm = 1 << 9;
-// Bits 3 to 9: temperature, regen, voltages, currents, winding, encoder.
-constexpr int kSeriousAlarms = 0x03F8;
 
 std::string BytesOf(std::initializer_list<int> values) {
   std::string bytes;
@@ -80,7 +77,7 @@ void SimulatedDrive::LearnMaintenance() {
   interpreter_.Add("z", 0, [this](Arguments) {
     if (!alarmSticking_) alarm_ = 0;
   });
-  interpreter_.Add("n", 0, [this](Arguments) { enabled_ = (alarm_ & kSeriousAlarms) == 0; });
+  interpreter_.Add("n", 0, [this](Arguments) { enabled_ = (alarm_ & kDisablingAlarms) == 0; });
   interpreter_.Add("i4071", 0, [this](Arguments) {
     image_ = FactoryImage();
     if (ImageChanged) ImageChanged();
@@ -109,7 +106,7 @@ void SimulatedDrive::SetIdentity(int revisionByte, int modelCode, char letter) {
 }
 
 int SimulatedDrive::StatusWord() const {
-  return (enabled_ ? kStatusEnabled : 0) | ((alarm_ & kSeriousAlarms) != 0 ? kStatusFault : 0) |
+  return (enabled_ ? kStatusEnabled : 0) | ((alarm_ & kDisablingAlarms) != 0 ? kStatusFault : 0) |
          (alarm_ != 0 ? kStatusAlarm : 0);
 }
 
@@ -157,7 +154,7 @@ void SimulatedDrive::RaiseAlarm(int alarmWord) {
   alarm_ = alarmWord & 0xFFFF;
   std::rotate(history_.begin(), history_.end() - 1, history_.end());
   history_[0] = alarm_;
-  if ((alarm_ & kSeriousAlarms) != 0) enabled_ = false;
+  if ((alarm_ & kDisablingAlarms) != 0) enabled_ = false;
   Send(BytesOf({kAlarmHeader, alarm_ >> 7 & 0x7F, alarm_ & 0x7F}), 0.0, DriveEvent::Kind::Message, "alarm");
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "core/drive_models.h"
 #include "platform/scheduler.h"
 #include "simulator/byte_line.h"
 #include "simulator/command_interpreter.h"
@@ -107,7 +108,7 @@ class SimulatedDrive {
   CommandInterpreter interpreter_;
   Image image_ = FactoryImage();
   int revision_ = 52;
-  int model_ = 41;
+  int model_ = kDriveModels.front().code;
   char letter_ = 'k';
 
   int alarm_ = 0;

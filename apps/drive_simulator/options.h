@@ -6,12 +6,14 @@
 #include <span>
 #include <string>
 
+#include "core/drive_models.h"
+
 namespace kavr6 {
 
 struct SimulatorOptions {
   std::string port = "COM1";
   std::filesystem::path directory;  ///< the link goes to its folder "ports"; the program's own by default
-  int modelCode = 41;
+  int modelCode = kDriveModels.front().code;
   int revisionByte = 52;
   char letter = 'k';
   std::optional<std::filesystem::path> imageFile = {};

@@ -39,6 +39,20 @@ struct SetupDialogs : SceneTest {
       if ((form.Find(name)->*state)()) found += name + " ";
     return found;
   }
+  /// The row of the named list, or the place of the one button among the named that is on; "-" for none.
+  static std::string Picked(const Form& form, const std::string& names) {
+    std::istringstream words(names);
+    int place = 0;
+    for (std::string name; words >> name; ++place) {
+      const Control* const control = form.Find(name);
+      if (const auto* const list = dynamic_cast<const ListBox*>(control))
+        return std::to_string(list->ListIndex());
+      const auto* const option = dynamic_cast<const OptionButton*>(control);
+      if (option != nullptr ? option->Value() : dynamic_cast<const CheckBox&>(*control).Value())
+        return std::to_string(place);
+    }
+    return "-";
+  }
   /// The windows beside the main screen.
   std::string Shown() const {
     std::string names;

@@ -56,8 +56,12 @@ TEST_F(SummaryGridTest, ThirdMotionRowFollowsTheMode) {
   using Case = std::tuple<Long, Long, bool, Integer, Pair>;
   const Case cases[] = {{2, 11, true, 0, {"Address", "!"}},
                         {1, 21, false, 0, {"", ""}},
+                        {3, 11, true, -1, {"-7.250", "rev/sec @ 5V"}},
+                        {3, 11, true, 0, {"-7.250", "rev/sec @ 10V"}},
                         {3, 11, true, 1, {"-7.250", "rev/sec @ 10V"}},
                         {3, 11, true, 2, {"-7.250", "rev/sec @ 5V"}},
+                        {3, 11, true, 3, {"-7.250", "rev/sec @ 5V"}},
+                        {3, 11, true, 4, {"-7.250", "rev/sec @ 5V"}},
                         {4, 11, false, 0, {"10.000", "rev/sec"}}};
   settings.CmdScale = -7.25;
   for (const auto& [op, control, analog, range, row] : cases) {
@@ -71,23 +75,44 @@ TEST_F(SummaryGridTest, ThirdMotionRowFollowsTheMode) {
 }
 
 TEST_F(SummaryGridTest, IoWordsByMode) {
-  const std::pair<Long, const char*> expected[] = {
-      {1, "Close on fault Close to reset Closed at limit Open to enable Open if running Close to release "},
-      {2, "Open on fault Open to reset Open at limit Close to enable Close if running Open to release "},
-      {3, "not used not used not used not used not used not used "},
-      {4, "not used not used not used not used Tach 100 ppr not used "},
-      {5, "not used not used not used not used Tach 200 ppr not used "},
-      {6, "not used not used not used not used Tach 400 ppr not used "},
-      {8, "not used not used not used not used Tach 1600 ppr not used "},
-      {9, "not used not used not used not used Tach 100 ppr not used "}};
-  for (const auto& [mode, shown] : expected) {
+  const std::string names = "Fault Out, Alarm In, Limits, Enable, Motion Out, Brake Out, ";
+  const auto others = [](const std::string& motion) {
+    return "not used, not used, not used, not used, " + motion + ", not used, ";
+  };
+  const std::pair<Long, std::string> expected[] = {
+      {-1, others("not used")},
+      {0, others("not used")},
+      {1,
+       "Close on fault, Close to reset, Closed at limit, Open to enable, Open if running, Close to "
+       "release, "},
+      {2,
+       "Open on fault, Open to reset, Open at limit, Close to enable, Close if running, Open to release, "},
+      {3, others("not used")},
+      {4, others("Tach 100 ppr")},
+      {5, others("Tach 200 ppr")},
+      {6, others("Tach 400 ppr")},
+      {7, others("Tach 800 ppr")},
+      {8, others("Tach 1600 ppr")},
+      {9, others("Tach 100 ppr")},
+      {2147483647, others("Tach 100 ppr")}};
+  for (const auto& [mode, words] : expected) {
     settings.AlarmOutMode = settings.AlarmResetMode = settings.LimitMode = mode;
     settings.EnableMode = settings.MotionOutMode = settings.BrakeMode = mode;
     report.SummarizeIO(kIoRow);
-    std::string words;
-    for (int row = 13; row <= 18; ++row) words += Row(row).second + " ";
-    EXPECT_EQ(words, shown);
+    std::string left;
+    std::string right;
+    for (int row = 13; row <= 18; ++row) left += Row(row).first + ", ", right += Row(row).second + ", ";
+    EXPECT_EQ(left + right, names + words) << mode;
   }
+  // Each row follows its own field.
+  settings.AlarmOutMode = settings.MotionOutMode = 1;
+  settings.AlarmResetMode = settings.EnableMode = settings.BrakeMode = 2;
+  settings.LimitMode = 3;
+  settings.EnableMode = 9;
+  report.SummarizeIO(kIoRow);
+  std::string shown;
+  for (int row = 13; row <= 18; ++row) shown += Row(row).second + ", ";
+  EXPECT_EQ(shown, "Close on fault, Open to reset, not used, not used, Open if running, Open to release, ");
 }
 
 TEST_F(SummaryGridTest, StallTextFollowsTheModeAndOtherMotorsAndResistorsAreNamed) {

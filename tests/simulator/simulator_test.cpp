@@ -46,6 +46,18 @@ TEST(Drive, TellsAndRemembersAlarmsUntilTheyAreCleared) {
   EXPECT_EQ(bench.Say("a"), "\0\x09\0\x08\0\x07\0\x06\0\x05\0\x04\0\x03\0\x02"s);
 }
 
+TEST(Drive, IsDisabledByHeatRegenVoltagesCurrentsAndEncoderAndByNoOtherAlarm) {
+  Bench bench;
+  std::string words;
+  for (int bit = 0; bit < 16; ++bit) {
+    bench.drive.RaiseAlarm(1 << bit);
+    bench.Say("");
+    words += bench.Say("y\x80") + " ";
+    bench.Say("zn");
+  }
+  EXPECT_EQ(words, "0201 0201 0201 0204 0204 0204 0204 0204 0204 0204 0201 0201 0201 0201 0201 0201 ");
+}
+
 TEST(Drive, HearsNoSingleLetterCommandsInTextMode) {
   Bench bench;
   EXPECT_EQ(bench.Say("HR\rC\rCQ\ry\x8E\r"), "");
