@@ -126,6 +126,68 @@ TEST_F(SerialCommTest, PeerThatStopsReadingIsNoHangUp) {
   EXPECT_TRUE(Waiting(10));
 }
 
+TEST_F(SerialCommTest, FailuresAreCountedAnewAfterReopening) {
+  for (int round = 0; round < 3; ++round) {
+    ASSERT_EQ(Open(comm_), "open");
+    comm_.Output(std::string(70000, 'z'));
+    // A hundred in a row would close the port.
+    for (int refused = 0; refused < 60; ++refused) comm_.Output("z");
+    pump_.PumpEvents();
+    EXPECT_TRUE(comm_.PortOpen()) << round;
+    comm_.SetPortOpen(false);
+  }
+}
+
+TEST_F(SerialCommTest, BlockingWaitTakesBytesInAndServesNothingElse) {
+  std::string log;
+  comm_.OnComm.Set([&](int) { log += Text(comm_.Input()); });
+  Open(comm_);
+  comm_.SetRThreshold(1);
+  pump_.Post([&] { log += "click "; });
+  pump_.CallAfter(1e-6, [&] { log += "timer "; });
+  std::thread drive([this] {
+    EXPECT_EQ(Hear(), "HG\r");
+    Say("HG=");
+    poll(nullptr, 0, 20);
+    Say("123\r");
+  });
+  comm_.Output("HG\r");
+  ExpectCalm([this] { EXPECT_TRUE(comm_.WaitBlocking(7, 2.0)); });
+  drive.join();
+  EXPECT_EQ(log, "");
+  ExpectCalm([this] {
+    const double start = pump_.Now();
+    EXPECT_FALSE(comm_.WaitBlocking(8, 0.1));
+    EXPECT_GE(pump_.Now() - start, 0.1);
+    EXPECT_LT(pump_.Now() - start, 0.12);
+  });
+  // A silent drive is no failing port, however often it is asked.
+  for (int turn = 0; turn < 100; ++turn) comm_.WaitBlocking(8, 0.001);
+  pump_.PumpEvents();
+  EXPECT_EQ(log, "click timer HG=123\r");
+  Say("!");
+  EXPECT_TRUE(pump_.PumpEventsUntil([&] { return log.ends_with('!'); }, 2.0)) << "the port has gone deaf";
+}
+
+TEST_F(SerialCommTest, HangUpEndsABlockingWaitAndIsToldAfterwards) {
+  int changes = 0;
+  comm_.StateChanged.Set([&] { ++changes; });
+  Open(comm_);
+  std::thread drive([this] {
+    Hear();
+    peer_.Unplug();
+  });
+  comm_.Output("HG\r");
+  const double start = pump_.Now();
+  ExpectCalm([this] { EXPECT_FALSE(comm_.WaitBlocking(7, 5.0)); });
+  drive.join();
+  EXPECT_FALSE(comm_.WaitBlocking(7, 5.0));
+  EXPECT_LT(pump_.Now() - start, 1.0);
+  EXPECT_EQ(std::pair(comm_.PortOpen(), changes), std::pair(true, 1));
+  pump_.PumpEvents();
+  EXPECT_EQ(std::pair(comm_.PortOpen(), changes), std::pair(false, 2));
+}
+
 TEST_F(SerialCommTest, RefusalsAreSaidInPlainWords) {
   fs::create_symlink("COM1", links_ / "COM2");
   fs::create_symlink("/dev/no-such-device", links_ / "COM3");
