@@ -67,8 +67,4 @@ void Desktop::ReportError(const RuntimeError& error) {
   std::abort();  // not reached: the compiler does not trust a virtual function that never returns
 }
 
-void Delay(Desktop& desktop, double seconds) {
-  desktop.PumpEventsUntil([] { return false; }, seconds);
-}
-
 }  // namespace kavr6

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "platform/event_pump.h"
 #include "platform/file_dialog.h"
 #include "platform/message_box.h"
 #include "platform/runtime_error.h"
-#include "platform/scheduler.h"
 
 namespace kavr6 {
 
@@ -31,15 +31,9 @@ struct ProgramVersion {
 /// The front window is the front one among the program's own windows: a message box or a file dialog is
 /// none of them, and switching to another program changes nothing.
 ///
-/// Code after a pump, a box or a modal window must look at ports, windows and buffers anew.
-class Desktop : public Scheduler {
+/// A box or a modal window is a wait like any other: what lies behind it looks at the world anew.
+class Desktop : public EventPump {
  public:
-  /// Lets what is pending at this moment run, and returns.
-  virtual void PumpEvents() = 0;
-  /// Lets events run until `done` holds or `limit` seconds have passed, sleeping in between; `done` is asked
-  /// after each event. Returns what `done` said last.
-  virtual bool PumpEventsUntil(const std::function<bool()>& done, double limit) = 0;
-
   /// Shows a box and waits for the answer; events keep running meanwhile.
   virtual BoxAnswer Ask(const MessageBox& box) = 0;
   /// Asks for a file and waits for the choice; events keep running meanwhile. Full path in UTF-8, empty when
@@ -88,8 +82,5 @@ class Desktop : public Scheduler {
 
   std::vector<Form*> shown_;
 };
-
-/// The general wait: lets every user and port event run for `seconds`.
-void Delay(Desktop& desktop, double seconds);
 
 }  // namespace kavr6

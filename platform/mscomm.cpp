@@ -5,9 +5,25 @@
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
+namespace {
+
+/// True until its block is left.
+class ScopedFlag {
+ public:
+  explicit ScopedFlag(bool& flag) : flag_(flag) { flag_ = true; }
+  ScopedFlag(const ScopedFlag&) = delete;
+  ScopedFlag& operator=(const ScopedFlag&) = delete;
+  ~ScopedFlag() { flag_ = false; }
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
 
 MSComm::~MSComm() {
   if (notificationQueued_) scheduler_.Cancel(notification_);
+  scheduler_.Cancel(lossReport_);
 }
 
 void MSComm::SetCommPort(int number) {
@@ -25,6 +41,7 @@ void MSComm::SetPortOpen(bool open) {
     OpenDevice(commPort_);
   } else {
     CloseDevice();
+    scheduler_.Cancel(std::exchange(lossReport_, 0));
   }
   buffer_.clear();
   open_ = open;
@@ -41,6 +58,15 @@ void MSComm::Output(std::string_view text) {
 
 Bytes MSComm::Input() { return std::exchange(buffer_, {}); }
 
+bool MSComm::WaitBlocking(int count, double limit) {
+  const auto enough = [this, count] { return InBufferCount() >= count; };
+  if (open_ && lossReport_ == 0 && !enough()) {
+    const ScopedFlag blocked(blocked_);
+    Block([&] { return lossReport_ != 0 || enough(); }, limit);
+  }
+  return enough();
+}
+
 void MSComm::Arrived(std::span<const std::uint8_t> bytes) {
   buffer_.insert(buffer_.end(), bytes.begin(), bytes.end());
   if (threshold_ == 0 || InBufferCount() < threshold_ || notificationQueued_) return;
@@ -49,7 +75,15 @@ void MSComm::Arrived(std::span<const std::uint8_t> bytes) {
 }
 
 void MSComm::LineLost() {
-  if (open_) SetPortOpen(false);
+  if (blocked_) {
+    LineLostLater();
+  } else if (open_) {
+    SetPortOpen(false);
+  }
+}
+
+void MSComm::LineLostLater() {
+  if (lossReport_ == 0) lossReport_ = scheduler_.Post([this] { LineLost(); });
 }
 
 void MSComm::Notify() {

@@ -51,6 +51,11 @@ class MSComm {
   /// Takes all waiting bytes.
   Bytes Input();
   int InBufferCount() const { return static_cast<int>(buffer_.size()); }
+  /// Blocks the program until `count` bytes wait in the buffer, `limit` seconds (finite) have passed or the
+  /// device is gone; with the port closed it returns at once. Bytes come in meanwhile, and nothing else
+  /// happens: clicks, keys, timers, tasks, the receive notification and the news of a lost line follow with
+  /// the next pump, late. Returns whether `count` bytes wait.
+  bool WaitBlocking(int count, double limit);
 
   Event<int> OnComm;
   /// The port has been opened, closed, or lost.
@@ -62,10 +67,16 @@ class MSComm {
   virtual void OpenDevice(int number) = 0;
   virtual void CloseDevice() = 0;
   virtual void Send(std::span<const std::uint8_t> bytes) = 0;
+  /// Takes in bytes, and lets nothing else happen, until `done` holds or `limit` seconds have passed. Called
+  /// with the port open.
+  virtual void Block(const std::function<bool()>& done, double limit) = 0;
   /// For the implementation: bytes have come in.
   void Arrived(std::span<const std::uint8_t> bytes);
-  /// For the implementation: the device is gone. Closes the port, quietly.
+  /// For the implementation: the device is gone. Closes the port, quietly; while the program is blocked,
+  /// afterwards.
   void LineLost();
+  /// The same from the event pump, for where the program's handlers must not run.
+  void LineLostLater();
 
  private:
   void Notify();
@@ -79,6 +90,8 @@ class MSComm {
   Bytes buffer_;
   bool notificationQueued_ = false;
   Scheduler::TaskId notification_ = 0;
+  bool blocked_ = false;
+  Scheduler::TaskId lossReport_ = 0;  // 0: none is under way
 };
 
 }  // namespace kavr6

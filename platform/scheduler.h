@@ -30,4 +30,13 @@ class Scheduler {
   TaskId Post(Task task) { return CallAfter(0.0, std::move(task)); }
 };
 
+/// The tasks of a simulated line and of what hangs at its far end, for which the program is a partner and not
+/// the master: they run from the event pump among all others, and alone while the program is blocked.
+class LineScheduler : public Scheduler {
+ public:
+  /// Runs these tasks alone, as their time comes, until `done` holds or `limit` seconds have passed. All
+  /// others wait for the next pump.
+  virtual void Block(const std::function<bool()>& done, double limit) = 0;
+};
+
 }  // namespace kavr6

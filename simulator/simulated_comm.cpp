@@ -6,19 +6,30 @@
 
 namespace kavr6 {
 
-SimulatedComm::SimulatedComm(Scheduler& scheduler)
-    : MSComm(scheduler), scheduler_(scheduler), line_(scheduler) {
+SimulatedComm::SimulatedComm(Scheduler& program, LineScheduler& line)
+    : MSComm(program), time_(line), line_(line) {
   line_.ToTool = [this](std::uint8_t byte) { Gather(byte); };
-  line_.HungUp = [this] { LineLost(); };
+  line_.HungUp = [this] { Unplug(); };
 }
 
 void SimulatedComm::Gather(std::uint8_t byte) {
   gathered_.push_back(byte);
   if (latency_ == 0.0) {
-    Arrived(std::exchange(gathered_, {}));
+    HandOver();
   } else if (gathered_.size() == 1) {
-    scheduler_.CallAfter(latency_, [this] { Arrived(std::exchange(gathered_, {})); });
+    handOver_ = time_.CallAfter(latency_, [this] { HandOver(); });
   }
+}
+
+void SimulatedComm::HandOver() {
+  time_.Cancel(handOver_);
+  Arrived(std::exchange(gathered_, {}));
+}
+
+void SimulatedComm::Unplug() {
+  // The port may learn of it later.
+  DropLine();
+  LineLost();
 }
 
 void SimulatedComm::Connect(int port, SimulatedDrive* drive) {
@@ -43,6 +54,11 @@ void SimulatedComm::OpenDevice(int number) {
 
 void SimulatedComm::CloseDevice() {
   openPort_ = 0;
+  DropLine();
+}
+
+void SimulatedComm::DropLine() {
+  time_.Cancel(handOver_);
   gathered_.clear();
   line_.Connect(nullptr);
 }

@@ -15,7 +15,9 @@ namespace kavr6 {
 /// directions. Closing the port or hanging up drops what is on the way.
 class SimulatedComm : public MSComm {
  public:
-  explicit SimulatedComm(Scheduler& scheduler);
+  /// `program` delivers notifications, `line` carries the bytes.
+  SimulatedComm(Scheduler& program, LineScheduler& line);
+  ~SimulatedComm() override { time_.Cancel(handOver_); }
 
   /// Puts a drive behind a port; while the port is open the drive's Transmit is taken over. Null leaves a
   /// port that opens with nothing behind it. Ports never named cannot be opened. A connected drive must be
@@ -33,7 +35,7 @@ class SimulatedComm : public MSComm {
   /// The adapter gathers what comes in for this long, in seconds, and hands it over in one piece.
   void SetLatency(double seconds) { latency_ = seconds; }
   /// The adapter is pulled out of the machine.
-  void Unplug() { LineLost(); }
+  void Unplug();
 
   std::string DeviceName(int number) const override;
 
@@ -41,6 +43,7 @@ class SimulatedComm : public MSComm {
   void OpenDevice(int number) override;
   void CloseDevice() override;
   void Send(std::span<const std::uint8_t> bytes) override;
+  void Block(const std::function<bool()>& done, double limit) override { time_.Block(done, limit); }
 
  private:
   struct Port {
@@ -49,10 +52,13 @@ class SimulatedComm : public MSComm {
   };
 
   void Gather(std::uint8_t byte);
+  void HandOver();
+  void DropLine();
 
-  Scheduler& scheduler_;
+  LineScheduler& time_;
   double latency_ = 0.0;
   Bytes gathered_;
+  Scheduler::TaskId handOver_ = 0;
   std::map<int, Port> ports_;
   SimulatedLine line_;
   int openPort_ = 0;

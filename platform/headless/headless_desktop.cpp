@@ -8,10 +8,10 @@ namespace {
 constexpr int kMostRunsAtOneTime = 100'000;
 }  // namespace
 
-Scheduler::TaskId HeadlessDesktop::CallAfter(double seconds, Task task) {
+Scheduler::TaskId HeadlessDesktop::Add(double seconds, Task task, Of of) {
   const TaskId id = ++lastId_;
   const double time = now_ + seconds;
-  queue_.emplace(std::pair(time, id), std::move(task));
+  queue_.emplace(std::pair(time, id), Entry{std::move(task), of});
   times_.emplace(id, time);
   return id;
 }
@@ -23,14 +23,13 @@ void HeadlessDesktop::Cancel(TaskId id) {
   times_.erase(found);
 }
 
-void HeadlessDesktop::RunFirst() {
-  const auto first = queue_.begin();
-  now_ = std::max(now_, first->first.first);
+void HeadlessDesktop::Run(Queue::iterator entry) {
+  now_ = std::max(now_, entry->first.first);
   if (std::exchange(lastRun_, now_) != now_) runsAtThisTime_ = 0;
   if (++runsAtThisTime_ > kMostRunsAtOneTime) throw HeadlessFault("the same moment never ends");
-  const Task task = std::move(first->second);
-  times_.erase(first->first.second);
-  queue_.erase(first);
+  const Task task = std::move(entry->second.task);
+  times_.erase(entry->first.second);
+  queue_.erase(entry);
   Enter(task);
 }
 
@@ -38,7 +37,7 @@ void HeadlessDesktop::PumpEvents() {
   // What these tasks post for this same moment has a higher number and waits for the next pump.
   const TaskId newest = lastId_;
   while (!queue_.empty() && queue_.begin()->first.first <= now_ && queue_.begin()->first.second <= newest)
-    RunFirst();
+    Run(queue_.begin());
 }
 
 bool HeadlessDesktop::PumpEventsUntil(const std::function<bool()>& done, double limit) {
@@ -50,9 +49,23 @@ bool HeadlessDesktop::PumpEventsUntil(const std::function<bool()>& done, double 
       now_ = std::max(now_, deadline);
       return done();
     }
-    RunFirst();
+    Run(queue_.begin());
   }
   return true;
+}
+
+void HeadlessDesktop::LineView::Block(const std::function<bool()>& done, double limit) {
+  Queue& queue = desktop_.queue_;
+  const double deadline = Now() + limit;
+  while (!done()) {
+    const auto next =
+        std::find_if(queue.begin(), queue.end(), [](const auto& item) { return item.second.of == Of::Line; });
+    if (next == queue.end() || next->first.first > deadline) {
+      desktop_.now_ = std::max(Now(), deadline);
+      return;
+    }
+    desktop_.Run(next);
+  }
 }
 
 BoxAnswer HeadlessDesktop::Ask(const MessageBox& box) {

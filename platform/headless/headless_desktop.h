@@ -40,11 +40,15 @@ struct ExpectedFile {
 
 /// One queue, ordered by time and then by the order of entry, holds everything that will happen: timers, the
 /// simulated line, the user's actions. The clock moves only when nothing is due, straight to the next entry.
+///
+/// While the program is blocked only what has come through Line runs: a test that pulls a cable or sends a
+/// byte in the middle of that schedules it there.
 class HeadlessDesktop : public Desktop {
  public:
   double Now() const override { return now_; }
-  TaskId CallAfter(double seconds, Task task) override;
+  TaskId CallAfter(double seconds, Task task) override { return Add(seconds, std::move(task), Of::Program); }
   void Cancel(TaskId id) override;
+  LineScheduler& Line() { return line_; }
   void PumpEvents() override;
   /// Waiting for ever with nothing left to happen is a HeadlessFault that names the front window.
   bool PumpEventsUntil(const std::function<bool()>& done, double limit) override;
@@ -84,9 +88,32 @@ class HeadlessDesktop : public Desktop {
   void CloseWindow(Form&) override {}
 
  private:
-  void RunFirst();
+  enum class Of { Program, Line };
+  struct Entry {
+    Task task;
+    Of of;
+  };
+  using Queue = std::map<std::pair<double, TaskId>, Entry>;
 
-  std::map<std::pair<double, TaskId>, Task> queue_;
+  class LineView : public LineScheduler {
+   public:
+    explicit LineView(HeadlessDesktop& desktop) : desktop_(desktop) {}
+    double Now() const override { return desktop_.now_; }
+    TaskId CallAfter(double seconds, Task task) override {
+      return desktop_.Add(seconds, std::move(task), Of::Line);
+    }
+    void Cancel(TaskId id) override { desktop_.Cancel(id); }
+    void Block(const std::function<bool()>& done, double limit) override;
+
+   private:
+    HeadlessDesktop& desktop_;
+  };
+
+  TaskId Add(double seconds, Task task, Of of);
+  void Run(Queue::iterator entry);
+
+  Queue queue_;
+  LineView line_{*this};
   std::map<TaskId, double> times_;
   double now_ = 0.0;
   TaskId lastId_ = 0;

@@ -2,7 +2,6 @@
 
 #include <QTest>
 #include <QtWidgets>
-#include <ctime>
 
 #include <gtest/gtest.h>
 
@@ -78,35 +77,6 @@ class QtDesktopTest : public testing::Test {
 
   EndingDesktop desktop;
 };
-
-TEST_F(QtDesktopTest, TasksRunInOrderOfTimeAndEntryAtAnyDepth) {
-  std::string log;
-  desktop.CallAfter(0.004, [&] { log += "late "; });
-  desktop.CallAfter(0.002, [&] { log += "soon "; });
-  desktop.Cancel(desktop.CallAfter(0.001, [&] { log += "never "; }));
-  desktop.Post([&] {
-    log += "a( ";
-    desktop.PumpEventsUntil([&] { return log.ends_with("soon "); }, 1.0);
-    log += ")a ";
-  });
-  desktop.Post([&] {
-    log += "b( ";
-    desktop.PumpEvents();
-    log += ")b ";
-  });
-  desktop.Post([&] { log += "c "; });
-  desktop.PumpEventsUntil([&] { return log.ends_with("late "); }, 1.0);
-  EXPECT_EQ(log, "a( b( c )b soon )a late ");
-}
-
-TEST_F(QtDesktopTest, WaitEndsAtItsLimitWithoutUsingTheProcessor) {
-  const double start = desktop.Now();
-  const std::clock_t used = std::clock();
-  EXPECT_FALSE(desktop.PumpEventsUntil([] { return false; }, 0.2));
-  EXPECT_LT(static_cast<double>(std::clock() - used) / CLOCKS_PER_SEC, 0.05);
-  EXPECT_GE(desktop.Now() - start, 0.2);
-  EXPECT_LT(desktop.Now() - start, 0.3);
-}
 
 TEST_F(QtDesktopTest, BoxShowsItsTextAsItStandsAndAnswersByKeyOrByClosing) {
   constexpr Qt::Key closed{};  // by its frame

@@ -14,7 +14,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "adapters/qt/windows/qt_desktop.h"
+#include "adapters/qt/base/qt_event_pump.h"
 #include "apps/drive_simulator/pseudo_port.h"
 #include "platform/runtime_error.h"
 
@@ -55,20 +55,23 @@ class SerialCommTest : public testing::Test {
     return "open";
   }
   bool Waiting(int count) {
-    return desktop_.PumpEventsUntil([&] { return comm_.InBufferCount() >= count; }, 2.0);
+    return pump_.PumpEventsUntil([&] { return comm_.InBufferCount() >= count; }, 2.0);
   }
   /// Lets events run for a while, which must take hardly any processor time.
   void ExpectCalm() {
+    ExpectCalm([this] { Delay(pump_, 0.3); });
+  }
+  static void ExpectCalm(const Scheduler::Task& wait) {
     const std::clock_t start = std::clock();
-    Delay(desktop_, 0.3);
+    wait();
     EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, 0.05);
   }
 
   QTemporaryDir directory_;
   fs::path links_{directory_.path().toStdString()};
-  QtDesktop desktop_{[](const std::string&) { return std::unique_ptr<QWidget>(); }};
+  QtEventPump pump_;
   PseudoPort peer_{links_ / "COM1"};
-  SerialComm comm_{desktop_, links_};
+  SerialComm comm_{pump_, links_};
 };
 
 TEST_F(SerialCommTest, CarriesEveryByteValueBothWaysAgainAfterReopening) {
@@ -93,7 +96,7 @@ TEST_F(SerialCommTest, HangUpClosesOnceAndIsForgottenOnceReopened) {
   comm_.StateChanged.Set([&] { ++changes; });
   Open(comm_);
   peer_.Unplug();
-  EXPECT_TRUE(desktop_.PumpEventsUntil([&] { return !comm_.PortOpen(); }, 2.0));
+  EXPECT_TRUE(pump_.PumpEventsUntil([&] { return !comm_.PortOpen(); }, 2.0));
   comm_.Output("into the void");
   ExpectCalm();
   EXPECT_EQ(changes, 2);
@@ -115,12 +118,74 @@ TEST_F(SerialCommTest, PeerThatStopsReadingIsNoHangUp) {
   ExpectCalm();
   std::string heard;
   for (int turn = 0; turn < 1000 && heard.size() < much.size(); ++turn) {
-    desktop_.PumpEvents();
+    pump_.PumpEvents();
     heard += Hear(10);
   }
   EXPECT_EQ(heard.size(), much.size());
   Say("still here");
   EXPECT_TRUE(Waiting(10));
+}
+
+TEST_F(SerialCommTest, FailuresAreCountedAnewAfterReopening) {
+  for (int round = 0; round < 3; ++round) {
+    ASSERT_EQ(Open(comm_), "open");
+    comm_.Output(std::string(70000, 'z'));
+    // A hundred in a row would close the port.
+    for (int refused = 0; refused < 60; ++refused) comm_.Output("z");
+    pump_.PumpEvents();
+    EXPECT_TRUE(comm_.PortOpen()) << round;
+    comm_.SetPortOpen(false);
+  }
+}
+
+TEST_F(SerialCommTest, BlockingWaitTakesBytesInAndServesNothingElse) {
+  std::string log;
+  comm_.OnComm.Set([&](int) { log += Text(comm_.Input()); });
+  Open(comm_);
+  comm_.SetRThreshold(1);
+  pump_.Post([&] { log += "click "; });
+  pump_.CallAfter(1e-6, [&] { log += "timer "; });
+  std::thread drive([this] {
+    EXPECT_EQ(Hear(), "HG\r");
+    Say("HG=");
+    poll(nullptr, 0, 20);
+    Say("123\r");
+  });
+  comm_.Output("HG\r");
+  ExpectCalm([this] { EXPECT_TRUE(comm_.WaitBlocking(7, 2.0)); });
+  drive.join();
+  EXPECT_EQ(log, "");
+  ExpectCalm([this] {
+    const double start = pump_.Now();
+    EXPECT_FALSE(comm_.WaitBlocking(8, 0.1));
+    EXPECT_GE(pump_.Now() - start, 0.1);
+    EXPECT_LT(pump_.Now() - start, 0.12);
+  });
+  // A silent drive is no failing port, however often it is asked.
+  for (int turn = 0; turn < 100; ++turn) comm_.WaitBlocking(8, 0.001);
+  pump_.PumpEvents();
+  EXPECT_EQ(log, "click timer HG=123\r");
+  Say("!");
+  EXPECT_TRUE(pump_.PumpEventsUntil([&] { return log.ends_with('!'); }, 2.0)) << "the port has gone deaf";
+}
+
+TEST_F(SerialCommTest, HangUpEndsABlockingWaitAndIsToldAfterwards) {
+  int changes = 0;
+  comm_.StateChanged.Set([&] { ++changes; });
+  Open(comm_);
+  std::thread drive([this] {
+    Hear();
+    peer_.Unplug();
+  });
+  comm_.Output("HG\r");
+  const double start = pump_.Now();
+  ExpectCalm([this] { EXPECT_FALSE(comm_.WaitBlocking(7, 5.0)); });
+  drive.join();
+  EXPECT_FALSE(comm_.WaitBlocking(7, 5.0));
+  EXPECT_LT(pump_.Now() - start, 1.0);
+  EXPECT_EQ(std::pair(comm_.PortOpen(), changes), std::pair(true, 1));
+  pump_.PumpEvents();
+  EXPECT_EQ(std::pair(comm_.PortOpen(), changes), std::pair(false, 2));
 }
 
 TEST_F(SerialCommTest, RefusalsAreSaidInPlainWords) {
@@ -129,7 +194,7 @@ TEST_F(SerialCommTest, RefusalsAreSaidInPlainWords) {
   EXPECT_EQ(Open(comm_, 3), "The device /dev/no-such-device is not there");
   EXPECT_EQ(Open(comm_, 1, "9600,N,8,1,"), "The line settings \"9600,N,8,1,\" are not possible");
   EXPECT_EQ(Open(comm_, 1, "19200,e,7,2"), "open");
-  SerialComm other(desktop_, links_);
+  SerialComm other(pump_, links_);
   EXPECT_EQ(Open(other, 2), peer_.Terminal() + " is in use by another program");
   comm_.Release();
   EXPECT_EQ(Open(other, 2), "open");

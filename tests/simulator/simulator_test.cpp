@@ -12,8 +12,8 @@ const std::string kPowerUp = "\xFF\x34\x29";
 /// One tool's port with one drive behind it, in virtual time.
 struct Bench {
   HeadlessDesktop desktop;
-  SimulatedDrive drive{desktop};
-  SimulatedComm comm{desktop};
+  SimulatedDrive drive{desktop.Line()};
+  SimulatedComm comm{desktop, desktop.Line()};
 
   Bench() {
     comm.Connect(1, &drive);
@@ -66,6 +66,79 @@ TEST(Drive, HearsNoSingleLetterCommandsInTextMode) {
   EXPECT_EQ(bench.Say("HRHM\rC00C"), "4)4)") << "two zeros mean something after the announcement only";
   bench.drive.Restart();
   EXPECT_EQ(bench.Say("00C"), kPowerUp);
+}
+
+/// A bench whose program writes down what reaches it.
+struct LoggingBench : Bench {
+  LoggingBench() {
+    comm.SetRThreshold(1);
+    comm.OnComm.Set([this](int) { log += "received " + std::to_string(comm.InBufferCount()) + " "; });
+    comm.StateChanged.Set([this] { log += comm.PortOpen() ? "open " : "closed "; });
+    desktop.CallAfter(0.001, [this] { log += "timer "; });
+    desktop.Post([this] { log += "click "; });
+  }
+  std::string log;
+};
+
+TEST(BlockingWait, TakesBytesInAndServesNothingElse) {
+  using Disturb = void (*)(LoggingBench&);
+  // "y\x80" and the four digits of its answer take a byte time each.
+  constexpr double kByte = SimulatedDrive::kByteTime;
+  struct Case {
+    const char* what;
+    int count;
+    Disturb disturb;
+    double ends;
+    int waiting;
+    const char* afterwards;
+  };
+  const Case cases[] = {
+      {"answer", 4, [](LoggingBench&) {}, 6 * kByte, 4, "click timer received 4 "},
+      {"part of an answer", 2, [](LoggingBench&) {}, 4 * kByte, 2, "click timer received 2 "},
+      {"answer in time and more awaited", 5, [](LoggingBench&) {}, 0.25, 4, "click timer received 4 "},
+      {"silence", 1, [](LoggingBench& b) { b.drive.SetSilent(true); }, 0.25, 0, "click timer "},
+      {"gathered by the adapter", 1, [](LoggingBench& b) { b.comm.SetLatency(0.1); }, 3 * kByte + 0.1, 4,
+       "click timer received 4 "},
+      {"hang-up at the third byte", 4,
+       [](LoggingBench& b) { b.comm.Arm({.fault = LineFault::HangUp, .byte = 2}); }, 5 * kByte, 2,
+       "click timer received 2 closed "},
+      {"pulled cable", 4,
+       [](LoggingBench& b) { b.desktop.Line().CallAfter(0.002, [&b] { b.comm.Unplug(); }); }, 0.002, 0,
+       "click timer closed "},
+      {"closed port", 4, [](LoggingBench& b) { b.comm.SetPortOpen(false); }, 0.0, 0, "closed click "}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    LoggingBench bench;
+    c.disturb(bench);
+    const std::string before = bench.log;
+    bench.comm.Output("y\x80");
+    EXPECT_EQ(bench.comm.WaitBlocking(c.count, 0.25), c.waiting >= c.count);
+    EXPECT_NEAR(bench.desktop.Now(), c.ends, 1e-9);
+    EXPECT_EQ(bench.comm.InBufferCount(), c.waiting);
+    EXPECT_EQ(bench.log, before);
+    bench.desktop.PumpEvents();
+    EXPECT_EQ(bench.log, c.afterwards);
+  }
+}
+
+TEST(SimulatedComm, WhatItHasGatheredEndsWithThePort) {
+  HeadlessDesktop desktop;
+  SimulatedDrive drive{desktop.Line()};
+  drive.SetByteTime(0.0);
+  std::optional<SimulatedComm> comm;
+  comm.emplace(desktop, desktop.Line());
+  comm->Connect(1, &drive);
+  comm->SetLatency(0.2);
+  for (int opening = 0; opening < 2; ++opening) {
+    comm->SetPortOpen(true);
+    drive.SendRaw("x");
+    Delay(desktop, 0.15);
+    EXPECT_EQ(comm->InBufferCount(), 0) << "gathers since its last opening";
+    if (opening == 0) comm->SetPortOpen(false);
+  }
+  comm.reset();
+  EXPECT_THROW(Delay(desktop, kForever), HeadlessFault);
+  EXPECT_DOUBLE_EQ(desktop.Now(), 0.3) << "somebody still waited for the port";
 }
 
 }  // namespace

@@ -17,8 +17,8 @@ namespace kavr6 {
 /// Everything a test of the whole program needs. COM1 has a KAVR6-Bx with firmware 1.52k behind it.
 struct Scene {
   HeadlessDesktop desktop;
-  SimulatedDrive drive{desktop};
-  SimulatedComm comm{desktop};
+  SimulatedDrive drive{desktop.Line()};
+  SimulatedComm comm{desktop, desktop.Line()};
   MemoryTable table = CatalogueTable();
   MemoryFiles files;
   Configurator program{{desktop, comm, table, files}};

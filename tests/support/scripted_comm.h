@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/headless/headless_desktop.h"
 #include "platform/mscomm.h"
 #include "platform/runtime_error.h"
-#include "platform/scheduler.h"
 
 namespace kavr6 {
 
@@ -19,7 +19,7 @@ inline Bytes TextBytes(std::string_view text) { return {text.begin(), text.end()
 
 class ScriptedComm : public MSComm {
  public:
-  explicit ScriptedComm(Scheduler& scheduler) : MSComm(scheduler), scheduler_(scheduler) {}
+  explicit ScriptedComm(HeadlessDesktop& desktop) : MSComm(desktop), line_(desktop.Line()) {}
 
   /// Opening this port fails with `why` from now on.
   void Refuse(int port, std::string why) { refused_[port] = std::move(why); }
@@ -30,7 +30,7 @@ class ScriptedComm : public MSComm {
   /// Bytes arrive now, or after a time. With the port closed by then they are lost.
   void Feed(Bytes bytes, double after = 0.0) {
     if (after > 0.0) {
-      scheduler_.CallAfter(after, [this, late = std::move(bytes)] { Feed(late); });
+      line_.CallAfter(after, [this, late = std::move(bytes)] { Feed(late); });
     } else if (PortOpen()) {
       Arrived(bytes);
     }
@@ -59,9 +59,10 @@ class ScriptedComm : public MSComm {
     if (const auto found = replies_.find(text); found != replies_.end())
       Feed(found->second.first, found->second.second);
   }
+  void Block(const std::function<bool()>& done, double limit) override { line_.Block(done, limit); }
 
  private:
-  Scheduler& scheduler_;
+  LineScheduler& line_;
   std::map<int, std::string> refused_;
   std::map<std::string, std::pair<std::string, double>> replies_;
   std::vector<int> opened_;

@@ -1,6 +1,8 @@
 #include "adapters/qt/serial/serial_comm.h"
 
 #include <QFileInfo>
+#include <algorithm>
+#include <cmath>
 
 #include "adapters/qt/serial/line_settings.h"
 #include "adapters/qt/serial/open_failure.h"
@@ -38,7 +40,9 @@ SerialComm::SerialComm(Scheduler& scheduler, std::filesystem::path links)
     : MSComm(scheduler), scheduler_(scheduler), names_(std::move(links)) {
   QObject::connect(&port_, &QSerialPort::readyRead, [this] { TakeBytes(); });
   QObject::connect(&port_, &QSerialPort::errorOccurred, [this](QSerialPort::SerialPortError error) {
-    if (error != QSerialPort::NoError && port_.isOpen()) PortFailed();
+    // The end of a blocking wait is told as an error, too.
+    const bool failed = error != QSerialPort::NoError && error != QSerialPort::TimeoutError;
+    if (failed && port_.isOpen()) PortFailed();
   });
 }
 
@@ -59,6 +63,7 @@ void SerialComm::OpenDevice(int number) {
   port_.setDataTerminalReady(true);
   port_.setRequestToSend(true);
   port_.clear();  // what came in before is none of ours
+  failuresInARow_ = 0;
 }
 
 void SerialComm::CloseDevice() {
@@ -67,7 +72,6 @@ void SerialComm::CloseDevice() {
     port_.flush();
     port_.close();
   }
-  scheduler_.Cancel(lossReport_);
 }
 
 void SerialComm::Send(std::span<const std::uint8_t> bytes) {
@@ -76,9 +80,18 @@ void SerialComm::Send(std::span<const std::uint8_t> bytes) {
   port_.flush();
 }
 
+void SerialComm::Block(const std::function<bool()>& done, double limit) {
+  constexpr double kLongestSlice = 1000.0;
+  TakeBytes();  // which the port may hold already
+  const double deadline = scheduler_.Now() + limit;
+  for (double left = limit; left > 0.0 && !done(); left = deadline - scheduler_.Now())
+    port_.waitForReadyRead(static_cast<int>(std::ceil(std::min(left, kLongestSlice) * 1000.0)));
+}
+
 void SerialComm::TakeBytes() {
   const QByteArray bytes = port_.readAll();
-  if (!bytes.isEmpty()) failuresInARow_ = 0;
+  if (bytes.isEmpty()) return;
+  failuresInARow_ = 0;
   Arrived(
       std::span(reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())));
 }
@@ -91,7 +104,7 @@ void SerialComm::PortFailed() {
   // A dead port left open fails without end. Closing it here is safe; telling the program is not, since its
   // handlers must not run from inside the port's signal.
   port_.close();
-  lossReport_ = scheduler_.Post([this] { LineLost(); });
+  LineLostLater();
 }
 
 bool SerialComm::HungUp() const {

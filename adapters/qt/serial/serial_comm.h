@@ -30,6 +30,7 @@ class SerialComm : public MSComm {
   void OpenDevice(int number) override;
   void CloseDevice() override;
   void Send(std::span<const std::uint8_t> bytes) override;
+  void Block(const std::function<bool()>& done, double limit) override;
 
  private:
   void TakeBytes();
@@ -39,8 +40,7 @@ class SerialComm : public MSComm {
   Scheduler& scheduler_;
   PortNames names_;
   QSerialPort port_;
-  int failuresInARow_ = 0;  // without a byte in between
-  Scheduler::TaskId lossReport_ = 0;
+  int failuresInARow_ = 0;  // since the opening, without a byte in between
 };
 
 }  // namespace kavr6

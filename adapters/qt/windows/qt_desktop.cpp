@@ -1,6 +1,5 @@
 #include "adapters/qt/windows/qt_desktop.h"
 
-#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QLocale>
 #include <QMainWindow>
@@ -23,30 +22,13 @@
 namespace kavr6 {
 namespace {
 
-// Events that keep making new ones do not hold up whoever only wanted to let the waiting ones run.
-constexpr int kMostPumpRounds = 8;
 // A splash that is not on the screen by then is not waited for.
 constexpr double kSplashWaitSeconds = 0.25;
-
-/// A task that is forgotten when its owner's block is left.
-class ScopedTask {
- public:
-  ScopedTask(Scheduler& scheduler, double seconds, Scheduler::Task task) : scheduler_(scheduler) {
-    if (seconds != kForever) id_ = scheduler.CallAfter(seconds, std::move(task));
-  }
-  ScopedTask(const ScopedTask&) = delete;
-  ScopedTask& operator=(const ScopedTask&) = delete;
-  ~ScopedTask() { scheduler_.Cancel(id_); }
-
- private:
-  Scheduler& scheduler_;
-  Scheduler::TaskId id_ = 0;
-};
 
 }  // namespace
 
 QtDesktop::QtDesktop(WindowBuilder build)
-    : build_(std::move(build)), tasks_([this](const Task& task) { EnterLogic(*this, task); }) {
+    : build_(std::move(build)), pump_([this](const Task& task) { EnterLogic(*this, task); }) {
   // A dialog's own native window would make native ones of all children of the main window, its parent.
   QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
   // The logic decides when the program ends.
@@ -54,25 +36,6 @@ QtDesktop::QtDesktop(WindowBuilder build)
 }
 
 QtDesktop::~QtDesktop() = default;
-
-void QtDesktop::PumpEvents() {
-  QAbstractEventDispatcher* const dispatcher = QAbstractEventDispatcher::instance();
-  const TaskId newest = tasks_.Newest();
-  for (int rounds = 0;;) {
-    const bool any = dispatcher->processEvents(QEventLoop::AllEvents);
-    if (!tasks_.IsDueUpTo(newest) && (!any || ++rounds == kMostPumpRounds)) return;
-  }
-}
-
-bool QtDesktop::PumpEventsUntil(const std::function<bool()>& done, double limit) {
-  bool expired = false;
-  const ScopedTask deadline(*this, limit, [&expired] { expired = true; });
-  while (!done()) {
-    if (expired) return false;
-    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-  }
-  return true;
-}
 
 BoxAnswer QtDesktop::Ask(const MessageBox& box) {
   const BoxAnswer answer = ShowMessageBox(box, BoxParent());

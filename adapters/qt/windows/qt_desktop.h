@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "adapters/qt/base/task_queue.h"
+#include "adapters/qt/base/qt_event_pump.h"
 #include "platform/desktop.h"
 
 namespace kavr6 {
@@ -28,11 +28,13 @@ class QtDesktop : public Desktop {
   explicit QtDesktop(WindowBuilder build);
   ~QtDesktop() override;
 
-  double Now() const override { return TaskQueue::Now(); }
-  TaskId CallAfter(double seconds, Task task) override { return tasks_.Add(seconds, std::move(task)); }
-  void Cancel(TaskId id) override { tasks_.Cancel(id); }
-  void PumpEvents() override;
-  bool PumpEventsUntil(const std::function<bool()>& done, double limit) override;
+  double Now() const override { return pump_.Now(); }
+  TaskId CallAfter(double seconds, Task task) override { return pump_.CallAfter(seconds, std::move(task)); }
+  void Cancel(TaskId id) override { pump_.Cancel(id); }
+  void PumpEvents() override { pump_.PumpEvents(); }
+  bool PumpEventsUntil(const std::function<bool()>& done, double limit) override {
+    return pump_.PumpEventsUntil(done, limit);
+  }
 
   BoxAnswer Ask(const MessageBox& box) override;
   std::string ChooseFile(const FileDialog& dialog) override;
@@ -64,7 +66,7 @@ class QtDesktop : public Desktop {
   void LowerLifted();
 
   WindowBuilder build_;
-  TaskQueue tasks_;
+  QtEventPump pump_;
   std::vector<Task> atEnd_;
   std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
   std::vector<FormWindow*> lifted_;  // modal only until what would have blocked them has gone
