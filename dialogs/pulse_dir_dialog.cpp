@@ -7,6 +7,8 @@ namespace kavr6 {
 PulseDirDialog::PulseDirDialog(MainScreen& screen, Settings& settings)
     : PulseInputDialog(screen, settings,
                        {"PulseDirDialog", "Pulse & Direction Control", "DigitalPosn.html"}) {
+  FramePulseType.Hold({&optPulseDir, &optPulsePulse, &optQuad});
+  FrameDir.Hold({&optDir0, &optDir1});
   for (OptionButton* type : {&optPulseDir, &optPulsePulse, &optQuad})
     type->Clicked.Set([this] { ShowHideOptions(); });
   Activate.Set([this] { ShowHideOptions(); });

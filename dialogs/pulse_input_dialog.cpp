@@ -12,6 +12,8 @@ constexpr double kKilohertz = 1000;  // to the megahertz
 
 PulseInputDialog::PulseInputDialog(MainScreen& screen, Settings& settings, const SetupDialogTexts& texts)
     : SetupDialog(screen, settings, texts) {
+  FrameSPR.Hold({&SPR});
+  FrameStepFilter.Hold({&txtStepFilterFreq});
   for (TextBox* box : {&SPR, &txtStepFilterFreq, &txtNoiseFilter}) LimitEntry(*box);
 }
 

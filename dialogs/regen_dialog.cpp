@@ -7,6 +7,8 @@ namespace kavr6 {
 
 RegenDialog::RegenDialog(MainScreen& screen, Settings& settings)
     : SetupDialog(screen, settings, {"RegenDialog", "Regen Clamp", "regen.html"}) {
+  FrameRegen.Hold({&optIntRes, &optExtRes, &RegenWatts, &RegenOhms, &RegenSecs, &lblRegenWatts, &lblRegenOhms,
+                   &lblRegenSecs, &RegenInt, &RegenExt});
   for (TextBox* box : {&RegenWatts, &RegenOhms, &RegenSecs}) LimitEntry(*box);
   optIntRes.SetValue(true);
   ShowExternal(false);

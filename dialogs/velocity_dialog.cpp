@@ -21,6 +21,10 @@ Long NearestLong(double value) {
 
 VelocityDialog::VelocityDialog(MainScreen& screen, Settings& settings)
     : SetupDialog(screen, settings, {"VelocityDialog", "Velocity Control Mode", "velocity.html"}) {
+  FrameSpeed.Hold({&txtSpeed, &lblSpeedUnit});
+  FrameAnalog.Hold({&lblRange, &ListAnalogRange, &lblSpeed, &CmdScale, &lblAnalogUnits, &Advanced});
+  FrameInPosition.Hold({&MotionOut.optMotionClosed, &MotionOut.optMotionOpen, &MotionOut.optMotionOff,
+                        &MotionOut.optMotionTach, &MotionOut.TachPPR});
   for (TextBox* box : {&txtSpeed, &txtSpeed2, &txtAccel, &txtDecel, &CmdScale}) LimitEntry(*box);
   for (const char* range : {"\u00B110V", "0 to 10V", "\u00B15V", "0 to 5V"}) ListAnalogRange.AddItem(range);
   ListAnalogRange.Clicked.Set([this] { DispScaleOffset(); });

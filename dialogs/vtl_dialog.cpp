@@ -46,6 +46,8 @@ constexpr std::array kProtocolBits{
 
 VTLdialog::VTLdialog(MainScreen& screen, Settings& settings)
     : PulseInputDialog(screen, settings, {"VTLdialog", "VTL Configuration", "VTLdialog.html"}) {
+  FramePulseType.Hold({&ListPulseType, &optDir0, &optDir1});
+  FrameNoiseFilter.Hold({&txtNoiseFilter});
   for (const ControlModeRow& mode : kControlModes)
     ListCM.AddItem(std::to_string(mode.code) + ": " + mode.words, mode.code);
   for (const char* rate : {"9600", "19200", "38400", "57600", "115200"}) LstBitRate.AddItem(rate);
@@ -58,12 +60,11 @@ VTLdialog::VTLdialog(MainScreen& screen, Settings& settings)
 }
 
 void VTLdialog::MakeAddressButtons() {
-  for (std::size_t i = 0; i < RSchar.size(); ++i) {
+  for (int i = 0; i < RSchar.Count(); ++i) {
     const std::string address = CharacterOf(static_cast<std::uint8_t>(kFirstAddress + i));
     // A lone ampersand in a caption would mark a mnemonic.
-    RSchar[i] =
-        std::make_unique<Button>(*this, "RSchar" + std::to_string(i), address == "&" ? "&&" : address);
-    RSchar[i]->Clicked.Set([this, address] {
+    RSchar[i].SetCaption(address == "&" ? "&&" : address);
+    RSchar[i].Clicked.Set([this, address] {
       txtRS485addr.SetText(address);
       txtRS485addr.Focus();  // Enter is OK then, not this button once more
     });

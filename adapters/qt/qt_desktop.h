@@ -34,8 +34,6 @@ class QtDesktop : public Desktop {
   void PumpEvents() override;
   bool PumpEventsUntil(const std::function<bool()>& done, double limit) override;
 
-  BoxAnswer Ask(const MessageBox& box) override;
-  std::string ChooseFile(const FileDialog& dialog) override;
   void Beep() override;
   bool ShiftDown() const override;
   TwipSize ScreenSize() const override;
@@ -54,6 +52,9 @@ class QtDesktop : public Desktop {
  protected:
   void OpenWindow(Form& form, bool modal) override;
   void CloseWindow(Form& form) override;
+  void DropWindow(Form& form) override;
+  BoxAnswer ShowBox(const MessageBox& box) override;
+  std::string ShowFileDialog(const FileDialog& dialog) override;
 
  private:
   FormWindow& Built(Form& form);
@@ -61,6 +62,7 @@ class QtDesktop : public Desktop {
   QWidget* FrontWindow() const;
   QWidget* BoxParent() const;
   void LowerLifted();
+  void AwaitActivation();
 
   WindowBuilder build_;
   TaskQueue tasks_;
@@ -69,6 +71,8 @@ class QtDesktop : public Desktop {
   std::vector<FormWindow*> lifted_;  // modal only until what would have blocked them has gone
   QWidget* mainWindow_ = nullptr;
   bool arranging_ = false;
+  const Form* awaited_ = nullptr;  // its window is still to become the active one, by the program's wish
+  double awaitedUntil_ = 0.0;
 };
 
 }  // namespace kavr6

@@ -63,7 +63,7 @@ void MainForm::WireButtons() {
   Upload.Clicked.Set([this] { transfers_.UploadClick(); });
   ModelList.Clicked.Set([this] { ModelListClick(); });
   Summary.DoubleClicked.Set([this](int row) {
-    if (ClickableControl* button = Report.ButtonOf(row)) button->Click();
+    if (ClickableControl* button = Report.ButtonOf(row)) button->Press();
   });
   for (HotSpot* spot : {&HSACPower, &HSdomelabel, &HSencoder, &HSinout1, &HSinout2, &HSled, &HSrs485}) {
     spot->Clicked.Set([this, spot] {
@@ -174,12 +174,12 @@ void MainForm::ModelListClick() {
 
 void MainForm::PressOpenOks() {
   for (SetupDialog* dialog : CommittedDialogs)
-    if (dialog->Visible()) dialog->OK.Click();
+    if (dialog->Visible()) dialog->OK.Press();
 }
 
 bool MainForm::KeyPressed(char character) {
   if (character != kCtrlT) return false;
-  if (p_.comm.PortOpen()) Call(Openers.Terminal);
+  MenuTerminal.Press();
   return true;
 }
 

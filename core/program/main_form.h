@@ -49,7 +49,6 @@ class MainForm : public MainScreen {
 
   /// Leaves the program, after the question when there are changes; returns when the user stays.
   void Leave();
-  bool KeyPressed(char character) override;
 
   MotorCalculations Calculations;
   SummaryGrid Report;
@@ -59,6 +58,7 @@ class MainForm : public MainScreen {
  protected:
   void Load() override;
   bool MayClose() override;
+  bool KeyPressed(char character) override;
 
  private:
   void StartSharedValues();

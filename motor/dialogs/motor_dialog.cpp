@@ -21,6 +21,7 @@ MotorDialog::MotorDialog(MainScreen& screen, MotorTable& table, Settings& settin
       table_(table),
       calculations_(calculations) {
   FillUnits(JUnits, InertiaUnitName);
+  HoldSpecs();
   ShowMore(false);
   WireMotorChoice();
   WireRunningCurrent();
@@ -28,6 +29,15 @@ MotorDialog::MotorDialog(MainScreen& screen, MotorTable& table, Settings& settin
   WireLoadInertia();
   Wiring.Clicked.Set([this] { ShowHelp("Connecting_the_Motor.html"); });
   calculations_.DialogShowsCustom = [this] { return optCustom.Value(); };
+}
+
+void MotorDialog::HoldSpecs() {
+  FrameMotorSpecs.Hold(
+      {&lblRatedTorque, &TorqueUnit, &lblRatedCurrent, &lblRotorInertia, &RotorInertiaUnit, &MotorMore});
+  MotorMore.Hold({&lblSmoothingGain, &lblSmoothingPhase, &lblDeg, &lblrps});
+  FrameOtherMotor.Hold(
+      {&OtherTorque, &OtherTorqueUnit, &OtherCurrent, &OtherInertia, &OtherInertiaUnit, &OtherMore});
+  OtherMore.Hold({&OtherHarmonicGain, &OtherHarmonicPhase, &OtherDeg, &OtherRPS});
 }
 
 void MotorDialog::WireMotorChoice() {
