@@ -54,7 +54,7 @@ class BenchDesktop : public QtDesktop {
  public:
   explicit BenchDesktop(std::filesystem::path folder) : QtDesktop(BuildWindow), folder_(std::move(folder)) {}
   std::filesystem::path ProgramDirectory() const override { return folder_; }
-  BoxAnswer Ask(const MessageBox& box) override {
+  BoxAnswer ShowBox(const MessageBox& box) override {
     return box.buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
   }
 

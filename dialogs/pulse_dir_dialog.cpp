@@ -6,6 +6,8 @@ namespace kavr6 {
 
 PulseDirDialog::PulseDirDialog(const SetupParts& parts)
     : PulseInputDialog(parts, {"PulseDirDialog", "Pulse & Direction Control", "DigitalPosn.html"}) {
+  FramePulseType.Hold({&optPulseDir, &optPulsePulse, &optQuad});
+  FrameDir.Hold({&optDir0, &optDir1});
   for (OptionButton* type : {&optPulseDir, &optPulsePulse, &optQuad})
     type->Clicked.Set([this] { ShowHideOptions(); });
   Activate.Set([this] { ShowHideOptions(); });

@@ -8,6 +8,8 @@ namespace kavr6 {
 
 RegenDialog::RegenDialog(const SetupParts& parts)
     : SetupDialog(parts, {"RegenDialog", "Regen Clamp", "regen.html"}) {
+  FrameRegen.Hold({&optIntRes, &optExtRes, &RegenWatts, &RegenOhms, &RegenSecs, &lblRegenWatts, &lblRegenOhms,
+                   &lblRegenSecs, &RegenInt, &RegenExt});
   for (TextBox* box : {&RegenWatts, &RegenOhms, &RegenSecs}) LimitEntry(*box);
   lblRegenWatts.SetCaption(NumberText(kInternalResistor.watts));
   lblRegenOhms.SetCaption(NumberText(kInternalResistor.ohms));

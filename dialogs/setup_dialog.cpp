@@ -21,7 +21,8 @@ void SetupDialog::Open() {
     return;
   }
   EnsureLoaded();
-  Cancel.Focus();  // a field left behind by closing the window is cleaned before it is filled anew
+  Cancel
+      .Focus();  // a field in which the dialog was closed is not entered and left again: that would clean it
   filledFrom_ = settings_;
   Fill();
   Show();

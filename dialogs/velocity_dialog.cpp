@@ -20,6 +20,10 @@ Long NearestLong(double value) {
 
 VelocityDialog::VelocityDialog(const SetupParts& parts)
     : SetupDialog(parts, {"VelocityDialog", "Velocity Control Mode", "velocity.html"}) {
+  FrameSpeed.Hold({&txtSpeed, &lblSpeedUnit});
+  FrameAnalog.Hold({&lblRange, &ListAnalogRange, &lblSpeed, &CmdScale, &lblAnalogUnits, &Advanced});
+  FrameInPosition.Hold({&MotionOut.optMotionClosed, &MotionOut.optMotionOpen, &MotionOut.optMotionOff,
+                        &MotionOut.optMotionTach, &MotionOut.TachPPR});
   for (TextBox* box : {&txtSpeed, &txtSpeed2, &txtAccel, &txtDecel, &CmdScale}) LimitEntry(*box);
   for (const AnalogRange& range : kAnalogRanges) ListAnalogRange.AddItem(std::string(range.listed));
   ListAnalogRange.Clicked.Set([this] { DispScaleOffset(); });

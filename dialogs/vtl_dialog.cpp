@@ -26,6 +26,8 @@ constexpr std::array kProtocolBoxes{
 
 VTLdialog::VTLdialog(const SetupParts& parts)
     : PulseInputDialog(parts, {"VTLdialog", "VTL Configuration", "VTLdialog.html"}) {
+  FramePulseType.Hold({&ListPulseType, &optDir0, &optDir1});
+  FrameNoiseFilter.Hold({&txtNoiseFilter});
   for (const ControlModeWords& mode : kPowerUpModes)
     ListCM.AddItem(std::to_string(mode.code) + ": " + std::string(mode.words), mode.code);
   for (const int rate : kBitRates) LstBitRate.AddItem(std::to_string(rate));
@@ -37,12 +39,11 @@ VTLdialog::VTLdialog(const SetupParts& parts)
 }
 
 void VTLdialog::MakeAddressButtons() {
-  for (std::size_t i = 0; i < RSchar.size(); ++i) {
+  for (int i = 0; i < RSchar.Count(); ++i) {
     const std::string address = CharacterOf(static_cast<std::uint8_t>(kFirstAddress + i));
     // A lone ampersand in a caption would mark a mnemonic.
-    RSchar[i] =
-        std::make_unique<Button>(*this, "RSchar" + std::to_string(i), address == "&" ? "&&" : address);
-    RSchar[i]->Clicked.Set([this, address] {
+    RSchar[i].SetCaption(address == "&" ? "&&" : address);
+    RSchar[i].Clicked.Set([this, address] {
       txtRS485addr.SetText(address);
       txtRS485addr.Focus();  // Enter is OK then, not this button once more
     });

@@ -1,10 +1,8 @@
 // The host command mode dialog.
 #pragma once
 
-#include <array>
-#include <memory>
-
 #include "dialogs/pulse_input_dialog.h"
+#include "platform/control_array.h"
 
 namespace kavr6 {
 
@@ -23,9 +21,9 @@ class VTLdialog : public PulseInputDialog {
   CheckBox chkConverter{*this, "chkConverter"};
   CheckBox chkRedLion{*this, "chkRedLion"};
   TextBox txtRS485addr{*this, "txtRS485addr"};
-  std::array<std::unique_ptr<Button>, kAddresses> RSchar;  ///< named "RSchar0" to "RSchar31"
-  TextBox txtTxDelay{*this, "txtTxDelay"};                 ///< ms
-  ListBox ListPulseType{*this, "ListPulseType"};           ///< the row is PulseType
+  ControlArray<Button> RSchar{*this, "RSchar", kAddresses};
+  TextBox txtTxDelay{*this, "txtTxDelay"};        ///< ms
+  ListBox ListPulseType{*this, "ListPulseType"};  ///< the row is PulseType
   Frame FrameNoiseFilter{*this, "FrameNoiseFilter"};
 
   /// The operating mode that OK sets.

@@ -47,7 +47,7 @@ struct Scene : HeadlessDesktop {
       ++alarms;
     };
   }
-  BoxAnswer Ask(const MessageBox&) override {
+  BoxAnswer ShowBox(const MessageBox&) override {
     Delay(*this, 0.01);
     return BoxAnswer::Ok;
   }

@@ -1,6 +1,7 @@
 #include "platform/controls.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/form.h"
 
@@ -22,23 +23,23 @@ void TextBox::SetSelection(std::size_t start, std::size_t length) {
 }
 
 void TextBox::Type(const std::string& text) {
-  if (!Usable()) return;
-  Focus();
+  if (!UserFocuses()) return;
   selStart_ = text.size();
   selLength_ = 0;
   SetText(text);
 }
 
-void ClickableControl::Click() {
+void ClickableControl::Press() {
   if (!Usable()) return;
   Focus();
-  Clicked.Raise();
+  TakeClick();
 }
 
-void CheckBox::Click() {
-  if (!Usable()) return;
-  Focus();
-  SetValue(!value_);
+void ImageButton::SetPictures(const std::string& up, const std::string& down) {
+  if (up_ == up && down_ == down) return;
+  up_ = up;
+  down_ = down;
+  Refresh();
 }
 
 OptionButton::OptionButton(Form& form, std::string name, OptionGroup& group)
@@ -53,12 +54,6 @@ void OptionButton::SetValue(bool value) {
   }
   Assign(value_, value);
   if (value) Clicked.Raise();
-}
-
-void OptionButton::Click() {
-  if (!Usable()) return;
-  Focus();
-  SetValue(true);
 }
 
 void ListBox::Clear() {
@@ -106,15 +101,13 @@ void ListBox::SetListIndex(int index) {
 std::string ListBox::Text() const { return listIndex_ < 0 ? std::string() : At(listIndex_).text; }
 
 void ListBox::Select(int index) {
-  if (!Usable()) return;
-  Focus();
-  SetListIndex(index);
+  if (UserFocuses()) SetListIndex(index);
 }
 
 void ListBox::DoubleClick(int index) {
-  if (!Usable()) return;
-  Select(index);
-  DoubleClicked.Raise();
+  if (!UserFocuses()) return;
+  SetListIndex(index);
+  if (Usable() && Owner().Visible()) DoubleClicked.Raise();
 }
 
 bool Slider::Take(int value) { return Assign(value_, std::clamp(value, range_.min, range_.max)); }
@@ -123,9 +116,17 @@ void Slider::SetValue(int value) {
   if (Take(value)) Change.Raise();
 }
 
+void Slider::SetRange(const SliderRange& range, int value) {
+  const bool moved = std::exchange(value_, std::clamp(value, range.min, range.max)) != value_;
+  if (moved || range_ != range) {
+    range_ = range;
+    Refresh();
+  }
+  if (moved) Change.Raise();
+}
+
 void Slider::Scroll(int value) {
-  if (!Usable()) return;
-  Focus();
+  if (!UserFocuses()) return;
   const int before = value_;
   if (!Take(value)) return;
   Scrolled.Raise();
@@ -137,12 +138,6 @@ void PercentPanel::SetFloodPercent(int percent) { Assign(percent_, std::clamp(pe
 
 Timer::~Timer() {
   if (waiting_) Owner().Desk().Cancel(pending_);
-}
-
-void Timer::SetEnabled(bool enabled) {
-  if (Enabled() == enabled) return;
-  Control::SetEnabled(enabled);
-  Restart();
 }
 
 void Timer::SetInterval(int milliseconds) {

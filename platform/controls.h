@@ -1,6 +1,7 @@
 // The control models that windows are made of.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -28,9 +29,14 @@ class Label : public Control {
   std::string caption_;
 };
 
+/// A part of a window. What it holds is hidden and disabled with it; frames may hold frames.
 class Frame : public Control {
  public:
   Frame(Form& form, std::string name) : Control(form, std::move(name), ControlKind::Frame) {}
+  /// Puts controls of the same form into this frame.
+  void Hold(std::initializer_list<Control*> controls) {
+    for (Control* control : controls) control->frame_ = this;
+  }
 };
 
 class TextBox : public Control {
@@ -63,7 +69,16 @@ class ClickableControl : public Control {
  public:
   using Control::Control;
   Event<> Clicked;
-  virtual void Click();
+  /// The user clicks.
+  void Click() {
+    if (UserFocuses()) TakeClick();
+  }
+  /// Does what a click does, without a user: no window comes to the front, and it does not matter what stands
+  /// before this one. Does nothing while the control is disabled or hidden.
+  void Press();
+
+ protected:
+  virtual void TakeClick() { Clicked.Raise(); }
 };
 
 class Button : public ClickableControl {
@@ -83,25 +98,26 @@ class Button : public ClickableControl {
   Role role_;
 };
 
-/// A button that is a picture, with another picture while it is pressed.
+/// A button that is a picture, with another picture while it is pressed. Pictures are named as in the
+/// artwork.
 class ImageButton : public ClickableControl {
  public:
   ImageButton(Form& form, std::string name, std::string up, std::string down)
       : ClickableControl(form, std::move(name), ControlKind::ImageButton),
         up_(std::move(up)),
-        down_(std::move(down)),
-        picture_(up_) {}
-  /// Name of the picture on show.
-  const std::string& Picture() const { return picture_; }
+        down_(std::move(down)) {}
+  /// The picture on show.
+  const std::string& Picture() const { return pressed_ ? down_ : up_; }
+  void SetPictures(const std::string& up, const std::string& down);
   void MouseDown() {
-    if (Usable()) Assign(picture_, down_);
+    if (UserReaches()) Assign(pressed_, true);
   }
-  void MouseUp() { Assign(picture_, up_); }
+  void MouseUp() { Assign(pressed_, false); }
 
  private:
   std::string up_;
   std::string down_;
-  std::string picture_;
+  bool pressed_ = false;
 };
 
 class HotSpot : public ClickableControl {
@@ -116,7 +132,12 @@ class MenuItem : public Control {
       : Control(form, std::move(name), ControlKind::MenuItem), caption_(std::move(caption)) {}
   const std::string& Caption() const { return caption_; }
   Event<> Clicked;
+  /// The user chooses the command, in the menu or by its shortcut.
   void Click() {
+    if (UserReaches()) Clicked.Raise();
+  }
+  /// Does what a click does, without a user; see ClickableControl::Press.
+  void Press() {
     if (Usable()) Clicked.Raise();
   }
 
@@ -131,9 +152,10 @@ class CheckBox : public ClickableControl {
   void SetValue(bool value) {
     if (Assign(value_, value)) Clicked.Raise();
   }
-  void Click() override;
 
  private:
+  void TakeClick() override { SetValue(!value_); }
+
   bool value_ = false;
 };
 
@@ -153,9 +175,10 @@ class OptionButton : public ClickableControl {
   bool Value() const { return value_; }
   /// Setting it clears the others of the group without a click of theirs, then raises its own.
   void SetValue(bool value);
-  void Click() override;
 
  private:
+  void TakeClick() override { SetValue(true); }
+
   OptionGroup& group_;
   bool value_ = false;
 };
@@ -185,8 +208,9 @@ class ListBox : public Control {
   Event<> Clicked;
   Event<> DoubleClicked;
 
-  /// The user picks a row.
+  /// The user picks a row; it must be there.
   void Select(int index);
+  /// A click on the row and, unless its handler has taken the list away, another one.
   void DoubleClick(int index);
 
  private:
@@ -208,6 +232,7 @@ struct SliderRange {
   int smallStep = 1;
   int largeStep = 5;
   int tickSpacing = 1;
+  bool operator==(const SliderRange&) const = default;
 };
 
 class Slider : public Control {
@@ -215,6 +240,9 @@ class Slider : public Control {
   Slider(Form& form, std::string name, SliderRange range)
       : Control(form, std::move(name), ControlKind::Slider), range_(range), value_(range.min) {}
   const SliderRange& Range() const { return range_; }
+  /// Range and value at once: Change comes once at most, with both in place. The value is clamped.
+  void SetRange(const SliderRange& range, int value);
+  void SetRange(const SliderRange& range) { SetRange(range, value_); }
   int Value() const { return value_; }
   /// A value beyond the range is brought to its nearer end.
   void SetValue(int value);
@@ -245,7 +273,7 @@ class Picture : public Control {
 
 class Lamp : public Control {
  public:
-  enum class State { Off, Green, Yellow, Red };
+  enum class State { Off, Green, Yellow, Red, Orange };
   Lamp(Form& form, std::string name) : Control(form, std::move(name), ControlKind::Lamp) {}
   State Light() const { return light_; }
   void SetLight(State light) { Assign(light_, light); }
@@ -284,17 +312,15 @@ class ConnectorLine : public Control {
 /// still runs. Enabling it and changing the interval start the interval anew.
 class Timer : public Control {
  public:
-  Timer(Form& form, std::string name) : Control(form, std::move(name), ControlKind::Timer) {
-    SetEnabled(false);
-  }
+  Timer(Form& form, std::string name) : Control(form, std::move(name), ControlKind::Timer) {}
   ~Timer() override;
-  void SetEnabled(bool enabled);
   /// Milliseconds.
   int Interval() const { return interval_; }
   void SetInterval(int milliseconds);
   Event<> Tick;
 
  private:
+  void EnabledChanged() override { Restart(); }
   void Restart();
   void Fire();
 

@@ -2,44 +2,90 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
+#include <utility>
 
 #include "platform/form.h"
 
 namespace kavr6 {
 
 void Desktop::ShowForm(Form& form, bool modal) {
-  Form* const before = Front();
-  std::erase(shown_, &form);
+  if (std::erase(shown_, &form) == 0) opened_.push_back({&form, modal});
   shown_.push_back(&form);
   OpenWindow(form, modal);
-  FrontChanged(before);
+  TellFront();
+}
+
+void Desktop::TakeOff(const Form& form) {
+  std::erase(shown_, &form);
+  std::erase_if(opened_, [&form](const Opened& opened) { return opened.form == &form; });
 }
 
 void Desktop::HideForm(Form& form) {
-  Form* const before = Front();
-  std::erase(shown_, &form);
+  TakeOff(form);
   CloseWindow(form);
-  FrontChanged(before);
+  TellFront();
 }
 
 void Desktop::ForgetForm(Form& form) {
-  std::erase(shown_, &form);
-  CloseWindow(form);
+  TakeOff(form);
+  if (active_ == &form) active_ = nullptr;
+  DropWindow(form);
 }
 
 void Desktop::BroughtToFront(Form& form) {
   const auto place = std::find(shown_.begin(), shown_.end(), &form);
-  if (place == shown_.end()) return;
-  Form* const before = Front();
+  if (place == shown_.end() || !WhatBlocks(form).empty()) return;
   std::rotate(place, place + 1, shown_.end());
-  FrontChanged(before);
+  TellFront();
 }
 
-void Desktop::FrontChanged(Form* before) {
-  if (before == Front()) return;
-  if (before != nullptr) before->Deactivate.Raise();
-  // The handler may have changed the order again.
-  if (Form* const front = Front(); front != nullptr && front != before) front->Activate.Raise();
+// Each handler may show and hide windows and so get here again; what it has settled is not told twice.
+void Desktop::TellFront() {
+  for (;;) {
+    Form* const front = Front();
+    if (active_ == front) {
+      if (front == nullptr || !front->SetInFront(true)) return;
+    } else if (active_ == nullptr) {
+      active_ = front;
+      front->Activate.Raise();
+    } else if (!active_->SetInFront(false)) {
+      std::exchange(active_, nullptr)->Deactivate.Raise();
+    }
+  }
+}
+
+std::string Desktop::WhatBlocks(const Form& form) const {
+  for (auto above = opened_.rbegin(); above != opened_.rend() && above->form != &form; ++above) {
+    if (above->form == nullptr) return "a box";
+    if (above->modal) return "window '" + above->form->Name() + "'";
+  }
+  return {};
+}
+
+class Desktop::BoxOnScreen {
+ public:
+  explicit BoxOnScreen(std::vector<Opened>& opened) : opened_(opened) { opened_.push_back({nullptr, true}); }
+  BoxOnScreen(const BoxOnScreen&) = delete;
+  BoxOnScreen& operator=(const BoxOnScreen&) = delete;
+  ~BoxOnScreen() {
+    const auto last = std::find_if(opened_.rbegin(), opened_.rend(),
+                                   [](const Opened& opened) { return opened.form == nullptr; });
+    opened_.erase(std::next(last).base());
+  }
+
+ private:
+  std::vector<Opened>& opened_;
+};
+
+BoxAnswer Desktop::Ask(const MessageBox& box) {
+  const BoxOnScreen standing(opened_);
+  return ShowBox(box);
+}
+
+std::string Desktop::ChooseFile(const FileDialog& dialog) {
+  const BoxOnScreen standing(opened_);
+  return ShowFileDialog(dialog);
 }
 
 std::string Desktop::ActiveFormName() const { return Front() == nullptr ? std::string() : Front()->Name(); }

@@ -35,11 +35,11 @@ struct ProgramVersion {
 class Desktop : public EventPump {
  public:
   /// Shows a box and waits for the answer; events keep running meanwhile.
-  virtual BoxAnswer Ask(const MessageBox& box) = 0;
+  BoxAnswer Ask(const MessageBox& box);
   /// Asks for a file and waits for the choice; events keep running meanwhile. Full path in UTF-8, empty when
   /// the user gives up. An open dialog names a file that is there; a save dialog asks before an existing file
   /// is to be replaced.
-  virtual std::string ChooseFile(const FileDialog& dialog) = 0;
+  std::string ChooseFile(const FileDialog& dialog);
   virtual void Beep() = 0;
   virtual bool ShiftDown() const = 0;
   /// What stands before the decimals of a number where the system's user writes one, UTF-8.
@@ -56,8 +56,13 @@ class Desktop : public EventPump {
   void HideForm(Form& form);
   /// Takes a form that ends its life off the screen, without events. Used by Form.
   void ForgetForm(Form& form);
-  /// Tells that the user has brought a shown form to the front. A form that is not shown is ignored.
+  /// Tells that the user has brought a shown form to the front. Ignored where the user cannot do that.
   void BroughtToFront(Form& form);
+  /// What has opened above a shown form and keeps the user from it, in words; empty when nothing does.
+  std::string WhatBlocks(const Form& form) const;
+  /// Told of what a user has tried in vain, by the names of window and control, and why. On a real screen
+  /// such a thing can be on its way when a box opens, and is forgotten.
+  virtual void Refused(const std::string& /*what*/) {}
   /// Name of the front window, empty without one.
   std::string ActiveFormName() const;
   /// The shown forms, the front one last.
@@ -74,13 +79,25 @@ class Desktop : public EventPump {
  protected:
   virtual void OpenWindow(Form& form, bool modal) = 0;
   virtual void CloseWindow(Form& form) = 0;
+  /// The form ends its life; it must not be touched again.
+  virtual void DropWindow(Form& /*form*/) {}
+  virtual BoxAnswer ShowBox(const MessageBox& box) = 0;
+  virtual std::string ShowFileDialog(const FileDialog& dialog) = 0;
 
  private:
-  bool reporting_ = false;
-  void FrontChanged(Form* before);
+  struct Opened {
+    const Form* form;  // null: a box or a file dialog
+    bool modal;
+  };
+  class BoxOnScreen;
+  void TakeOff(const Form& form);
+  void TellFront();
   Form* Front() const { return shown_.empty() ? nullptr : shown_.back(); }
 
+  bool reporting_ = false;
   std::vector<Form*> shown_;
+  std::vector<Opened> opened_;  // in the order of opening, whatever came to the front since
+  Form* active_ = nullptr;      // has been told of its activation and not yet of its end
 };
 
 }  // namespace kavr6

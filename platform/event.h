@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <stdexcept>
 #include <utility>
 
 namespace kavr6 {
@@ -13,7 +14,13 @@ class Event {
  public:
   using Handler = std::function<void(Args...)>;
 
-  void Set(Handler handler) { handler_ = std::move(handler); }
+  /// std::logic_error when there is a handler already: a second one would silence it.
+  void Set(Handler handler) {
+    if (handler_) throw std::logic_error("an event has been given a second handler");
+    handler_ = std::move(handler);
+  }
+  /// Puts `handler` in the place of the one that may be there.
+  void Replace(Handler handler) { handler_ = std::move(handler); }
   void Raise(Args... args) const {
     if (!handler_) return;
     const Handler running = handler_;

@@ -2,63 +2,13 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace kavr6 {
 
-Control::Control(Form& form, std::string name, ControlKind kind)
-    : form_(form), name_(std::move(name)), kind_(kind) {
-  form_.Register(*this);
-}
-
-void Control::Focus() {
-  if (Usable()) form_.MoveFocus(*this);
-}
-
-std::string_view KindName(ControlKind kind) {
-  switch (kind) {
-    case ControlKind::TextBox:
-      return "text box";
-    case ControlKind::CheckBox:
-      return "check box";
-    case ControlKind::OptionButton:
-      return "option button";
-    case ControlKind::ListBox:
-      return "list";
-    case ControlKind::Slider:
-      return "slider";
-    case ControlKind::Button:
-      return "button";
-    case ControlKind::ImageButton:
-      return "image button";
-    case ControlKind::Label:
-      return "label";
-    case ControlKind::Frame:
-      return "frame";
-    case ControlKind::Picture:
-      return "picture";
-    case ControlKind::Lamp:
-      return "lamp";
-    case ControlKind::Timer:
-      return "timer";
-    case ControlKind::Grid:
-      return "grid";
-    case ControlKind::PercentPanel:
-      return "percent panel";
-    case ControlKind::HotSpot:
-      return "hot spot";
-    case ControlKind::ConnectorLine:
-      return "connector line";
-    case ControlKind::MenuItem:
-      return "menu item";
-  }
-  return "control";
-}
-
 Form::Form(Desktop& desktop, std::string name) : desktop_(desktop), name_(std::move(name)) {}
 
-Form::~Form() {
-  if (visible_) desktop_.ForgetForm(*this);
-}
+Form::~Form() { desktop_.ForgetForm(*this); }
 
 void Form::Register(Control& control) {
   if (Find(control.Name()) != nullptr)
@@ -74,13 +24,51 @@ Control* Form::Find(std::string_view name) const {
 
 void Form::MoveFocus(Control& control) {
   if (focused_ == &control) return;
-  Control* const before = focused_;
   focused_ = &control;
-  if (before != nullptr) before->LostFocus.Raise();
-  if (focused_ != &control) return;
-  control.Entered();
   control.Refresh();
-  control.GotFocus.Raise();
+  SettleFocus();
+}
+
+bool Form::SetInFront(bool inFront) {
+  if (inFront_ == inFront) return false;
+  inFront_ = inFront;
+  SettleFocus();
+  return true;
+}
+
+// Each handler may move the focus or change windows and so settle things itself.
+void Form::SettleFocus() {
+  const auto due = [this] { return inFront_ ? focused_ : nullptr; };
+  while (holder_ != due()) {
+    if (holder_ != nullptr) {
+      std::exchange(holder_, nullptr)->LostFocus.Raise();
+    } else {
+      holder_ = due();
+      holder_->Entered();
+      holder_->Refresh();
+      holder_->GotFocus.Raise();
+    }
+  }
+}
+
+std::string Form::Obstacle(const Control* control) const {
+  if (!visible_) return "the window is not shown";
+  if (const std::string above = desktop_.WhatBlocks(*this); !above.empty())
+    return "the window stands behind " + above;
+  return control == nullptr ? std::string() : control->Obstacle();
+}
+
+bool Form::UserReaches(const Control* control) {
+  const auto refused = [&] {
+    const std::string why = Obstacle(control);
+    if (why.empty()) return false;
+    desktop_.Refused(name_ + (control == nullptr ? "" : "." + control->Name()) + ": " + why);
+    return true;
+  };
+  if (refused()) return false;
+  if (!desktop_.ShownForms().empty() && desktop_.ShownForms().back() == this) return true;
+  desktop_.ShowForm(*this, false);
+  return !refused();
 }
 
 void Form::SetCaption(const std::string& caption) {
@@ -139,8 +127,10 @@ void Form::Hide() {
 }
 
 void Form::RequestClose() {
-  if (visible_ && MayClose()) Hide();
+  if (UserReaches(nullptr) && MayClose()) Hide();
 }
+
+bool Form::PressKey(char character) { return UserReaches(nullptr) && KeyPressed(character); }
 
 void CenterOn(const Form& main, Form& dialog) {
   dialog.Move(main.Left() + (main.Width() - dialog.Width()) / 2,

@@ -51,11 +51,15 @@ class Form {
   void Hide();
   /// The user asks to close the window, by its frame or its system menu.
   void RequestClose();
-  /// A typed character on its way to the focused control; true when the window keeps it for itself.
-  virtual bool KeyPressed(char /*character*/) { return false; }
+  /// The user types a character; true when the window keeps it from the focused control.
+  bool PressKey(char character);
 
+  /// What has the focus, or gets it when the window comes to the front.
   Control* FocusedControl() const { return focused_; }
 
+  /// Raised in turns, when the front among the program's windows changes: the focused control loses the
+  /// focus, its window is deactivated, the new front window is activated, its control gets the focus. A
+  /// window that has lost the front before its turn came hears nothing.
   Event<> Activate;
   Event<> Deactivate;
 
@@ -66,11 +70,18 @@ class Form {
   virtual void Load() {}
   /// Answers a close request: true hides the window, false leaves it.
   virtual bool MayClose() { return true; }
+  /// Answers PressKey.
+  virtual bool KeyPressed(char /*character*/) { return false; }
 
  private:
   friend class Control;
+  friend class Desktop;
   void Register(Control& control);
   void MoveFocus(Control& control);
+  bool SetInFront(bool inFront);
+  void SettleFocus();
+  std::string Obstacle(const Control* control) const;
+  bool UserReaches(const Control* control);
   void Refresh() const {
     if (view_) view_();
   }
@@ -80,6 +91,7 @@ class Form {
   std::string caption_;
   std::vector<Control*> controls_;
   Control* focused_ = nullptr;
+  Control* holder_ = nullptr;  // has been told of the focus and not yet of its loss
   int left_ = 0;
   int top_ = 0;
   int width_ = 6000;
@@ -89,6 +101,7 @@ class Form {
   bool sized_ = false;
   bool loaded_ = false;
   bool visible_ = false;
+  bool inFront_ = false;
   std::function<void()> view_;
 };
 

@@ -43,9 +43,7 @@ void Grid::SetColumnWidth(int column, int width) { Assign(ColumnAt(column).width
 
 void Grid::DoubleClick(int row) {
   RowAt(row);
-  if (!Usable()) return;
-  Focus();
-  DoubleClicked.Raise(row);
+  if (UserFocuses()) DoubleClicked.Raise(row);
 }
 
 }  // namespace kavr6

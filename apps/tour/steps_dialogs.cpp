@@ -37,7 +37,7 @@ void Tour::SetHostCommands() {
   stage_.Picture(host, "host-commands-pulses");
   stage_.Pause(0.6);  // what is typed sooner is searched for together
   stage_.Type(host, "ListCM", "21");
-  stage_.Click(host, "RSchar3");
+  stage_.Click(host, "RSchar_3");
   stage_.Click(host, "chkAckNak");
   stage_.Pause(0.1);
   stage_.Picture(host, "host-commands");

@@ -80,7 +80,7 @@ void Configurator::PressOpenOks() {
   SetupDialog* const committed[] = {&CustomMotorSetup, &MotorSetup,   &VelocitySetup, &AdvancedSetup,
                                     &PulseDirSetup,    &EncoderSetup, &RegenSetup};
   for (SetupDialog* dialog : committed)
-    if (dialog->Visible()) dialog->OK.Click();
+    if (dialog->Visible()) dialog->OK.Press();
 }
 
 void Configurator::RefillOpenDialogs() {

@@ -58,7 +58,7 @@ void MainForm::WireButtons() {
                                                      {kRegenRow, &Regen},
                                                      {kIoRow, &IO},
                                                      {kEncoderRow, &Encoder}};
-    if (const auto section = SectionOf(row)) buttons.at(*section)->Click();
+    if (const auto section = SectionOf(row)) buttons.at(*section)->Press();
   });
   for (HotSpot* spot : {&HSACPower, &HSdomelabel, &HSencoder, &HSinout1, &HSinout2, &HSled, &HSrs485}) {
     spot->Clicked.Set([this, spot] {
@@ -182,7 +182,7 @@ void MainForm::ModelListClick() {
 
 bool MainForm::KeyPressed(char character) {
   if (character != kCtrlT) return false;
-  if (p_.comm.PortOpen()) Call(Openers.Terminal);
+  MenuTerminal.Press();
   return true;
 }
 

@@ -57,11 +57,11 @@ class MainForm : public MainScreen {
 
   /// Leaves the program, after the question when there are changes; returns when the user stays.
   void Leave();
-  bool KeyPressed(char character) override;
 
  protected:
   void Load() override;
   bool MayClose() override;
+  bool KeyPressed(char character) override;
 
  private:
   void StartSharedValues();

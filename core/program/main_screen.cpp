@@ -2,7 +2,7 @@
 
 namespace kavr6 {
 
-MainScreen::MainScreen(Desktop& desktop) : Form(desktop, "MainForm") {}
+MainScreen::MainScreen(Desktop& desktop) : Form(desktop, "MainForm") { GridPanel.Hold({&Summary}); }
 
 std::string VersionText(const ProgramVersion& version) {
   std::string text = std::to_string(version.major) + "." + std::to_string(version.minor);

@@ -20,6 +20,7 @@ MotorDialog::MotorDialog(const SetupParts& parts, MotorTable& table, CurrentLimi
       table_(table),
       limits_(limits) {
   FillUnits(JUnits, InertiaUnitName);
+  HoldSpecs();
   ShowMore(false);
   WireMotorChoice();
   WireRunningCurrent();
@@ -30,6 +31,15 @@ MotorDialog::MotorDialog(const SetupParts& parts, MotorTable& table, CurrentLimi
     if (Desk().ActiveFormName() != Name()) return std::nullopt;
     return optCustom.Value();
   };
+}
+
+void MotorDialog::HoldSpecs() {
+  FrameMotorSpecs.Hold(
+      {&lblRatedTorque, &TorqueUnit, &lblRatedCurrent, &lblRotorInertia, &RotorInertiaUnit, &MotorMore});
+  MotorMore.Hold({&lblSmoothingGain, &lblSmoothingPhase, &lblDeg, &lblrps});
+  FrameOtherMotor.Hold(
+      {&OtherTorque, &OtherTorqueUnit, &OtherCurrent, &OtherInertia, &OtherInertiaUnit, &OtherMore});
+  OtherMore.Hold({&OtherHarmonicGain, &OtherHarmonicPhase, &OtherDeg, &OtherRPS});
 }
 
 void MotorDialog::WireMotorChoice() {

@@ -94,6 +94,7 @@ class MotorDialog : public SetupDialog {
   void Commit() override;
 
  private:
+  void HoldSpecs();
   void WireMotorChoice();
   void WireRunningCurrent();
   void WireIdleCurrent();

@@ -68,7 +68,7 @@ void HeadlessDesktop::LineView::Block(const std::function<bool()>& done, double 
   }
 }
 
-BoxAnswer HeadlessDesktop::Ask(const MessageBox& box) {
+BoxAnswer HeadlessDesktop::ShowBox(const MessageBox& box) {
   boxes_.push_back(box);
   if (expected_.empty() && answerAnything_)
     return box.buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
@@ -82,7 +82,7 @@ BoxAnswer HeadlessDesktop::Ask(const MessageBox& box) {
   return expected.answer;
 }
 
-std::string HeadlessDesktop::ChooseFile(const FileDialog& dialog) {
+std::string HeadlessDesktop::ShowFileDialog(const FileDialog& dialog) {
   fileDialogs_.push_back(dialog);
   if (expectedFiles_.empty() || expectedFiles_.front().purpose != dialog.purpose)
     throw HeadlessFault("unexpected file dialog for " + dialog.filter);
@@ -90,6 +90,11 @@ std::string HeadlessDesktop::ChooseFile(const FileDialog& dialog) {
   expectedFiles_.pop_front();
   if (expected.during) expected.during();
   return expected.name;
+}
+
+void HeadlessDesktop::Refused(const std::string& what) {
+  if (!recordRefusals_) throw HeadlessFault("a user cannot do this: " + what);
+  refusals_.push_back(what);
 }
 
 void HeadlessDesktop::EndProgram(int exitCode) { throw ProgramEnded{exitCode}; }

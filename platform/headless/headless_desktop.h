@@ -52,10 +52,6 @@ class HeadlessDesktop : public Desktop {
   void PumpEvents() override;
   /// Waiting for ever with nothing left to happen is a HeadlessFault that names the front window.
   bool PumpEventsUntil(const std::function<bool()>& done, double limit) override;
-  /// Answered by the next expected box; without one, or with another text, a HeadlessFault.
-  BoxAnswer Ask(const MessageBox& box) override;
-  /// Answered by the next expected file dialog; without one, or with another purpose, a HeadlessFault.
-  std::string ChooseFile(const FileDialog& dialog) override;
   void Beep() override { ++beeps_; }
   bool ShiftDown() const override { return shift_; }
   std::string DecimalSign() const override { return decimalSign_; }
@@ -64,6 +60,13 @@ class HeadlessDesktop : public Desktop {
   ProgramVersion Version() const override { return version_; }
   /// Throws ProgramEnded.
   [[noreturn]] void EndProgram(int exitCode) override;
+
+  /// A HeadlessFault that says what was refused, unless refusals are recorded.
+  void Refused(const std::string& what) override;
+  /// From now on what a user cannot do is no fault: it is recorded, as it is on a real screen forgotten.
+  void RecordRefusals() { recordRefusals_ = true; }
+  /// The refusals recorded so far, as in "window.control: it is disabled".
+  const std::vector<std::string>& Refusals() const { return refusals_; }
 
   void Expect(ExpectedBox box) { expected_.push_back(std::move(box)); }
   void Expect(ExpectedFile file) { expectedFiles_.push_back(std::move(file)); }
@@ -86,6 +89,10 @@ class HeadlessDesktop : public Desktop {
  protected:
   void OpenWindow(Form&, bool) override {}
   void CloseWindow(Form&) override {}
+  /// Answered by the next expected box; without one, or with another text, a HeadlessFault.
+  BoxAnswer ShowBox(const MessageBox& box) override;
+  /// Answered by the next expected file dialog; without one, or with another purpose, a HeadlessFault.
+  std::string ShowFileDialog(const FileDialog& dialog) override;
 
  private:
   enum class Of { Program, Line };
@@ -124,6 +131,8 @@ class HeadlessDesktop : public Desktop {
   std::deque<ExpectedFile> expectedFiles_;
   std::vector<FileDialog> fileDialogs_;
   bool answerAnything_ = false;
+  bool recordRefusals_ = false;
+  std::vector<std::string> refusals_;
   int beeps_ = 0;
   bool shift_ = false;
   std::string decimalSign_ = ".";

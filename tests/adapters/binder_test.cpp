@@ -104,6 +104,7 @@ TEST(Binder, MainWindowShowsItsFormAndTellsItWhatTheUserDoes) {
   MainScreen screen(desktop);
   const std::unique_ptr<QWidget> window = BuildWindow("MainForm");
   const Binder binder(screen, *window);
+  screen.Show();
   std::string log;
   screen.Motor.Clicked.Set([&] { log += screen.Motor.Picture() + " "; });
   screen.HSled.Clicked.Set([&] { log += "spot "; });
@@ -141,6 +142,7 @@ TEST(Binder, MainWindowShowsItsFormAndTellsItWhatTheUserDoes) {
 class Bound : public testing::Test {
  protected:
   void SetUp() override {
+    form.Show();
     window.show();
     window.activateWindow();
     QCoreApplication::processEvents();

@@ -145,7 +145,7 @@ TEST_F(QtDesktopTest, EnterEscAndHelpKeyWorkWhereverTheFocusIs) {
   TestForm form(desktop);
   std::string pressed;
   for (Button* button : {&form.OK, &form.Cancel, &form.Help})
-    button->Clicked.Set([&pressed, button] { pressed += button->Name() + " "; });
+    button->Clicked.Replace([&pressed, button] { pressed += button->Name() + " "; });
   form.Show();
   for (Control* focused : std::initializer_list<Control*>{&form.field, &form.list, &form.combo, &form.slider,
                                                           &form.check, &form.option, &form.Help}) {

@@ -175,8 +175,6 @@ TEST_F(ConfigFilesTest, AFileSelectsItsPort) {
   scene.desktop.Expect(ExpectedFile{Load, kName});
   scene.desktop.Expect(ExpectedBox{"COM port 5 is not available", BoxAnswer::Ok, 2.0, [&] {
                                      scene.drive.Restart();
-                                     scene.desktop.Expect(ExpectedFile{Load, kName});
-                                     main.MenuOpen.Click();
                                      scene.settings.LimitMode = 9;
                                      files.clear();
                                    }});

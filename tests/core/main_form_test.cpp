@@ -40,7 +40,7 @@ TEST_F(MainFormTest, StartsWithoutAnyPortAndRefusesDriveActions) {
   EXPECT_EQ(main.Caption(), "KAVR6 Configurator  V2.1.3 - untitled");
   EXPECT_EQ(main.Width(), 9600) << "a narrow screen keeps the designed width";
   EXPECT_EQ(main.StatusPort.Caption() + main.StatusDrive.Caption(), "No port openNo drive heard");
-  EXPECT_TRUE(main.KeyPressed(20)) << "Ctrl+T is kept from the focused control all the same";
+  EXPECT_TRUE(main.PressKey(20)) << "Ctrl+T is kept from the focused control all the same";
   main.MenuTerminal.Click();
   scene.desktop.Expect({.textPart = "Cannot upload from drive: there is no comm port open."});
   main.Upload.Click();
@@ -96,8 +96,8 @@ TEST_F(MainFormTest, ButtonsMenusKeysAndGridReachTheirOpeners) {
   main.Motor.Click();
   for (const int row : {0, 3, 12, 18, 19, 22}) main.Summary.DoubleClick(row);
   main.HSled.Click();
-  EXPECT_TRUE(main.KeyPressed(20));
-  EXPECT_FALSE(main.KeyPressed('a'));
+  EXPECT_TRUE(main.PressKey(20));
+  EXPECT_FALSE(main.PressKey('a'));
   main.MenuSelfTest.Click();
   EXPECT_EQ(opened, "MMIIEHSledTS");
   EXPECT_FALSE(main.MenuPrint.Enabled()) << "nothing stands behind it yet";

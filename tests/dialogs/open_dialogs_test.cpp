@@ -23,9 +23,12 @@ struct OpenDialogs : SetupDialogs {
     state.InertiaSet = true;
     for (const auto& [dialog, script] : kAll) {
       dialog->Open();
-      dialog->OK.GotFocus.Set([this, dialog = dialog] { pressed += dialog->Name() + " "; });
     }
-    for (const auto& [dialog, script] : kAll) Do(*dialog, script);
+    for (const auto& [dialog, script] : kAll) {
+      Do(*dialog, script);
+      // In a window behind others only the view hears of the focus that OK takes.
+      dialog->OK.SetView([this, dialog = dialog] { pressed += dialog->Name() + " "; });
+    }
     scene.desktop.BroughtToFront(main);
   }
   std::string Taken() const {

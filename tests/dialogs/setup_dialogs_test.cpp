@@ -27,7 +27,7 @@ const Edit kEdits[] = {
      4, "Mode: CW/CCW Pulse 204 "},
     {"VelocityMode",
      "chkRunStop chk2Speeds optMotionTach TachPPR=3 txtSpeed=12.25x txtSpeed2=0 txtAccel= txtDecel=1e9 "
-     "chkAnalog txtSpeed=77 ListAnalogRange=2 CmdScale=-3.14159",
+     "chkAnalog ListAnalogRange=2 CmdScale=-3.14159",
      [](S& s) {
        s.ControlMode = 11, s.StepsPerRev = 20000, s.RunStop = false, s.TwoSpeeds = s.AnalogVelocity = true;
        s.MotionOutMode = 7, s.Speed = 12.25, s.Speed2 = 0.0125, s.Accel = 0.5, s.Decel = 5460;
@@ -35,7 +35,7 @@ const Edit kEdits[] = {
      },
      4, "Mode: Velocity Mode 20000 -3.142"},
     {"VTLmode",
-     "chkAddress chkRedLion RSchar5 ListCM=0 optDir1 LstBitRate=4 ListPulseType=2 txtTxDelay=40000 SPR=0 "
+     "chkAddress chkRedLion RSchar(5) ListCM=0 optDir1 LstBitRate=4 ListPulseType=2 txtTxDelay=40000 SPR=0 "
      "txtStepFilterFreq=9999 txtNoiseFilter=99",
      [](S& s) {
        s.OpMode = 2, s.PowerUpMode = 7, s.ProtocolFlags = 35, s.RS485Addr = "&", s.DirIsCW = true;
@@ -43,7 +43,7 @@ const Edit kEdits[] = {
        s.StepFilterFreq = 2500, s.NoiseFilter = 15000;
      },
      4, "Mode: VTL Mode 200 Address"},
-    {"VTLmode", "chkAckNak chkConverter RSchar31 ListCM=5 txtStepFilterFreq=5 SPR=400",
+    {"VTLmode", "chkAckNak chkConverter RSchar(31) ListCM=0 txtStepFilterFreq=5 SPR=400 ListCM=5",
      [](S& s) {
        s.OpMode = 2, s.PowerUpMode = s.ControlMode = 14, s.ProtocolFlags = 21, s.RS485Addr = "@";
        s.StepsPerRev = 20000;
@@ -93,17 +93,21 @@ TEST_F(SetupDialogsTest, CancelLeavesTheRecordAndOkTakesWhatWasEdited) {
 }
 
 TEST_F(SetupDialogsTest, LeftFieldShowsTheNearestNumberItTakes) {
+  settings.PowerUpMode = 7;
+  settings.AnalogVelocity = true;
   // What is typed and what then stands there, in turn.
-  const std::pair<TextBox*, const char*> cases[] = {{&pulse.SPR, "201 200 51200 51200 none 200"},
-                                                    {&vtl.txtNoiseFilter, "0.5 0.5 6 5 20 15 none 0.1"},
-                                                    {&vtl.txtTxDelay, "12abc 12"},
-                                                    {&velocity.CmdScale, "none 0.000"}};
-  for (const auto& [box, entries] : cases) {
+  const std::tuple<SetupDialog*, TextBox*, const char*> cases[] = {
+      {&pulse, &pulse.SPR, "201 200 51200 51200 none 200"},
+      {&vtl, &vtl.txtNoiseFilter, "0.5 0.5 6 5 20 15 none 0.1"},
+      {&vtl, &vtl.txtTxDelay, "12abc 12"},
+      {&velocity, &velocity.CmdScale, "none 0.000"}};
+  for (const auto& [dialog, box, entries] : cases) {
+    dialog->Open();
     std::istringstream words(entries);
     for (std::string typed, text; words >> typed >> text;) {
       box->Type(typed);
       EXPECT_EQ(box->Text(), typed) << "while the field has the focus";
-      box->LostFocus.Raise();
+      dialog->Cancel.TabTo();
       EXPECT_EQ(box->Text(), text) << box->Name() << ' ' << typed;
     }
   }
@@ -115,12 +119,14 @@ TEST_F(SetupDialogsTest, AnyTextEndsWithinTheLimits) {
     for (const char* text :
          {"", "-", "abc", "-1e300", "1e999", "63.9", "7.77777", "\uFF11\uFF12", "1,5", "0x40", " \t7\r\n"}) {
       settings.PowerUpMode = 7;
+      settings.RegenExternal = true;
       dialog->Open();
       for (Control* control : dialog->Controls()) {
         auto* const box = dynamic_cast<TextBox*>(control);
         if (box == nullptr) continue;
+        if (!box->Usable()) velocity.chkAnalog.Click();
         box->Type(text);
-        dialog->OK.Focus();
+        dialog->OK.TabTo();
         if (box == &vtl.txtRS485addr) continue;
         const EntryLimits& limits = LimitsOf(*box);
         const double left = StrictNumber(box->Text());

@@ -124,6 +124,7 @@ TEST(MotorDialog, ListInOrderLeadsTheCursorAndAMissingNameSelectsTheFirstMotor) 
   EXPECT_EQ(bench.Items(), "KM17 KM23 KM34 ");
   bench.ExpectSelected("KM17");
   EXPECT_EQ(bench.dialog.Top(), (bench.main.Height() - bench.dialog.Height()) / 2);
+  bench.dialog.Show();
   bench.dialog.MotorList.Select(1);
   bench.ExpectSelected("KM23");
   bench.dialog.SetMotorList("KM34");
@@ -145,6 +146,7 @@ TEST(MotorDialog, TableThatCannotBeOpenedOrHasNoMotorEndsTheProgramWithTheReason
 TEST(AddMotorIfMissing, UnknownMotorIsAddedOnceWithAllItsValuesAndKeptForThisRunWhenTheTableCannotBeWritten) {
   for (const bool readOnly : {false, true}) {
     Bench bench(kThreeMotors);
+    bench.dialog.Show();
     bench.dialog.MotorList.Select(1);
     MotorRecord motor{2.5, 120, 310, 88.5, 1, 2, "KM20", 70, -8, 2, 3, 118, 27};
     bench.memory.FailUpdate = readOnly;

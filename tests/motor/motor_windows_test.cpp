@@ -148,6 +148,7 @@ TEST(MotorDialogAlone, HelpButtonsOpenTheirPagesOrAreGrey) {
   dialog.ShowHelp = [&](const std::string& page) { pages += page + " "; };
   scene.program.CustomMotorSetup.ShowHelp = nullptr;
   scene.program.CustomMotorSetup.Open();
+  dialog.Show();
   for (Button* button : {&dialog.Help, &dialog.Wiring, &dialog.MoreOrLess}) button->Click();
   EXPECT_EQ(pages, "ConfigSoftware_Motor.html Connecting_the_Motor.html ");
   EXPECT_FALSE(scene.program.CustomMotorSetup.Help.Enabled());

@@ -163,15 +163,15 @@ RefreshView BindSlider(Control& control, QObject& target, const UserAction& act)
   auto* const view = qobject_cast<QSlider*>(&target);
   if (view == nullptr) return {};
   auto& slider = static_cast<Slider&>(control);
-  const SliderRange& range = slider.Range();
-  view->setRange(range.min, range.max);
-  view->setSingleStep(range.smallStep);
-  view->setPageStep(range.largeStep);
-  view->setTickInterval(range.tickSpacing);
   QObject::connect(view, &QSlider::valueChanged, view,
                    [&slider, act](int value) { act([&slider, value] { slider.Scroll(value); }); });
   return [&slider, view] {
     const QSignalBlocker silence(view);
+    const SliderRange& range = slider.Range();
+    view->setRange(range.min, range.max);
+    view->setSingleStep(range.smallStep);
+    view->setPageStep(range.largeStep);
+    if (view->tickInterval() != range.tickSpacing) view->setTickInterval(range.tickSpacing);
     view->setValue(slider.Value());
   };
 }

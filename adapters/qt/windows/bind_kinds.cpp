@@ -22,6 +22,7 @@ struct KindRow {
 
 constexpr std::array kKinds{
     KindRow{ControlKind::TextBox, BindTextBox},
+    KindRow{ControlKind::TextArea, BindTextArea},
     KindRow{ControlKind::ListBox, BindListBox},
     KindRow{ControlKind::CheckBox, BindCheckBox},
     KindRow{ControlKind::OptionButton, BindOptionButton},
@@ -31,6 +32,7 @@ constexpr std::array kKinds{
     KindRow{ControlKind::HotSpot, BindHotSpot},
     KindRow{ControlKind::MenuItem, BindMenuItem},
     KindRow{ControlKind::Grid, BindGrid},
+    KindRow{ControlKind::PageView, BindPageView},
     KindRow{ControlKind::Label, BindLabel},
     KindRow{ControlKind::Frame, BindFrame},
     KindRow{ControlKind::Picture, BindPicture},

@@ -24,6 +24,7 @@ RefreshView BindKind(Control& control, QObject& target, const UserAction& act);
 /// One per kind; `control` is of that kind.
 using BindFunction = RefreshView (*)(Control& control, QObject& target, const UserAction& act);
 RefreshView BindTextBox(Control& control, QObject& target, const UserAction& act);
+RefreshView BindTextArea(Control& control, QObject& target, const UserAction& act);
 RefreshView BindListBox(Control& control, QObject& target, const UserAction& act);
 RefreshView BindCheckBox(Control& control, QObject& target, const UserAction& act);
 RefreshView BindOptionButton(Control& control, QObject& target, const UserAction& act);
@@ -33,6 +34,7 @@ RefreshView BindImageButton(Control& control, QObject& target, const UserAction&
 RefreshView BindHotSpot(Control& control, QObject& target, const UserAction& act);
 RefreshView BindMenuItem(Control& control, QObject& target, const UserAction& act);
 RefreshView BindGrid(Control& control, QObject& target, const UserAction& act);
+RefreshView BindPageView(Control& control, QObject& target, const UserAction& act);
 RefreshView BindLabel(Control& control, QObject& target, const UserAction& act);
 RefreshView BindFrame(Control& control, QObject& target, const UserAction& act);
 RefreshView BindPicture(Control& control, QObject& target, const UserAction& act);

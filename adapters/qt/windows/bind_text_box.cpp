@@ -12,11 +12,6 @@
 namespace kavr6 {
 namespace {
 
-/// Alt and a letter that is no mnemonic here: it would replace the selected text.
-bool IsMissedMnemonic(const QKeyEvent& key) {
-  return key.modifiers() == Qt::AltModifier && !key.text().isEmpty() && key.text()[0].isPrint();
-}
-
 /// Text and selection of one text box, both ways. Lives as long as its widget.
 class LineEditTie : public QObject {
  public:

@@ -23,7 +23,7 @@ std::string ClassOf(const QObject& object) { return object.metaObject()->classNa
 std::string Quoted(const std::string& name) { return "'" + name + "'"; }
 
 QList<QObject*> TargetsNamed(const QWidget& window, const Control& control) {
-  const QString name = ToQt(control.Name());
+  const QString name = ObjectNameOf(control.Name());
   QList<QObject*> targets;
   if (control.Kind() == ControlKind::MenuItem) {
     for (QAction* action : window.findChildren<QAction*>(name)) targets.append(action);
@@ -77,6 +77,7 @@ Binder::Binder(Form& form, QWidget& window) : form_(form) {
     if (control->Kind() != ControlKind::Timer) TieControl(*control, window);
   }
   CheckNothingUntied(window);
+  for (const Tie& tie : ties_) CheckFrame(tie);
   for (Tie& tie : ties_) tie.control->SetView([this, &tie] { RefreshTie(tie); });
   Refresh();
   for (const Tie& tie : ties_) {
@@ -133,6 +134,25 @@ void Binder::CheckNothingUntied(QWidget& window) const {
   }
 }
 
+const Control* Binder::FrameAround(const Tie& tie) const {
+  for (const QObject* around = tie.target->parent(); around != nullptr; around = around->parent()) {
+    for (const Tie& other : ties_)
+      if (other.target == around && other.control->Kind() == ControlKind::Frame) return other.control;
+  }
+  return nullptr;
+}
+
+void Binder::CheckFrame(const Tie& tie) const {
+  const Control* const shown = FrameAround(tie);
+  const Control* const told = tie.control->InFrame();
+  if (shown == told || tie.control->Kind() == ControlKind::MenuItem) return;
+  const auto words = [](const Control* frame) {
+    return frame == nullptr ? "no frame" : Quoted(frame->Name());
+  };
+  throw BindError(form_.Name() + ": " + Quoted(tie.control->Name()) + " stands in " + words(shown) +
+                  ", its control in " + words(told));
+}
+
 void Binder::Refresh() {
   for (Tie& tie : ties_) RefreshTie(tie);
 }
@@ -170,7 +190,9 @@ void Binder::FollowFocus() {
 void Binder::UserEntered(const QWidget& widget) {
   for (const Tie& tie : ties_) {
     if (tie.target != &widget || tie.control == form_.FocusedControl()) continue;
-    if (tie.control->Enabled() && tie.control->Visible()) shownFocus_ = tie.control;
+    if (tie.control->Usable()) shownFocus_ = tie.control;
+    // Not as a user's act: the toolkit moves the focus by itself too, in a window on its way out of the
+    // front.
     EnterLogic(form_.Desk(), [&tie] { tie.control->Focus(); });
     Refresh();
     return;

@@ -23,8 +23,9 @@ class BindError : public std::logic_error {
 /// control what the user does there. Focus travels both ways.
 ///
 /// Strict: a control without a widget, a widget of another kind, and an input widget or menu command without
-/// a control are BindErrors. Timers have no widget. Form and window outlive the binder, or are not used
-/// again.
+/// a control are BindErrors; so is a widget inside the widget of a frame that does not hold its control, or
+/// outside of one that does. Timers have no widget. Element 3 of a control array "LED" is the widget "LED_3".
+/// Form and window outlive the binder, or are not used again.
 class Binder : public QObject {
  public:
   Binder(Form& form, QWidget& window);
@@ -46,6 +47,8 @@ class Binder : public QObject {
   };
   void TieControl(Control& control, QWidget& window);
   void CheckNothingUntied(QWidget& window) const;
+  const Control* FrameAround(const Tie& tie) const;
+  void CheckFrame(const Tie& tie) const;
   void RefreshTie(Tie& tie);
   void FollowFocus();
   void UserEntered(const QWidget& widget);

@@ -208,7 +208,7 @@ bool FormWindow::WindowEvent(QEvent& event) {
 bool FormWindow::KeepsKey(const QKeyEvent& event) {
   const std::optional<char> character = CharacterOf(event);
   bool kept = false;
-  if (character) EnterLogic(form_.Desk(), [&] { kept = form_.KeyPressed(*character); });
+  if (character) EnterLogic(form_.Desk(), [&] { kept = form_.PressKey(*character); });
   return kept;
 }
 

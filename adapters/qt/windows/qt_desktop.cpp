@@ -24,6 +24,8 @@ namespace {
 
 // A splash that is not on the screen by then is not waited for.
 constexpr double kSplashWaitSeconds = 0.25;
+// A window that has not become the active one by then is not going to.
+constexpr double kActivationSeconds = 0.5;
 
 }  // namespace
 
@@ -37,13 +39,13 @@ QtDesktop::QtDesktop(WindowBuilder build)
 
 QtDesktop::~QtDesktop() = default;
 
-BoxAnswer QtDesktop::Ask(const MessageBox& box) {
+BoxAnswer QtDesktop::ShowBox(const MessageBox& box) {
   const BoxAnswer answer = ShowMessageBox(box, BoxParent());
   LowerLifted();
   return answer;
 }
 
-std::string QtDesktop::ChooseFile(const FileDialog& dialog) {
+std::string QtDesktop::ShowFileDialog(const FileDialog& dialog) {
   std::string name = kavr6::ChooseFile(dialog, BoxParent());
   LowerLifted();
   return name;
@@ -119,6 +121,7 @@ void QtDesktop::OpenWindow(Form& form, bool modal) {
     if (blocked && !modal && !opened.Window().isVisible()) lifted_.push_back(&opened);
     opened.Open(modal || blocked);
   }
+  AwaitActivation();
   if (!opened.Window().windowFlags().testFlag(Qt::SplashScreen)) return;
   const QWindow* const handle = opened.Window().windowHandle();
   // Being exposed, it has been painted.
@@ -133,6 +136,17 @@ void QtDesktop::CloseWindow(Form& form) {
   std::erase_if(lifted_, [window](const FormWindow* lifted) { return &lifted->Window() == window; });
   LowerLifted();
   if (QWidget* const front = FrontWindow()) front->activateWindow();
+  AwaitActivation();
+}
+
+void QtDesktop::DropWindow(Form& form) {
+  const QWidget* const window = WindowOf(form);
+  if (window == nullptr) return;
+  const QScopedValueRollback arranging(arranging_, true);
+  std::erase_if(lifted_, [window](const FormWindow* lifted) { return &lifted->Window() == window; });
+  if (mainWindow_ == window) mainWindow_ = nullptr;
+  if (awaited_ == &form) awaited_ = nullptr;
+  windows_.erase(&form);
 }
 
 void QtDesktop::LowerLifted() {
@@ -145,12 +159,23 @@ void QtDesktop::LowerLifted() {
   }
   const QScopedValueRollback arranging(arranging_, true);
   for (FormWindow* window : std::exchange(lifted_, {})) window->EndModality();
+  AwaitActivation();
+}
+
+// The window system activates late and one by one: of windows that follow each other at once, the earlier
+// come when the program has long put the last one in front.
+void QtDesktop::AwaitActivation() {
+  const QWidget* const front = FrontWindow();
+  awaited_ = front == nullptr || front->isActiveWindow() ? nullptr : ShownForms().back();
+  awaitedUntil_ = Now() + kActivationSeconds;
 }
 
 void QtDesktop::UserActivated(Form& form) {
   // What the window system activates because the program has just opened or closed a window is no choice of
   // the user's.
-  if (!arranging_) EnterLogic(*this, [&] { BroughtToFront(form); });
+  if (arranging_) return;
+  if (&form == awaited_ || Now() > awaitedUntil_) awaited_ = nullptr;
+  if (awaited_ == nullptr) EnterLogic(*this, [&] { BroughtToFront(form); });
 }
 
 }  // namespace kavr6

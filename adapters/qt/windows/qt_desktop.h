@@ -36,8 +36,6 @@ class QtDesktop : public Desktop {
     return pump_.PumpEventsUntil(done, limit);
   }
 
-  BoxAnswer Ask(const MessageBox& box) override;
-  std::string ChooseFile(const FileDialog& dialog) override;
   void Beep() override;
   bool ShiftDown() const override;
   std::string DecimalSign() const override;
@@ -57,6 +55,9 @@ class QtDesktop : public Desktop {
  protected:
   void OpenWindow(Form& form, bool modal) override;
   void CloseWindow(Form& form) override;
+  void DropWindow(Form& form) override;
+  BoxAnswer ShowBox(const MessageBox& box) override;
+  std::string ShowFileDialog(const FileDialog& dialog) override;
 
  private:
   FormWindow& Built(Form& form);
@@ -64,6 +65,7 @@ class QtDesktop : public Desktop {
   QWidget* FrontWindow() const;
   QWidget* BoxParent() const;
   void LowerLifted();
+  void AwaitActivation();
 
   WindowBuilder build_;
   QtEventPump pump_;
@@ -72,6 +74,8 @@ class QtDesktop : public Desktop {
   std::vector<FormWindow*> lifted_;  // modal only until what would have blocked them has gone
   QWidget* mainWindow_ = nullptr;
   bool arranging_ = false;
+  const Form* awaited_ = nullptr;  // its window is still to become the active one, by the program's wish
+  double awaitedUntil_ = 0.0;
 };
 
 }  // namespace kavr6

@@ -9,8 +9,8 @@
 namespace kavr6::widgets {
 namespace {
 
-constexpr std::array<const char*, 4> kStateNames{"off", "green", "yellow", "red"};
-constexpr std::array<QRgb, 4> kFills{0, 0xff18a558, 0xfff2b705, 0xffd93025};
+constexpr std::array<const char*, 5> kStateNames{"off", "green", "yellow", "red", "orange"};
+constexpr std::array<QRgb, 5> kFills{0, 0xff18a558, 0xfff2b705, 0xffd93025, 0xffe8710a};
 
 void DrawCross(QPainter& painter, const QRectF& box) {
   const QRectF cross =
@@ -58,6 +58,12 @@ void Lamp::paintEvent(QPaintEvent*) {
     case 3:
       painter.drawRoundedRect(inner, 2, 2);
       DrawCross(painter, inner);
+      break;
+    case 4:
+      painter.drawPolygon(QPolygonF{{inner.center().x(), inner.top()},
+                                    {inner.right(), inner.center().y()},
+                                    {inner.center().x(), inner.bottom()},
+                                    {inner.left(), inner.center().y()}});
       break;
     default:
       painter.drawEllipse(inner);

@@ -5,14 +5,14 @@
 
 namespace kavr6::widgets {
 
-/// Off is an empty ring, green a full disc, yellow a triangle, red a square with a cross: the shape alone
-/// tells the state. A screen reader hears the state as the description.
+/// Off is an empty ring, green a full disc, yellow a triangle, red a square with a cross, orange a square on
+/// its corner: the shape alone tells the state. A screen reader hears the state as the description.
 class Lamp : public QWidget {
   Q_OBJECT
 
  public:
   explicit Lamp(QWidget* parent = nullptr);
-  /// 0 off, 1 green, 2 yellow, 3 red.
+  /// 0 off, 1 green, 2 yellow, 3 red, 4 orange.
   void setState(int state);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }

@@ -1,0 +1,48 @@
+#include "platform/page_view.h"
+
+namespace kavr6 {
+
+PageAddress SplitAddress(const std::string& address) {
+  if (address.find("://") != std::string::npos) return {address, {}, true};
+  const std::size_t mark = address.rfind('#');
+  const std::size_t folder = address.find_last_of("/\\");
+  if (mark == std::string::npos || (folder != std::string::npos && mark < folder))
+    return {address, {}, false};
+  return {address.substr(0, mark), address.substr(mark + 1), false};
+}
+
+const std::string& PageView::Address() const {
+  static const std::string none;
+  return visited_.empty() ? none : visited_.back();
+}
+
+void PageView::Navigate(const std::string& address) {
+  if (address == Address()) return;
+  const bool couldGoBack = CanGoBack();
+  visited_.push_back(address);
+  Moved(couldGoBack);
+}
+
+void PageView::GoBack() {
+  if (!CanGoBack()) return;
+  visited_.pop_back();
+  Moved(true);
+}
+
+void PageView::Moved(bool couldGoBack) {
+  TakeTitle({});  // until the view has found the new one
+  Refresh();
+  if (couldGoBack != CanGoBack()) CanGoBackChanged.Raise();
+}
+
+void PageView::Follow(const std::string& address) {
+  if (UserFocuses()) Navigate(address);
+}
+
+void PageView::TakeTitle(const std::string& title) {
+  if (title_ == title) return;
+  title_ = title;
+  TitleChanged.Raise();
+}
+
+}  // namespace kavr6

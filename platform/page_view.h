@@ -1,0 +1,52 @@
+// A control that shows pages, as of the help.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/control.h"
+
+namespace kavr6 {
+
+/// A web address ("https://...") or the path of a page with the place in it where reading begins.
+struct PageAddress {
+  std::string page;
+  std::string fragment;  ///< without "#"; empty for the top of the page and for a web address
+  bool web = false;
+  bool operator==(const PageAddress&) const = default;
+};
+
+/// "folder/page.html#place" in its parts; a "#" in the name of a folder is none of them.
+PageAddress SplitAddress(const std::string& address);
+
+/// Shows one page at a time and knows the way back. That a page is missing is for the view to say.
+class PageView : public Control {
+ public:
+  PageView(Form& form, std::string name) : Control(form, std::move(name), ControlKind::PageView) {}
+
+  /// Empty before the first page.
+  const std::string& Address() const;
+  /// UTF-8, as for SplitAddress. The address on show already adds no step to the way back.
+  void Navigate(const std::string& address);
+  /// One page back; nothing where there is none.
+  void GoBack();
+  bool CanGoBack() const { return visited_.size() > 1; }
+  Event<> CanGoBackChanged;
+  /// What the page on show calls itself; empty where the view knows no name.
+  const std::string& Title() const { return title_; }
+  Event<> TitleChanged;
+
+  /// The user follows a link to that address.
+  void Follow(const std::string& address);
+  /// The view has found the title of the page on show.
+  void TakeTitle(const std::string& title);
+
+ private:
+  void Moved(bool couldGoBack);
+
+  std::vector<std::string> visited_;
+  std::string title_;
+};
+
+}  // namespace kavr6

@@ -1,0 +1,54 @@
+// A text of many lines.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "platform/control.h"
+
+namespace kavr6 {
+
+/// Code of the Enter key.
+inline constexpr int kEnterKey = 13;
+
+/// A text whose lines end in CR LF, for reading alone or for typing as well. The user can select and copy in
+/// either. Entering it selects nothing.
+class TextArea : public Control {
+ public:
+  enum class Use { Edit, Read };
+  TextArea(Form& form, std::string name, Use use)
+      : Control(form, std::move(name), ControlKind::TextArea), use_(use) {}
+  bool ReadOnly() const { return use_ == Use::Read; }
+
+  const std::string& Text() const { return text_; }
+  void SetText(const std::string& text);
+  /// Adds to the end, at the cost of what is added alone. Caret and selection stay.
+  void Append(const std::string& text);
+  /// Selection in UTF-8 code units, from the start of the text. What the user selects in a text for reading
+  /// is the user's own and not told here.
+  std::size_t SelStart() const { return selStart_; }
+  std::size_t SelLength() const { return selLength_; }
+  void SetSelection(std::size_t start, std::size_t length);
+  /// Puts the caret behind the last character and brings that into view.
+  void CaretToEnd() { SetSelection(text_.size(), 0); }
+  /// Grows whenever the text changes otherwise than by an append, so that a view knows when to take it anew.
+  int Rewrites() const { return rewrites_; }
+  Event<> Change;
+  /// A key that was pressed here has been released. kEnterKey, the character of a letter (in capitals) or a
+  /// digit, or 0 for any other key.
+  Event<int> KeyUp;
+
+  /// The user replaces what stands in it; a text for reading refuses.
+  void Type(const std::string& text);
+  /// The user presses and releases a key. What it types is Type's business.
+  void ReleaseKey(int code);
+
+ private:
+  Use use_;
+  std::string text_;
+  std::size_t selStart_ = 0;
+  std::size_t selLength_ = 0;
+  int rewrites_ = 0;
+};
+
+}  // namespace kavr6
