@@ -1,11 +1,14 @@
+#include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <tuple>
+#include <type_traits>
 
 #include <gtest/gtest.h>
 
 #include "core/numbers.h"
-#include "core/settings.h"
+#include "core/settings_fields.h"
 #include "tests/support/error_of.h"
 
 namespace kavr6 {
@@ -66,6 +69,34 @@ TEST(Numbers, TextsTravelAsOneByteCodes) {
     EXPECT_EQ(CharacterCodes(CharacterOf(static_cast<std::uint8_t>(code))), one);
   }
   EXPECT_EQ(NoBadChars(" a\x01\x7F\xFFz~ \x02 "), " az~");
+}
+
+/// Stands for any field where members are counted.
+template <class Whole>
+struct AnyField {
+  template <class T>
+  requires(!std::is_same_v<T, Whole>) operator T()
+      const;  // NOLINT(google-explicit-constructor): that is its use
+};
+
+template <class Whole, class... Counted>
+constexpr std::size_t MembersOf() {
+  if constexpr (requires { Whole{Counted{}..., AnyField<Whole>{}}; })
+    return MembersOf<Whole, Counted..., AnyField<Whole>>();
+  else
+    return sizeof...(Counted);
+}
+
+TEST(Settings, TheTableHasEveryFieldOnceInTheOrderOfTheRecord) {
+  EXPECT_EQ(SettingsFields().size(), MembersOf<MotorRecord>() + MembersOf<Settings>() - 1);
+  const Settings s;
+  const auto place = [&](const NamedField& field) {
+    const auto address = [&](auto member) { return reinterpret_cast<const char*>(&(s.*member)); };
+    return std::visit(address, field.member);
+  };
+  EXPECT_EQ(std::ranges::adjacent_find(SettingsFields(), std::greater_equal<>(), place),
+            SettingsFields().end());
+  EXPECT_EQ(NameOf(&Settings::StallAccel), "StallAccel");
 }
 
 TEST(Settings, ModeNamesFollowTheThreeCodes) {
