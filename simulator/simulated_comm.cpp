@@ -15,9 +15,9 @@ SimulatedComm::SimulatedComm(Scheduler& scheduler)
 void SimulatedComm::Gather(std::uint8_t byte) {
   gathered_.push_back(byte);
   if (latency_ == 0.0) {
-    Arrived(std::exchange(gathered_, {}));
+    HandOver(std::exchange(gathered_, {}));
   } else if (gathered_.size() == 1) {
-    scheduler_.CallAfter(latency_, [this] { Arrived(std::exchange(gathered_, {})); });
+    scheduler_.CallAfter(latency_, [this] { HandOver(std::exchange(gathered_, {})); });
   }
 }
 

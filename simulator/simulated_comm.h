@@ -41,6 +41,8 @@ class SimulatedComm : public MSComm {
   void OpenDevice(int number) override;
   void CloseDevice() override;
   void Send(std::span<const std::uint8_t> bytes) override;
+  /// Bytes leave the adapter towards the program.
+  virtual void HandOver(const Bytes& bytes) { Arrived(bytes); }
 
  private:
   struct Port {
