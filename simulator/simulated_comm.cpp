@@ -23,7 +23,7 @@ void SimulatedComm::Gather(std::uint8_t byte) {
 
 void SimulatedComm::HandOver() {
   time_.Cancel(handOver_);
-  Arrived(std::exchange(gathered_, {}));
+  HandOut(std::exchange(gathered_, {}));
 }
 
 void SimulatedComm::Unplug() {

@@ -44,6 +44,8 @@ class SimulatedComm : public MSComm {
   void CloseDevice() override;
   void Send(std::span<const std::uint8_t> bytes) override;
   void Block(const std::function<bool()>& done, double limit) override { time_.Block(done, limit); }
+  /// Bytes leave the adapter towards the program.
+  virtual void HandOut(const Bytes& bytes) { Arrived(bytes); }
 
  private:
   struct Port {

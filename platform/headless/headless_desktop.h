@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <map>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -23,9 +24,10 @@ struct ProgramEnded {
   int exitCode = 0;
 };
 
-/// How a test answers the next box.
+/// How a test answers the next box. Without the whole box, `textPart` is all that is compared.
 struct ExpectedBox {
-  std::string textPart;  ///< must stand in the box's text
+  std::optional<MessageBox> whole = {};
+  std::string textPart = {};
   BoxAnswer answer = BoxAnswer::Ok;
   double after = 0.0;           ///< seconds for which the box stands open, events running
   Scheduler::Task during = {};  ///< done while the box stands open, before the time passes
@@ -67,7 +69,9 @@ class HeadlessDesktop : public Desktop {
   void RecordRefusals() { recordRefusals_ = true; }
   /// The refusals recorded so far, as in "window.control: it is disabled".
   const std::vector<std::string>& Refusals() const { return refusals_; }
-
+  void Expect(MessageBox whole, BoxAnswer answer = BoxAnswer::Ok) {
+    Expect({.whole = std::move(whole), .answer = answer});
+  }
   void Expect(ExpectedBox box) { expected_.push_back(std::move(box)); }
   void Expect(ExpectedFile file) { expectedFiles_.push_back(std::move(file)); }
   /// From now on a box that nobody expects is answered with OK or Yes.

@@ -1,8 +1,7 @@
-// The receive path, the ports and the identity of a drive, on virtual time.
+// The receive path and the identity of a drive where a table of bytes says more than a scenario.
 #include <gtest/gtest.h>
 
 #include "core/drive_models.h"
-#include "link/comm_ports.h"
 #include "link/drive_identity.h"
 #include "link/receive_path.h"
 #include "platform/form.h"
@@ -89,53 +88,6 @@ TEST(ReceivePathStreams, InOneReadAreHeldByAHeaderAndLoseWhatStandsBehindABadOne
 }
 
 using ReceivePathTest = LinkTest;
-
-TEST_F(ReceivePathTest, MessagesDoWhatTheirHeaderSays) {
-  state.AlarmPopupOff = true;
-  path.HandleMsg(0xFC, 1, 2);
-  EXPECT_TRUE(alarms.empty());
-  const std::tuple<std::uint8_t, std::uint8_t, const char*> boxes[] = {
-      {0xF0, 1, "after starting the DSP Firmware Downloader.  If"},
-      {0xEF, 0, "reflash of the Zu chip.  You"},
-      {0xEF, 1, "requires DSP firmware 1.52 or later.  You"}};
-  for (const auto& [header, kind, part] : boxes) {
-    desktop.Expect({part});
-    path.HandleMsg(header, kind, 0);
-  }
-  state.DriveVersion = "1.52";
-  path.HandleMsg(0xFF, 10, 47);
-  EXPECT_EQ(state.DriveVersion.Get(), "") << "of an unknown model";
-  EXPECT_EQ(comm.TakeWritten(), "");
-}
-
-TEST(PowerUpMessage, ShowsModelAndRevisionInTheOrderOfItsModel) {
-  using Shown = std::pair<bool, bool>;  // the model, the revision
-  const std::pair<std::uint8_t, Shown> cases[] = {
-      {41, {true, false}}, {45, {false, false}}, {46, {true, true}}};
-  for (const auto& [model, early] : cases) {
-    LinkScene scene;
-    scene.state.ModelIndex = -1;
-    scene.comm.SetRThreshold(3);
-    scene.comm.Feed(Bytes{0xFF, 52, model});
-    const auto shown = [&scene, row = model - 41] {
-      return Shown(scene.state.ModelIndex == row, scene.state.DriveVersion.Get() == "1.52");
-    };
-    scene.desktop.CallAfter(0.05, [&, expected = early] { EXPECT_EQ(shown(), expected); });
-    Delay(scene.desktop, 0.2);
-    EXPECT_EQ(shown(), Shown(true, true)) << int{model};
-    EXPECT_EQ(scene.comm.TakeWritten(), "QT");
-    EXPECT_EQ(scene.comm.RThreshold(), 1);
-  }
-}
-
-TEST_F(ReceivePathTest, MessagesAreDeliveredWhileABoxStandsOpen) {
-  desktop.Expect({.textPart = "reflash of the DSP", .after = 0.5});
-  comm.Feed(Bytes{0xF0, 0, 0, 0x41, 0xFC});
-  comm.Feed(Bytes{0x00, 0x05, 0x42}, 0.1);
-  Delay(desktop, 0.4);  // the notification runs from here on, the box is open until 0.5
-  EXPECT_EQ(state.GlobalBuffer, "AB");
-  EXPECT_EQ(alarms, std::vector{5});
-}
 
 TEST_F(ReceivePathTest, TransferOrToolThatBeginsDuringAPauseKeepsItsBytes) {
   for (const bool tool : {false, true}) {
@@ -245,32 +197,6 @@ TEST_F(DriveIdentityTest, StatusWordIsSignedAndMinusOneWithoutAnswer) {
   EXPECT_EQ(state.GlobalBuffer, "") << "what stands behind an answer is dropped";
   comm.Unplug();
   EXPECT_EQ(identity.GetServoStatus(), 0);
-}
-
-class CommPortsTest : public testing::Test {
- protected:
-  CommPortsTest() { state.CommNumber = 1; }
-  void TearDown() override { EXPECT_NO_THROW(desktop.CheckNothingLeft()); }
-  void ExpectState(int startPort, int commNumber, bool open, const std::vector<int>& opened) {
-    EXPECT_EQ(std::tuple(state.StartPort, state.CommNumber.Get(), state.CommIndex.Get()),
-              std::tuple(startPort, commNumber, commNumber - 1));
-    EXPECT_EQ(NoCommPort(comm), !open);
-    EXPECT_EQ(comm.Opened(), opened);
-  }
-  HeadlessDesktop desktop;
-  ScriptedComm comm{desktop};
-  DriveState state;
-  CommPorts ports{{state, comm, desktop}};
-};
-
-TEST_F(CommPortsTest, StartBehindBusyPortsOpensTheFreeOneTwiceAndGreetsIt) {
-  comm.Refuse(1, "Port in use");
-  comm.Refuse(2, "Port in use");
-  desktop.Expect({"Error on Comm1:  Port in use.  Will try Comm2."});
-  desktop.Expect({"Error on Comm2:  Port in use.  Will try Comm3."});
-  ports.StartComm();
-  ExpectState(3, 3, true, {3, 3});
-  EXPECT_EQ(comm.TakeWritten(), "0");
 }
 
 }  // namespace

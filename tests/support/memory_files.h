@@ -1,6 +1,7 @@
 // Files in memory, with fault switches.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -12,6 +13,7 @@ namespace kavr6 {
 
 struct MemoryFiles : FileStore {
   std::map<std::string, std::string> content;
+  std::function<void(const std::string& name, std::string_view text)> Replaced;
   bool FailReplace = false;  ///< Replace raises an error, as on a full disk
 
   std::string Read(const std::string& name) const override {
@@ -22,6 +24,7 @@ struct MemoryFiles : FileStore {
   void Replace(const std::string& name, std::string_view text) override {
     if (FailReplace) throw RuntimeError(61, "Disk full");
     content[name] = text;
+    if (Replaced) Replaced(name, text);
   }
 };
 

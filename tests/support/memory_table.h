@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -21,7 +22,8 @@ class MemoryTable : public TableAccess {
   /// A row by its columns' values, in the order of kMotorColumns; empty ones may be left out at the end.
   using Row = std::vector<Variant>;
 
-  bool FailOpen = false;    ///< Open raises an error
+  bool FailOpen = false;  ///< Open raises an error
+  std::function<void(const Row&)> Added;
   bool FailUpdate = false;  ///< Update raises an error, as with a read-only file
 
   /// Adds a whole row, whatever the cursor does.
@@ -60,6 +62,7 @@ class MemoryTable : public TableAccess {
   }
   void Update() override {
     if (FailUpdate) throw RuntimeError(3027, "The database is read-only.");
+    if (Added) Added(pending_);
     Add(std::exchange(pending_, {}));
   }
 

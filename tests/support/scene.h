@@ -2,23 +2,23 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "core/program/configurator.h"
-#include "platform/headless/headless_desktop.h"
-#include "simulator/simulated_comm.h"
 #include "simulator/simulated_drive.h"
 #include "tests/support/catalogue.h"
 #include "tests/support/memory_files.h"
+#include "tests/support/watched.h"
 
 namespace kavr6 {
 
 /// Everything a test of the whole program needs. COM1 has a KAVR6-Bx with firmware 1.52k behind it.
 struct Scene {
-  HeadlessDesktop desktop;
+  WatchedDesktop desktop;
   SimulatedDrive drive{desktop.Line()};
-  SimulatedComm comm{desktop, desktop.Line()};
+  WatchedComm comm{desktop, desktop.Line()};
   MemoryTable table = CatalogueTable();
   MemoryFiles files;
   Configurator program{{desktop, comm, table, files}};
@@ -35,6 +35,17 @@ struct Scene {
   void Start() {
     program.Start();
     comm.ForgetWritten();
+  }
+
+  /// All windows of the program.
+  std::vector<Form*> Forms() {
+    return {&program.Splash,        &main,
+            &program.MotorSetup,    &program.CustomMotorSetup,
+            &program.ModeMenu,      &program.PulseDirSetup,
+            &program.VelocitySetup, &program.AdvancedSetup,
+            &program.VTLSetup,      &program.IOSetup,
+            &program.EncoderSetup,  &program.RegenSetup,
+            &program.Credits};
   }
 
   /// What must hold whenever the program is at rest.

@@ -6,11 +6,9 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "platform/headless/headless_desktop.h"
 #include "platform/mscomm.h"
-#include "platform/runtime_error.h"
 
 namespace kavr6 {
 
@@ -21,11 +19,7 @@ class ScriptedComm : public MSComm {
  public:
   explicit ScriptedComm(HeadlessDesktop& desktop) : MSComm(desktop), line_(desktop.Line()) {}
 
-  /// Opening this port fails with `why` from now on.
-  void Refuse(int port, std::string why) { refused_[port] = std::move(why); }
   std::string DeviceName(int) const override { return {}; }
-  /// The ports opened so far, in order.
-  const std::vector<int>& Opened() const { return opened_; }
 
   /// Bytes arrive now, or after a time. With the port closed by then they are lost.
   void Feed(Bytes bytes, double after = 0.0) {
@@ -47,11 +41,7 @@ class ScriptedComm : public MSComm {
   std::string TakeWritten() { return std::exchange(written_, {}); }
 
  protected:
-  void OpenDevice(int number) override {
-    if (const auto found = refused_.find(number); found != refused_.end())
-      throw RuntimeError(8005, found->second);
-    opened_.push_back(number);
-  }
+  void OpenDevice(int) override {}
   void CloseDevice() override {}
   void Send(std::span<const std::uint8_t> bytes) override {
     const std::string text(bytes.begin(), bytes.end());
@@ -63,9 +53,7 @@ class ScriptedComm : public MSComm {
 
  private:
   LineScheduler& line_;
-  std::map<int, std::string> refused_;
   std::map<std::string, std::pair<std::string, double>> replies_;
-  std::vector<int> opened_;
   std::string written_;
 };
 

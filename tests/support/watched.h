@@ -1,0 +1,100 @@
+// Desktop and serial port of a scene, with somebody who watches what passes through them.
+#pragma once
+
+#include <span>
+#include <string>
+#include <utility>
+
+#include "platform/form.h"
+#include "platform/headless/headless_desktop.h"
+#include "simulator/simulated_comm.h"
+
+namespace kavr6 {
+
+class Watcher {
+ public:
+  virtual ~Watcher() = default;
+  /// Something may have changed.
+  virtual void Look() = 0;
+  virtual void Note(const std::string& what) = 0;
+  virtual void Wire(bool toDrive, std::span<const std::uint8_t> bytes) = 0;
+  virtual void Asked(const MessageBox& box) = 0;
+  virtual void Answered(const MessageBox& box, BoxAnswer answer) = 0;
+  virtual void Opened(const Form& form, bool modal) = 0;
+};
+
+class WatchedDesktop : public HeadlessDesktop {
+ public:
+  Watcher* watcher = nullptr;
+
+  TaskId CallAfter(double seconds, Task task) override {
+    return HeadlessDesktop::CallAfter(seconds, [this, work = std::move(task)] {
+      work();
+      if (watcher != nullptr) watcher->Look();
+    });
+  }
+  void Beep() override {
+    HeadlessDesktop::Beep();
+    Note("beep");
+  }
+  [[noreturn]] void EndProgram(int exitCode) override {
+    Note("program ends with " + std::to_string(exitCode));
+    HeadlessDesktop::EndProgram(exitCode);
+  }
+
+ protected:
+  BoxAnswer ShowBox(const MessageBox& box) override {
+    if (watcher != nullptr) watcher->Asked(box);
+    const BoxAnswer answer = HeadlessDesktop::ShowBox(box);
+    if (watcher != nullptr) watcher->Answered(box, answer);
+    return answer;
+  }
+  std::string ShowFileDialog(const FileDialog& dialog) override {
+    const std::string name = HeadlessDesktop::ShowFileDialog(dialog);
+    const bool open = dialog.purpose == FileDialog::Purpose::Open;
+    Note(std::string("file to ") + (open ? "open" : "save") + " asked for, \"" + dialog.filter + "\" ." +
+         dialog.defaultExtension + " in \"" + dialog.folder + "\" -> \"" + name + "\"");
+    return name;
+  }
+  void OpenWindow(Form& form, bool modal) override {
+    if (watcher != nullptr) watcher->Opened(form, modal);
+  }
+  void CloseWindow(Form& form) override { Note(form.Name() + " hidden"); }
+
+ private:
+  void Note(const std::string& what) {
+    if (watcher != nullptr) watcher->Note(what);
+  }
+};
+
+class WatchedComm : public SimulatedComm {
+ public:
+  using SimulatedComm::SimulatedComm;
+  Watcher* watcher = nullptr;
+
+ protected:
+  void OpenDevice(int number) override {
+    const std::string port = "port COM" + std::to_string(number);
+    try {
+      SimulatedComm::OpenDevice(number);
+    } catch (const RuntimeError&) {
+      if (watcher != nullptr) watcher->Note(port + " does not open");
+      throw;
+    }
+    if (watcher != nullptr) watcher->Note(port + " opened with \"" + Settings() + "\"");
+  }
+  void CloseDevice() override {
+    if (watcher != nullptr) watcher->Note("port closed");
+    SimulatedComm::CloseDevice();
+  }
+  void Send(std::span<const std::uint8_t> bytes) override {
+    if (watcher != nullptr) watcher->Wire(true, bytes);
+    SimulatedComm::Send(bytes);
+  }
+  void HandOut(const Bytes& bytes) override {
+    if (watcher != nullptr) watcher->Wire(false, bytes);
+    SimulatedComm::HandOut(bytes);
+  }
+};
+
+}  // namespace kavr6
