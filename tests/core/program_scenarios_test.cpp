@@ -24,7 +24,7 @@ TEST_F(ProgramScenario, StartWithoutAnyPort) {
   state.Modified = true;
   AnswerOk(2);
   Click(main.Upload);
-  Do("Ctrl+T", [&] { EXPECT_TRUE(main.KeyPressed(20)); });
+  Do("Ctrl+T", [&] { EXPECT_TRUE(main.PressKey(20)); });
   comm.Connect(3, &drive);
   Select(main.CommList, 0);
   Select(main.CommList, 2);
@@ -124,9 +124,9 @@ TEST_F(ProgramScenario, ButtonsMenusKeysAndGridReachTheirOpeners) {
       const bool ends = item == &main.MenuExit || item == &main.MenuAbout;
       if (item != nullptr && item->Enabled() && !ends) Click(*item);
     }
-    Do("Ctrl+T", [&] { EXPECT_TRUE(main.KeyPressed(20)); });
+    Do("Ctrl+T", [&] { EXPECT_TRUE(main.PressKey(20)); });
   }
-  Do("another key", [&] { EXPECT_FALSE(main.KeyPressed('t')); });
+  Do("another key", [&] { EXPECT_FALSE(main.PressKey('t')); });
   for (int row = 0; row < main.Summary.Rows(); ++row)
     Do("double click row " + std::to_string(row), [&] { main.Summary.DoubleClick(row); });
   for (HotSpot* spot : {&main.HSACPower, &main.HSdomelabel, &main.HSencoder, &main.HSinout1, &main.HSinout2,

@@ -7,6 +7,8 @@
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/grid.h"
+#include "platform/page_view.h"
+#include "platform/text_area.h"
 
 namespace kavr6 {
 namespace {
@@ -57,7 +59,7 @@ void Describe(const Slider& slider, Properties& found) {
 }
 
 std::string LightOf(Lamp::State light) {
-  static const std::array<std::string, 4> kLights{"off", "green", "yellow", "red"};
+  static const std::array<std::string, 5> kLights{"off", "green", "yellow", "red", "orange"};
   return kLights.at(static_cast<std::size_t>(light));
 }
 
@@ -113,6 +115,13 @@ void DescribeKind(const Control& control, Properties& found) {
       break;
     case ControlKind::MenuItem:
       found[""] = Quoted(As<MenuItem>(control).Caption());
+      break;
+    case ControlKind::TextArea:
+      found[""] = Quoted(As<TextArea>(control).Text());
+      break;
+    case ControlKind::PageView:
+      found[""] = As<PageView>(control).Address();
+      found["can go back"] = YesNo(As<PageView>(control).CanGoBack());
       break;
     case ControlKind::Frame:
     case ControlKind::HotSpot:

@@ -47,6 +47,8 @@ class Scenario : public testing::Test {
   }
 
   Scene scene;
+  Configurator& program = scene.program;
+  DriveState& state = scene.state;
   MainForm& main = scene.main;
   Settings& settings = scene.settings;
   SimulatedDrive& drive = scene.drive;
