@@ -76,6 +76,14 @@ TEST_F(DialogLists, CodesPickTheirRowsAndButtons) {
     }
     EXPECT_EQ(picked, expected) << names;
   }
+  std::string boxes;
+  for (const Long bit : {1, 2, 4, 8, 16, 32}) {
+    settings.ProtocolFlags = bit;
+    vtl.Open();
+    boxes += Picked(vtl, "chkAddress chkAckNak chkConverter chkRedLion") + " ";
+    vtl.Hide();
+  }
+  EXPECT_EQ(boxes, "- 0 1 - 2 3 ");
 }
 
 }  // namespace
