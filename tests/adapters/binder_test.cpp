@@ -8,8 +8,11 @@
 
 #include "adapters/qt/windows/forms.h"
 #include "adapters/qt/windows/widgets/connector_line.h"
+#include "adapters/qt/windows/widgets/image_button.h"
+#include "adapters/qt/windows/widgets/lamp.h"
 #include "adapters/qt/windows/widgets/percent_panel.h"
 #include "adapters/qt/windows/widgets/summary_grid.h"
+#include "platform/control_array.h"
 #include "platform/headless/headless_desktop.h"
 #include "tests/support/scene.h"
 
@@ -31,6 +34,8 @@ struct Fields : Form {
   OptionButton optC{*this, "optC", otherGroup};
   Slider slider{*this, "slider", {10, 200, 2, 20, 10}};
   Button button{*this, "button", "Go && stop"};
+  ControlArray<Lamp> lamps{*this, "lamp", 2};
+  Frame box{*this, "box"};
 };
 
 struct FieldsWindow : QWidget {
@@ -50,6 +55,8 @@ struct FieldsWindow : QWidget {
   QRadioButton* optC = Add<QRadioButton>("optC");
   QSlider* slider = Add<QSlider>("slider");
   QPushButton* button = Add<QPushButton>("button");
+  widgets::Lamp* lamps[2] = {Add<widgets::Lamp>("lamp_0"), Add<widgets::Lamp>("lamp_1")};
+  QGroupBox* box = Add<QGroupBox>("box");
 };
 
 std::string BindFault(Form& form, QWidget& window) {
@@ -71,6 +78,13 @@ TEST(Binder, NamesWhatDoesNotFit) {
   EXPECT_EQ(BindFault(form, window), "Fields: list 'list' cannot be shown by a QSlider");
   Form empty(desktop, "Empty");
   EXPECT_EQ(BindFault(empty, window), "Empty: QLineEdit 'text' has no control");
+  FieldsWindow framed;
+  form.box.Hold({&form.check});
+  EXPECT_EQ(BindFault(form, framed), "Fields: 'check' stands in no frame, its control in 'box'");
+  framed.check->setParent(framed.box);
+  EXPECT_EQ(BindFault(form, framed), "");
+  framed.optA->setParent(framed.box);
+  EXPECT_EQ(BindFault(form, framed), "Fields: 'optA' stands in 'box', its control in no frame");
 }
 
 TEST(Binder, EveryDesignFitsItsForm) {
@@ -126,6 +140,8 @@ TEST(Binder, MainWindowShowsItsFormAndTellsItWhatTheUserDoes) {
   QTest::keyClick(ports, Qt::Key_End);
   EXPECT_EQ(log, "MotorDown MotorUp spot HSled grid2 port1 ");
 
+  screen.Motor.SetPictures("EncoderUp", "EncoderDown");
+  EXPECT_EQ(window->findChild<widgets::ImageButton*>("Motor")->picture(), "EncoderUp");
   screen.MotionDesc.SetCaption("<b>&& x");
   screen.ProgBar.SetFloodPercent(40);
   screen.MotorLine1.SetBorderColor(0x0000FF);
@@ -191,12 +207,18 @@ TEST_F(Bound, ChangesOfControlsAreShownAndDoNotComeBack) {
   form.optA.SetValue(true);
   form.optA.SetValue(false);
   form.slider.SetValue(500);
+  EXPECT_EQ(window.slider->value(), 200);
+  form.slider.SetRange({-128, 128, 1, 10, 32}, -100);
+  EXPECT_EQ(window.slider->value(), -100);
+  EXPECT_EQ(window.slider->pageStep(), 10);
+  form.lamps[1].SetLight(Lamp::State::Orange);
+  EXPECT_EQ(window.lamps[1]->accessibleDescription(), "orange");
+  EXPECT_EQ(window.lamps[0]->accessibleDescription(), "off");
   form.button.SetEnabled(false);
   form.optB.SetVisible(false);
   EXPECT_TRUE(window.list->selectedItems().isEmpty());
   EXPECT_TRUE(window.check->isChecked());
   EXPECT_FALSE(window.optA->isChecked());
-  EXPECT_EQ(window.slider->value(), 200);
   EXPECT_FALSE(window.button->isEnabled());
   EXPECT_TRUE(window.optB->isHidden());
 }

@@ -41,7 +41,7 @@ TEST(EndToEnd, DriveThatDiesInATransferIsToldAndServesAfterItsReturn) {
   closer.start(10);
 
   speed = 12;
-  main.Download.Click();
+  main.Download.Press();
   EXPECT_EQ(main.DriveVersion.Caption(), "1.52 k");
   const std::pair<ImageButton&, std::string> transfers[] = {
       {main.Download, "The download did not work;"},
@@ -52,7 +52,7 @@ TEST(EndToEnd, DriveThatDiesInATransferIsToldAndServesAfterItsReturn) {
       if (main.ProgBar.FloodPercent() > 50) simulator.kill();
     });
     speed = 77;
-    button.Click();
+    button.Press();
     EXPECT_FALSE(comm.PortOpen());
     EXPECT_EQ(std::exchange(boxes, {}), complaints);
 
@@ -61,7 +61,7 @@ TEST(EndToEnd, DriveThatDiesInATransferIsToldAndServesAfterItsReturn) {
     simulator.start();
     ASSERT_TRUE(simulator.waitForReadyRead(10000));
     comm.SetPortOpen(true);
-    main.Upload.Click();
+    main.Upload.Press();
     EXPECT_DOUBLE_EQ(speed, 12) << "the drive has kept the last whole image";
     EXPECT_EQ(boxes, "");
   }

@@ -203,6 +203,38 @@ TEST_F(QtDesktopTest, ModalWindowReturnsWhenHiddenAndSwitchingOfTheUserIsTold) {
   EXPECT_EQ(below.log, "") << "a box is no window of the program";
 }
 
+TEST_F(QtDesktopTest, WindowsThatFollowEachOtherAndRefusedClicksComeOutAsOnAnyDesktop) {
+  TestForm below(desktop, "Below");
+  TestForm above(desktop, "Above");
+  below.Show(), above.Show();
+  desktop.PumpEventsUntil([] { return false; }, 0.05);
+  EXPECT_EQ(below.log + above.log, "load front behind load front ");
+  WithBox([&](QMessageBox& box) {
+    above.OK.Click();  // as one that was on its way when the box opened
+    box.accept();
+  });
+  desktop.Ask({.text = "x"});
+  EXPECT_EQ(above.log, "load front ");
+  below.OK.Click();
+  EXPECT_EQ(below.log + above.log, "load front behind front OK behind load front behind front ");
+}
+
+TEST_F(QtDesktopTest, WindowOfAFormThatHasDiedGoesWithIt) {
+  QPointer<QWidget> window;
+  {
+    TestForm form(desktop);
+    form.Show();
+    form.field.Focus();
+    window = desktop.WindowOf(form);
+    form.Hide();
+  }
+  EXPECT_EQ(window, nullptr);
+  TestForm form(desktop);  // may stand where the dead one stood
+  form.Show();
+  Key(form, Qt::Key_Return);
+  EXPECT_EQ(form.log, "load front OK behind ");
+}
+
 TEST_F(QtDesktopTest, PlaceAndSizeAgreeWithTheWindow) {
   TestForm designed(desktop, "Designed");
   designed.Move(1500, 1500);
