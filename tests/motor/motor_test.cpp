@@ -138,8 +138,11 @@ TEST(MotorDialog, TableThatCannotBeOpenedOrHasNoMotorEndsTheProgramWithTheReason
   for (const bool failOpen : {true, false}) {
     Bench bench;
     bench.memory.FailOpen = failOpen;
-    bench.desktop.Expect(
-        {.textPart = failOpen ? "Error 3024: " : "Error 3021: No current record. Can't load"});
+    const std::string error =
+        failOpen ? "Error 3024: Couldn't find the file." : "Error 3021: No current record.";
+    bench.desktop.Expect({.text = error +
+                                  " Can't load motor database.  The KAVR6 Configurator cannot operate "
+                                  "without it.  Please try re-installing the software."});
     EXPECT_THROW(bench.dialog.EnsureLoaded(), ProgramEnded);
   }
 }
@@ -149,8 +152,10 @@ TEST(AddMotorIfMissing, UnknownMotorIsAddedOnceWithAllItsValuesOrToldWhenTheTabl
   bench.dialog.MotorList.Select(1);
   MotorRecord motor{2.5, 120, 310, 88.5, 1, 2, "KM20", 70, -8, 2, 3, 118, 27};
   bench.memory.FailUpdate = true;
-  bench.desktop.Expect(
-      {.textPart = "\"KM20\" is not in the motor database and cannot be added to it.  The database is"});
+  bench.desktop.Expect({.text =
+                            "The motor \"KM20\" is not in the motor database and cannot be added to it.  The "
+                            "database is read-only.  The motor selected so far stays selected.",
+                        .icon = BoxIcon::Exclamation});
   bench.AddIfMissing(motor);
   EXPECT_EQ(bench.Items(), "KM17 KM23 KM34 ");
   bench.ExpectSelected("KM23");

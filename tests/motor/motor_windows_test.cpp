@@ -259,7 +259,9 @@ TEST_F(EditMotorTest, WizardNeedsFirmware100k) {
   for (const auto& [revision, letter, opens] : cases) {
     main.DspRev = revision;
     main.MinorRev = letter;
-    if (!opens) scene.desktop.Expect({.textPart = "You must have firmware version 1.00k or later"});
+    if (!opens)
+      scene.desktop.Expect(
+          {.text = "You must have firmware version 1.00k or later to use the Waveform Smoothing Wizard."});
     const int before = opened;
     editor.Wizard.Click();
     EXPECT_EQ(opened, before + (opens ? 1 : 0)) << revision << letter;
