@@ -24,10 +24,9 @@ struct ProgramEnded {
   int exitCode = 0;
 };
 
-/// How a test answers the next box. Without the whole box, `textPart` is all that is compared.
+/// How a test answers the next box. Without the whole box nothing is compared: a transcript does that.
 struct ExpectedBox {
   std::optional<MessageBox> whole = {};
-  std::string textPart = {};
   BoxAnswer answer = BoxAnswer::Ok;
   double after = 0.0;           ///< seconds for which the box stands open, events running
   Scheduler::Task during = {};  ///< done while the box stands open, before the time passes

@@ -36,7 +36,19 @@ TEST_F(ProgramScenario, StartBehindTwoBusyPorts) {
   comm.Connect(3, &drive);
   comm.Refuse(1, "Port in use");
   comm.Refuse(2, "Port in use");
+  desktop.SetScreen({12000, 9000});
   AnswerOk(2);
+  Start(kWholeStart);
+}
+
+TEST_F(ProgramScenario, StartForgetsWhatStandsInTheSharedValues) {
+  main.MotorTouched = main.LiveToolActive = main.AlarmPopupOff = main.CommandActive = true;
+  main.FileName = main.GlobalBuffer = "old";
+  main.DspRev = 3;
+  comm.Connect(2, nullptr);
+  comm.Refuse(1, "Port in use");
+  Later(0.1, "the settings are changed", [&] { main.InertiaSet = true, main.Modified = true; });
+  Answer(BoxAnswer::Ok, 0.2);
   Start(kWholeStart);
 }
 
@@ -71,10 +83,11 @@ TEST_F(ProgramScenario, PortIsChanged) {
 TEST_F(ProgramScenario, ModelIsChosen) {
   StartUnseen();
   const auto use = [&](const std::string& motor) {
-    Do("use " + motor + " with 6.5 A, idle 95 %", [&] {
+    Do("use " + motor + " with 6.5 A, idle 95 %, in the next mode", [&] {
       scene.program.MotorSetup.SetMotorList(motor);
       settings.RunCurrent = 6.5;
       settings.IdlePercent = 95;
+      ++settings.OpMode;
     });
   };
   use("KM34-3S-670");

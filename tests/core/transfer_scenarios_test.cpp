@@ -1,4 +1,6 @@
 // Downloads and uploads from the click to the rest.
+#include <numeric>
+
 #include "tests/support/scenario.h"
 
 namespace kavr6 {
@@ -156,6 +158,22 @@ TEST_F(TransferScenario, UploadReplacesAndShowsTheSettings) {
   Click(main.Upload);
   AnswerOk();
   Click(main.Upload);
+  Click(main.Upload);
+}
+
+TEST_F(TransferScenario, UploadOfAnotherSetupIsLimitedAndNamed) {
+  const std::pair<std::size_t, std::uint8_t> bytes[] = {
+      {12, 0x03}, {13, 0x84}, {14, 0x03}, {15, 0x75},              // 9 A, idle 8.85 A
+      {20, 0x04}, {21, 0x05}, {38, 0x82}, {44, 17},   {46, 0x06},  // stalls, analog, velocity, quadrature
+      {50, 0},    {54, 12},   {65, 9},    {67, 100},  {123, 1}};
+  SimulatedDrive::Image image = drive.StoredImage();
+  for (const auto& [position, byte] : bytes) image[position] = byte;
+  const int sum = std::accumulate(image.begin(), image.end() - 2, 0);
+  image[159] = static_cast<std::uint8_t>(sum / 256);
+  image[160] = static_cast<std::uint8_t>(sum % 256);
+  drive.StoreImage(image);
+  main.CommandPause = true;
+  StartUnseen();
   Click(main.Upload);
 }
 

@@ -13,6 +13,11 @@ namespace {
 
 using namespace std::string_literals;
 
+const MessageBox kMakeSure{.text = "Make sure analog input to drive is set for zero.",
+                           .buttons = BoxButtons::OkCancel};
+const MessageBox kNoResponse{
+    .text = "The drive is not responding.  Is it connected to the right port and turned on?"};
+
 /// The dialog on a line whose far end follows a script.
 struct OffsetBench {
   HeadlessDesktop desktop;
@@ -40,9 +45,8 @@ struct OffsetBench {
   void Measure(const std::string& offset, const std::string& what) {
     const bool measured = offset != "7";
     dialog.AutoOffset.Click();
-    EXPECT_EQ(desktop.Boxes().front().text, "Make sure analog input to drive is set for zero.");
-    EXPECT_EQ(desktop.Boxes().back().text.starts_with("The drive is not responding.  Is it"), !measured)
-        << what;
+    EXPECT_TRUE(desktop.Boxes().front() == kMakeSure) << what;
+    EXPECT_EQ(desktop.Boxes().back() == kNoResponse, !measured) << what;
     EXPECT_EQ(dialog.txtCmdOffset.Text(), offset) << what;
     EXPECT_EQ(state.Modified, measured) << what;
     EXPECT_TRUE(comm.RThreshold() == 1 && !state.CommandActive) << what;
@@ -82,7 +86,7 @@ TEST(AutoOffset, WhatComesInBetweenLeavesTheLineInOrder) {
       {"second click", "129", [](OffsetBench& b) { b.dialog.AutoOffset.Click(); }},
       {"dialogs closed", "129", [](OffsetBench& b) { b.dialog.Cancel.Click(), b.velocity.Cancel.Click(); }},
       {"other box", "7", [](OffsetBench& b) {
-         b.desktop.Expect({.textPart = "other", .after = 1.0});
+         b.desktop.Expect({.whole = MessageBox{.text = "other"}, .after = 1.0});
          b.desktop.Ask({.text = "other"});
        }}};
   for (const auto& [what, offset, disturb] : cases) {
@@ -94,7 +98,7 @@ TEST(AutoOffset, WhatComesInBetweenLeavesTheLineInOrder) {
     bench.Measure(offset, what);
   }
   OffsetBench bench;
-  bench.desktop.Expect({.textPart = "Make sure", .answer = BoxAnswer::Cancel});
+  bench.desktop.Expect(kMakeSure, BoxAnswer::Cancel);
   bench.dialog.AutoOffset.Click();
   EXPECT_TRUE(bench.comm.TakeWritten().empty() && !bench.state.Modified);
 }
@@ -121,9 +125,9 @@ TEST(AutoOffset, DriveAnswersOnceItIsKnownAndIsHeardAgainAfterwards) {
     if (known) scene.main.Download.Click();
     scene.program.VelocitySetup.Open();
     scene.program.VelocitySetup.Advanced.Click();
-    scene.desktop.Expect({.textPart = "Make sure analog input"});
+    scene.desktop.Expect(kMakeSure);
     // Before its firmware letter is known the drive is not given the code that it wants.
-    if (!known) scene.desktop.Expect({.textPart = "The drive is not responding."});
+    if (!known) scene.desktop.Expect(kNoResponse);
     scene.program.AdvancedSetup.AutoOffset.Click();
     EXPECT_EQ(scene.program.AdvancedSetup.txtCmdOffset.Text(), known ? "-12.5" : "0");
     Delay(scene.desktop, 1.0);

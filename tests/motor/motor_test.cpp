@@ -137,8 +137,11 @@ TEST(MotorDialog, TableThatCannotBeOpenedOrHasNoMotorEndsTheProgramWithTheReason
   for (const bool failOpen : {true, false}) {
     Bench bench;
     bench.memory.FailOpen = failOpen;
-    bench.desktop.Expect(
-        {.textPart = failOpen ? "Error 3024: " : "Error 3021: No current record. Can't load"});
+    const std::string error =
+        failOpen ? "Error 3024: Couldn't find the file." : "Error 3021: No current record.";
+    bench.desktop.Expect({.text = error +
+                                  " Can't load motor database.  The KAVR6 Configurator cannot operate "
+                                  "without it.  Please try re-installing the software."});
     EXPECT_THROW(bench.dialog.EnsureLoaded(), ProgramEnded);
   }
 }
@@ -152,10 +155,10 @@ TEST(AddMotorIfMissing, UnknownMotorIsAddedOnceWithAllItsValuesAndKeptForThisRun
     bench.memory.FailUpdate = readOnly;
     if (readOnly)
       bench.desktop.Expect(
-          {.textPart =
-               "The motor \"KM20\" is not in the motor database and cannot be added to it.  The "
-               "database is read-only.  It is selected all the same and can be used until the program "
-               "ends."});
+          {.text = "The motor \"KM20\" is not in the motor database and cannot be added to it.  The "
+                   "database is read-only.  It is selected all the same and can be used until the program "
+                   "ends.",
+           .icon = BoxIcon::Exclamation});
     bench.AddIfMissing(motor);
     EXPECT_EQ(bench.memory.RowCount(), readOnly ? 3U : 4U);
     std::string numbers;

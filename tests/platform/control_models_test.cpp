@@ -280,9 +280,18 @@ TEST(Event, RefusesASecondHandlerUnlessItIsToReplaceTheFirst) {
 TEST(HeadlessDesktop, WhatDoesNotFitTheSceneIsAFault) {
   HeadlessDesktop desktop;
   EXPECT_THROW(desktop.Ask({.text = "surprise"}), HeadlessFault);
-  desktop.Expect({.textPart = "this"});
-  EXPECT_THROW(desktop.CheckNothingLeft(), HeadlessFault);
-  EXPECT_THROW(desktop.Ask({.text = "that"}), HeadlessFault);
+  const MessageBox wanted{"this", BoxIcon::Question, "title", BoxButtons::YesNo};
+  const MessageBox others[] = {{"that", BoxIcon::Question, "title", BoxButtons::YesNo},
+                               {"this", BoxIcon::Critical, "title", BoxButtons::YesNo},
+                               {"this", BoxIcon::Question, "", BoxButtons::YesNo},
+                               {"this", BoxIcon::Question, "title", BoxButtons::Ok}};
+  for (const MessageBox& other : others) {
+    desktop.Expect(wanted);
+    EXPECT_THROW(desktop.CheckNothingLeft(), HeadlessFault);
+    EXPECT_THROW(desktop.Ask(other), HeadlessFault);
+  }
+  desktop.Expect(wanted, BoxAnswer::No);
+  EXPECT_EQ(desktop.Ask(wanted), BoxAnswer::No);
   Window window(desktop);
   EXPECT_THROW(window.ok.Click(), HeadlessFault);
 }

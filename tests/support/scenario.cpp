@@ -56,7 +56,8 @@ std::string WithoutKnownLines(const std::string& text, const std::string& known)
   std::vector<std::string> stretch;
   const auto close = [&] {
     if (stretch.size() > kShortStretch)
-      stretch = {std::string(kTimeColumn, ' ') + "... " + std::to_string(stretch.size()) + " lines as there"};
+      stretch = {stretch.front().substr(0, kTimeColumn) + "... " + std::to_string(stretch.size()) +
+                 " lines as there"};
     for (const std::string& line : stretch) kept += line + "\n";
     stretch.clear();
   };
