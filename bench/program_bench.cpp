@@ -57,6 +57,11 @@ class BenchDesktop : public QtDesktop {
   BoxAnswer ShowBox(const MessageBox& box) override {
     return box.buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
   }
+  // A click that does nothing is quick and says nothing.
+  void Refused(const std::string& what) override {
+    std::fprintf(stderr, "the user cannot do this: %s\n", what.c_str());
+    std::_Exit(1);
+  }
 
  private:
   std::filesystem::path folder_;

@@ -211,6 +211,8 @@ TEST_F(Bound, ChangesOfControlsAreShownAndDoNotComeBack) {
   form.slider.SetRange({-128, 128, 1, 10, 32}, -100);
   EXPECT_EQ(window.slider->value(), -100);
   EXPECT_EQ(window.slider->pageStep(), 10);
+  form.slider.SetRange({-200, 128, 1, 10, 32});
+  EXPECT_EQ(window.slider->minimum(), -200);
   form.lamps[1].SetLight(Lamp::State::Orange);
   EXPECT_EQ(window.lamps[1]->accessibleDescription(), "orange");
   EXPECT_EQ(window.lamps[0]->accessibleDescription(), "off");

@@ -78,10 +78,11 @@ TEST_F(OpenDialogs, UploadAndOpeningAFileLeaveWhatIsTypedInThem) {
 
 TEST_F(OpenDialogs, SecondOpeningKeepsWhatIsTypedUnlessTheSettingsHaveChanged) {
   main.Encoder.Click();
-  Do(encoder, "txtMaxTorque=55");
+  Do(encoder, "txtMaxTorque=5");
   main.Motor.Click();
+  EXPECT_EQ(encoder.txtMaxTorque.Text(), "10") << "a field left for another window is left";
   main.Encoder.Click();
-  EXPECT_EQ(encoder.txtMaxTorque.Text(), "55");
+  EXPECT_EQ(encoder.txtMaxTorque.Text(), "10");
   EXPECT_EQ(scene.desktop.ActiveFormName(), "EncoderDialog");
   settings.MaxTorquePct = 77;
   main.Encoder.Click();

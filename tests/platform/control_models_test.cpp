@@ -137,6 +137,9 @@ TEST_F(ControlModels, UserCannotActOnWhatIsGreyedHiddenOrBehind) {
   Window above(desktop, "above");
   const auto behindModal = [&] {
     desktop.Post([&] {
+      desktop.BroughtToFront(window);
+      EXPECT_EQ(desktop.ActiveFormName(), "modal");
+      window.Show();  // the program may, and yet it stays behind
       window.ok.Click();
       above.Show();  // opened above it, so not behind it
       above.ok.Click();
@@ -163,6 +166,10 @@ TEST_F(ControlModels, UserCannotActOnWhatIsGreyedHiddenOrBehind) {
       {[&] { desktop.Expect(ExpectedFile{.name = "", .during = [&] { window.RequestClose(); }}); },
        [&] { desktop.ChooseFile({}); }, "window: the window stands behind a box ", ""},
       {[] {}, behindModal, "window.OK: the window stands behind window 'modal' ", "OK "},
+      {[&] { above.Show(), window.Activate.Replace([&] { window.ok.SetEnabled(false); }); },
+       [&] { window.ok.Click(); }, "window.OK: it is disabled ", ""},
+      {[&] { window.list.Clicked.Replace([&] { window.list.SetVisible(false); }); },
+       [&] { window.list.DoubleClick(1); }, "", ""},
       {[&] { window.text.LostFocus.Replace([&] { window.ok.SetEnabled(false); }); },
        [&] { window.text.TabTo(), window.ok.Click(); }, "", ""},
   };
