@@ -116,7 +116,6 @@ TEST_F(TransferScenario, DownloadIsClickedAgainWhileItRuns) {
   StartChanged();
   Later(0.1, "click Download", [&] { main.Download.Click(); });
   Click(main.Download, "O");
-  Wait(2.0);
 }
 
 TEST_F(TransferScenario, DownloadEndsWithTheProgram) {
