@@ -60,11 +60,6 @@ Bytes Received(const Kind& kind, Bytes image, int at) {
   return image;
 }
 
-std::string Case(const Kind& kind, int at) {
-  return "fault " + std::to_string(static_cast<int>(kind.fault)) + " " + std::to_string(kind.value) + " at " +
-         std::to_string(at);
-}
-
 class FaultSweep : public testing::Test {
  protected:
   FaultSweep() { Begin(); }
@@ -139,7 +134,7 @@ TEST_F(FaultSweep, DownloadEndsRightWhateverHappensToAnyByteOfTheImage) {
   old[4] ^= 1U;  // not what is sent
   for (const Kind& kind : AllKinds()) {
     for (int at = 0; at < kImageBytes && !HasFailure(); ++at) {
-      SCOPED_TRACE(Case(kind, at));
+      SCOPED_TRACE(testing::PrintToString(std::tuple(int(kind.fault), int{kind.value}, at)));
       scene->settings = base;
       scene->drive.StoreImage(ImageOf(old));
       scene->state.Modified = true;
@@ -171,7 +166,7 @@ class UploadSweep : public FaultSweep {
  protected:
   /// One upload with this fault; `inHand` is what the tool has read when the wait ends.
   void Try(const Kind& kind, int at, const Bytes& inHand) {
-    SCOPED_TRACE(Case(kind, at));
+    SCOPED_TRACE(testing::PrintToString(std::tuple(int(kind.fault), int{kind.value}, at)));
     scene->settings = base;
     scene->settings.Speed = kMarker;
     const Settings before = scene->settings;

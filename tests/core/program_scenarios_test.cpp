@@ -17,13 +17,10 @@ TEST_F(ProgramScenario, StartWithoutAnyPort) {
   for (int port = 1; port <= 8; ++port) comm.Refuse(port, "Port in use");
   desktop.SetScreen({11999, 7200});
   desktop.SetVersion({2, 1, 3});
-  AnswerOk(8);
-  Start(kWholeStart);
-  AnswerOk();
-  Click(main.Download);
+  Start(kWholeStart, "OOOOOOOO");
+  Click(main.Download, "O");
   state.Modified = true;
-  AnswerOk(2);
-  Click(main.Upload);
+  Click(main.Upload, "OO");
   Do("Ctrl+T", [&] { EXPECT_TRUE(main.PressKey(20)); });
   comm.Connect(3, &drive);
   Select(main.CommList, 0);
@@ -37,18 +34,18 @@ TEST_F(ProgramScenario, StartBehindTwoBusyPorts) {
   comm.Refuse(1, "Port in use");
   comm.Refuse(2, "Port in use");
   desktop.SetScreen({12000, 9000});
-  AnswerOk(2);
-  Start(kWholeStart);
+  Start(kWholeStart, "OO");
 }
 
 TEST_F(ProgramScenario, StartForgetsWhatStandsInTheSharedValues) {
-  main.MotorTouched = main.LiveToolActive = main.AlarmPopupOff = main.CommandActive = true;
-  main.FileName = main.GlobalBuffer = "old";
-  main.DspRev = 3;
+  state.MotorTouched = state.LiveToolActive = state.AlarmPopupOff = state.CommandActive = true;
+  state.FileName = state.GlobalBuffer = "old";
+  state.DspRev = 3;
+  comm.SetRThreshold(5);
   comm.Connect(2, nullptr);
   comm.Refuse(1, "Port in use");
-  Later(0.1, "the settings are changed", [&] { main.InertiaSet = true, main.Modified = true; });
-  Answer(BoxAnswer::Ok, 0.2);
+  Later(0.1, "the settings are changed", [&] { state.InertiaSet = true, state.Modified = true; });
+  Answer("O", 0.2);
   Start(kWholeStart);
 }
 
@@ -72,11 +69,9 @@ TEST_F(ProgramScenario, PortIsChanged) {
   Select(main.CommList, 0);
   Select(main.CommList, 1);
   Wait(0.5);
-  AnswerOk();
-  Select(main.CommList, 6);
+  Select(main.CommList, 6, "O");
   comm.Refuse(2, "Port in use");
-  AnswerOk();
-  Select(main.CommList, 7);
+  Select(main.CommList, 7, "O");
   Select(main.CommList, 0);
 }
 
@@ -99,14 +94,11 @@ TEST_F(ProgramScenario, ModelIsChosen) {
 TEST_F(ProgramScenario, LeavingWithAndWithoutChanges) {
   StartUnseen();
   Do("something is changed", [&] { state.Modified = true; });
-  Answer(BoxAnswer::Cancel);
-  Do("close the window", [&] { main.RequestClose(); });
-  Answer(BoxAnswer::Cancel);
-  Click(main.MenuExit);
-  AnswerOk();
-  Do("close the window", [&] { main.RequestClose(); });
-  AnswerOk();
-  Click(main.MenuExit);
+  for (const char* answer : {"C", "O"}) {
+    Do(
+        "close the window", [&] { main.RequestClose(); }, answer);
+    Click(main.MenuExit, answer);
+  }
   Do("nothing is changed", [&] { state.Modified = false; });
   Do("close the window", [&] { main.RequestClose(); });
   Click(main.MenuExit);

@@ -53,7 +53,7 @@ TEST_F(FrontWindow, EachHearsOfItsTurnOnceInOrder) {
       {[&] { b.field.Focus(); }, "Bf+ "},
       {[&] { a.button.Click(); }, "Bf- B- A+ Af+ Af- A! "},
       {[&] { b.field.Type("x"); }, "A- B+ Bf+ "},
-      {[&] { desktop.Expect({.textPart = "?"}), desktop.Ask({.text = "?"}); }, ""},
+      {[&] { desktop.Expect({.text = "?"}), desktop.Ask({.text = "?"}); }, ""},
       {[&] { desktop.BroughtToFront(a); }, "Bf- B- A+ "},
       {[&] { b.Show(), c.Show(); }, "A- B+ Bf+ Bf- B- C+ "},
       {[&] { b.Hide(); }, ""},

@@ -111,10 +111,11 @@ void Scenario::TearDown() {
   recorder.reset();
 }
 
-void Scenario::Start(const std::string& likeThere) {
+void Scenario::Start(const std::string& likeThere, const std::string& answers) {
   likeThere_ = likeThere;
   recorder = std::make_unique<Recorder>(scene);
-  Do("start", [this] { scene.program.Start(); });
+  Do(
+      "start", [this] { scene.program.Start(); }, answers);
 }
 
 void Scenario::StartUnseen() {
@@ -123,7 +124,14 @@ void Scenario::StartUnseen() {
   recorder = std::make_unique<Recorder>(scene);
 }
 
-void Scenario::Do(const std::string& what, const std::function<void()>& action) {
+void Scenario::Answer(const std::string& answers, double after) {
+  static const std::string kLetters = "OCYN";  // in the order of BoxAnswer
+  for (const char letter : answers)
+    scene.desktop.Expect({.answer = static_cast<BoxAnswer>(kLetters.find(letter)), .after = after});
+}
+
+void Scenario::Do(const std::string& what, const std::function<void()>& action, const std::string& answers) {
+  Answer(answers);
   recorder->Step(what);
   try {
     scene.desktop.Enter(action);
@@ -133,16 +141,19 @@ void Scenario::Do(const std::string& what, const std::function<void()>& action) 
   recorder->Rest();
 }
 
-void Scenario::Click(ClickableControl& control) {
-  Do("click " + control.Name(), [&] { control.Click(); });
+void Scenario::Click(ClickableControl& control, const std::string& answers) {
+  Do(
+      "click " + control.Name(), [&] { control.Click(); }, answers);
 }
 
-void Scenario::Click(MenuItem& item) {
-  Do("menu " + item.Name(), [&] { item.Click(); });
+void Scenario::Click(MenuItem& item, const std::string& answers) {
+  Do(
+      "menu " + item.Name(), [&] { item.Click(); }, answers);
 }
 
-void Scenario::Select(ListBox& list, int row) {
-  Do("select row " + std::to_string(row) + " of " + list.Name(), [&] { list.Select(row); });
+void Scenario::Select(ListBox& list, int row, const std::string& answers) {
+  Do(
+      "select row " + std::to_string(row) + " of " + list.Name(), [&] { list.Select(row); }, answers);
 }
 
 void Scenario::Wait(double seconds) {

@@ -25,26 +25,22 @@ class Scenario : public testing::Test {
 
   /// Starts the program and writes that down too. With the name of another transcript that tells of a whole
   /// start, what goes as there is only counted.
-  void Start(const std::string& likeThere = {});
+  void Start(const std::string& likeThere = {}, const std::string& answers = {});
   /// Starts the program and begins to write when it rests.
   void StartUnseen();
 
   /// Does something at once, then looks at what has come of it. The end of the program, or an error that
-  /// ends it, is part of the outcome.
-  void Do(const std::string& what, const std::function<void()>& action);
-  void Click(ClickableControl& control);
-  void Click(MenuItem& item);
-  void Select(ListBox& list, int row);
+  /// ends it, is part of the outcome. `answers` are those to the boxes that come, a letter each: O for OK, C
+  /// for Cancel, Y and N; what the boxes say is in the transcript.
+  void Do(const std::string& what, const std::function<void()>& action, const std::string& answers = {});
+  void Click(ClickableControl& control, const std::string& answers = {});
+  void Click(MenuItem& item, const std::string& answers = {});
+  void Select(ListBox& list, int row, const std::string& answers = {});
   void Wait(double seconds);
   /// Does something `seconds` from now, whatever the program is at then.
   void Later(double seconds, const std::string& what, const std::function<void()>& action);
-  /// The next box is answered so; what it says is in the transcript.
-  void Answer(BoxAnswer answer, double after = 0.0) {
-    scene.desktop.Expect({.answer = answer, .after = after});
-  }
-  void AnswerOk(int boxes = 1) {
-    while (boxes-- > 0) Answer(BoxAnswer::Ok);
-  }
+  /// The next boxes are answered so, each after it has stood open for a while.
+  void Answer(const std::string& answers, double after = 0.0);
 
   Scene scene;
   Configurator& program = scene.program;

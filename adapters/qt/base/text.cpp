@@ -1,7 +1,5 @@
 #include "adapters/qt/base/text.h"
 
-#include <QKeyEvent>
-
 namespace kavr6 {
 
 QString ShownCaption(const QString& caption) {
@@ -13,10 +11,6 @@ QString ShownCaption(const QString& caption) {
     if (caption[i].isPrint()) shown += caption[i];
   }
   return shown;
-}
-
-bool IsMissedMnemonic(const QKeyEvent& key) {
-  return key.modifiers() == Qt::AltModifier && !key.text().isEmpty() && key.text()[0].isPrint();
 }
 
 QString ObjectNameOf(const std::string& controlName) {

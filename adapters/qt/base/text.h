@@ -4,8 +4,6 @@
 #include <QString>
 #include <string>
 
-class QKeyEvent;
-
 namespace kavr6 {
 
 inline QString ToQt(const std::string& text) { return QString::fromStdString(text); }
@@ -16,9 +14,6 @@ QString ShownCaption(const QString& caption);
 
 /// The text that makes a widget with mnemonics show `shown` as it stands.
 inline QString WithoutMnemonic(QString shown) { return shown.replace('&', "&&"); }
-
-/// Alt and a letter that has turned out to be no mnemonic: in a field it would replace the selected text.
-bool IsMissedMnemonic(const QKeyEvent& key);
 
 /// The object name of the widget that shows the control of that name: "LED_3" for "LED(3)".
 QString ObjectNameOf(const std::string& controlName);

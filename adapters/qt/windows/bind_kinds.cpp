@@ -5,6 +5,7 @@
 #include <QAbstractSlider>
 #include <QAbstractSpinBox>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -60,6 +61,10 @@ bool IsInput(const QWidget& widget) {
   return Is<QAbstractButton>(widget) || Is<QLineEdit>(widget) || Is<QComboBox>(widget) ||
          Is<QAbstractSpinBox>(widget) || Is<QAbstractItemView>(widget) ||
          (Is<QAbstractSlider>(widget) && !Is<QScrollBar>(widget));
+}
+
+bool IsMissedMnemonic(const QKeyEvent& key) {
+  return key.modifiers() == Qt::AltModifier && !key.text().isEmpty() && key.text()[0].isPrint();
 }
 
 }  // namespace kavr6

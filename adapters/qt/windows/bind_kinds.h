@@ -7,6 +7,8 @@
 #include "platform/control.h"
 #include "platform/scheduler.h"
 
+class QKeyEvent;
+
 namespace kavr6 {
 
 /// Brings the widget to the state of its control. Does nothing when it is there already, and never tells the
@@ -15,6 +17,9 @@ using RefreshView = std::function<void()>;
 
 /// Runs what a user's action does to a control, and refreshes the views afterwards.
 using UserAction = std::function<void(const Scheduler::Task&)>;
+
+/// Alt and a letter that has turned out to be no mnemonic: in a field it would replace the selected text.
+bool IsMissedMnemonic(const QKeyEvent& key);
 
 /// Connects the user's actions on `target` with `control` and returns the way to show the control; an empty
 /// function when `target` is not of a kind that can show it. State that all kinds share (enabled, visible,
