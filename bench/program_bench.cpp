@@ -16,9 +16,9 @@
 #include <sys/resource.h>
 
 #include "adapters/qt/base/file_store.h"
+#include "adapters/qt/serial/serial_comm.h"
 #include "adapters/qt/windows/forms.h"
 #include "adapters/qt/windows/qt_desktop.h"
-#include "adapters/qt/serial/serial_comm.h"
 #include "adapters/sqlite/motor_catalogue.h"
 #include "adapters/sqlite/sqlite_table.h"
 #include "core/program/configurator.h"

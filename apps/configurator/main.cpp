@@ -5,9 +5,9 @@
 #include <clocale>
 
 #include "adapters/qt/base/file_store.h"
+#include "adapters/qt/serial/serial_comm.h"
 #include "adapters/qt/windows/forms.h"
 #include "adapters/qt/windows/qt_desktop.h"
-#include "adapters/qt/serial/serial_comm.h"
 #include "adapters/sqlite/sqlite_table.h"
 #include "core/program/configurator.h"
 

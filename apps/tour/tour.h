@@ -2,8 +2,8 @@
 #pragma once
 
 #include "adapters/qt/base/file_store.h"
-#include "adapters/qt/windows/qt_desktop.h"
 #include "adapters/qt/serial/serial_comm.h"
+#include "adapters/qt/windows/qt_desktop.h"
 #include "adapters/sqlite/sqlite_table.h"
 #include "apps/tour/stage.h"
 #include "core/program/configurator.h"
