@@ -27,8 +27,8 @@ struct EventPumpTest : testing::Test {
 
 TEST_F(EventPumpTest, TasksRunInOrderOfTimeAndEntryAtAnyDepth) {
   std::string log;
-  pump.CallAfter(0.004, [&] { log += "late "; });
-  pump.CallAfter(0.002, [&] { log += "soon "; });
+  pump.CallAfter(0.05, [&] { log += "late "; });
+  pump.CallAfter(0.04, [&] { log += "soon "; });
   pump.Cancel(pump.CallAfter(0.001, [&] { log += "never "; }));
   pump.Post([&] {
     log += "a( ";
