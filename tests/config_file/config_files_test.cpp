@@ -16,6 +16,12 @@ constexpr const char* kFolder = "/anlagen/s\u00FCd";
 constexpr const char* kWanted = "Configurator Files|*.cnfcnf";
 constexpr const char* kTitle = "KAVR6 Configurator  V1.0 - ";
 
+const MessageBox kReplaceQuestion{
+    "You have made changes without Saving or Downloading.  Do you really want to open a file and replace "
+    "your "
+    "program?",
+    BoxIcon::Question, "Open", BoxButtons::OkCancel};
+
 struct ConfigFilesTest : SceneTest {
   ConfigFilesTest() { files[kName] = SavedText(); }
   /// The file that the program would write now.
@@ -34,7 +40,7 @@ struct ConfigFilesTest : SceneTest {
   }
   void Open(const std::string& box = {}) {
     scene.desktop.Expect(ExpectedFile{Load, kName});
-    if (!box.empty()) scene.desktop.Expect(ExpectedBox{box});
+    if (!box.empty()) scene.desktop.Expect(MessageBox{box});
     main.MenuOpen.Click();
   }
   void ExpectOpened() {
@@ -90,7 +96,7 @@ TEST_F(ConfigFilesTest, AFailedSaveKeepsTheOldFileAndTheChanges) {
       state.FileName = saveAs ? "" : kName;
       state.TitleName = "as it was";
       if (saveAs) scene.desktop.Expect(ExpectedFile{Save, kName});
-      scene.desktop.Expect(ExpectedBox{"Error saving file: " + std::string(words)});
+      scene.desktop.Expect(MessageBox{"Error saving file: " + std::string(words)});
       main.MenuSave.Click();
       EXPECT_EQ(main.Caption(), kTitle + std::string(saveAs ? kName : "as it was")) << words;
       EXPECT_EQ(state.FileName, saveAs ? "" : kName);
@@ -113,7 +119,7 @@ TEST_F(ConfigFilesTest, OpenBringsTheWholeRecordBack) {
   main.ModelList.Select(0);
   scene.program.MotorSetup.MotorList.SetListIndex(0);
   state.Modified = true;
-  scene.desktop.Expect(ExpectedBox{"replace your program?"});
+  scene.desktop.Expect(kReplaceQuestion);
   Open();
   ExpectOpened();
   EXPECT_EQ(scene.settings, saved);
@@ -128,10 +134,10 @@ TEST_F(ConfigFilesTest, OpenGivenUpOrImpossibleChangesNothing) {
   const Settings before = scene.settings;
   state.Modified = true;
   for (const int step : {1, 2, 3}) {
-    scene.desktop.Expect(ExpectedBox{"replace your program?", step == 1 ? BoxAnswer::Cancel : BoxAnswer::Ok});
+    scene.desktop.Expect(kReplaceQuestion, step == 1 ? BoxAnswer::Cancel : BoxAnswer::Ok);
     if (step == 2) scene.desktop.Expect(ExpectedFile{Load, ""});
     if (step == 3) scene.desktop.Expect(ExpectedFile{Load, kName, [&] { files.clear(); }});
-    if (step == 3) scene.desktop.Expect(ExpectedBox{"Error: could not open file."});
+    if (step == 3) scene.desktop.Expect(MessageBox{"Error: could not open file."});
     main.MenuOpen.Click();
     EXPECT_EQ(scene.settings, before);
     EXPECT_EQ(main.Caption(), kTitle + std::string("untitled"));
@@ -173,11 +179,12 @@ TEST_F(ConfigFilesTest, AFileSelectsItsPort) {
   // A port that is not there is told, and the reading goes on behind the box, whatever came in meanwhile.
   Replace("\r\n2\r\n3,3,1", "\r\n4\r\n3,3,2");
   scene.desktop.Expect(ExpectedFile{Load, kName});
-  scene.desktop.Expect(ExpectedBox{"COM port 5 is not available", BoxAnswer::Ok, 2.0, [&] {
-                                     scene.drive.Restart();
-                                     scene.settings.LimitMode = 9;
-                                     files.clear();
-                                   }});
+  scene.desktop.Expect(ExpectedBox{
+      MessageBox{"COM port 5 is not available.", BoxIcon::Exclamation, "COM Error"}, BoxAnswer::Ok, 2.0, [&] {
+        scene.drive.Restart();
+        scene.settings.LimitMode = 9;
+        files.clear();
+      }});
   main.MenuOpen.Click();
   ExpectOpened();
   EXPECT_EQ(state.CommNumber, 3);

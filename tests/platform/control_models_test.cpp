@@ -157,7 +157,9 @@ TEST_F(ControlModels, UserCannotActOnWhatIsGreyedHiddenOrBehind) {
       {[&] { window.outer.SetEnabled(false); }, [&] { window.framed.Click(); },
        "window.framed: frame 'outer' is disabled ", ""},
       {[] {}, [&] { window.record.Type("x"); }, "window.record: it is for reading alone ", ""},
-      {[&] { desktop.Expect({.during = [&] { window.ok.Click(), above.Show(), above.ok.Click(); }}); },
+      {[&] {
+         desktop.Expect(ExpectedBox{.during = [&] { window.ok.Click(), above.Show(), above.ok.Click(); }});
+       },
        [&] { desktop.Ask({.text = "?"}), window.log += above.log, window.ok.Click(); },
        "window.OK: the window stands behind a box ", "OK OK "},
       {[&] { desktop.Expect(ExpectedFile{.name = "", .during = [&] { window.RequestClose(); }}); },
