@@ -97,9 +97,7 @@ TransferEnd Transfers::DataDownload() {
   SendImage(image);
   hold.Await(1, kDownloadAnswerLimit);
   Delay(p_.line.desk, kDownloadAnswerPause);
-  const TransferEnd end = ReadAnswer();
-  ShowProgress(0);
-  return end;
+  return ReadAnswer();
 }
 
 void Transfers::SendImage(const ParameterImage& image) {
@@ -159,20 +157,15 @@ TransferEnd Transfers::DataUpload() {
     count = p_.line.comm.InBufferCount();
     ShowProgress(count * 100.0 / kImageSize);
   });
-  TransferEnd end = TransferEnd::NoReply;
-  if (inTime) {
-    end = TakeUpload(hold.Read());
-  } else {
-    Ask({.text = "We are having trouble uploading tuning data from the drive. Is it connected to the "
-                 "right port and turned on?  If you are using your PC for anything processor intensive, "
-                 "such as opening a large file in another application, this can interfere with drive "
-                 "communication.",
-         .icon = BoxIcon::Question,
-         .title = "Tuner Upload Problem " + std::to_string(count) + " " +
-                  std::to_string(p_.line.comm.RThreshold())});
-  }
-  ShowProgress(0);
-  return end;
+  if (inTime) return TakeUpload(hold.Read());
+  Ask({.text = "We are having trouble uploading tuning data from the drive. Is it connected to the "
+               "right port and turned on?  If you are using your PC for anything processor intensive, "
+               "such as opening a large file in another application, this can interfere with drive "
+               "communication.",
+       .icon = BoxIcon::Question,
+       .title =
+           "Tuner Upload Problem " + std::to_string(count) + " " + std::to_string(p_.line.comm.RThreshold())});
+  return TransferEnd::NoReply;
 }
 
 TransferEnd Transfers::TakeUpload(const Bytes& buffer) {

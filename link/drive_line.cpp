@@ -28,6 +28,7 @@ LineHold::LineHold(const DriveLine& line, int threshold) : line_(line) {
 
 LineHold::~LineHold() {
   line_.comm.SetRThreshold(1);
+  line_.state.Progress = 0;
   line_.state.CommandActive = false;
 }
 

@@ -28,7 +28,7 @@ void PauseBeforeCommand(const DriveLine& line);
 
 /// While it lives, the bytes that come in belong to its owner: CommandActive is raised, what was waiting is
 /// dropped, and fewer than `threshold` bytes reach nobody else; with 0 none do. At its end, on every way out,
-/// RThreshold is 1 again and CommandActive lowered.
+/// RThreshold is 1 again, Progress 0 and CommandActive lowered.
 class LineHold {
  public:
   LineHold(const DriveLine& line, int threshold);

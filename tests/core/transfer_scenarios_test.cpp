@@ -127,7 +127,15 @@ TEST_F(TransferScenario, DownloadEndsWithTheProgram) {
 TEST_F(TransferScenario, DownloadOfAValueThatDoesNotFitEndsTheProgram) {
   StartChanged();
   Do("no line address", [&] { settings.RS485Addr.clear(); });
-  Click(main.Download, "O");
+  Click(main.Download, "N");
+}
+
+TEST_F(TransferScenario, ErrorThatEndsTheProgramOffersToSaveFirst) {
+  StartChanged();
+  Do("no line address", [&] { settings.RS485Addr.clear(); });
+  desktop.Expect({.purpose = FileDialog::Purpose::Save, .name = "rescued.cnf"});
+  Click(main.Download, "Y");
+  EXPECT_EQ(scene.files.content.at("rescued.cnf"), program.Files.FileText());
 }
 
 TEST_F(TransferScenario, UploadReplacesAndShowsTheSettings) {

@@ -56,24 +56,28 @@ TEST_F(OpenDialogs, DownloadPressesTheirOksInOrderButNotThoseOfInputsAndHost) {
   main.Upload.Click();
   EXPECT_EQ(settings.BrakeDelay, 200) << "the image of the drive wins over an OK in its middle";
   vtl.OK.Click();
-  EXPECT_TRUE(settings.OpMode == 2 && settings.TxDelay == 70);
+  EXPECT_TRUE(settings.OpMode == 2 && settings.TxDelay == 0) << "it shows what the drive has sent";
 }
 
-TEST_F(OpenDialogs, UploadAndOpeningAFileLeaveWhatIsTypedInThem) {
+TEST_F(OpenDialogs, UploadAndOpeningAFileFillThemAnew) {
   state.Modified = false;
+  // The drive's motor, which is not in the list yet, has 3 A; the current of its settings is 2 A.
   main.Upload.Click();
+  EXPECT_EQ(motor.MotorList.Text() + " " + motor.txtDriveCurrent.Text(), "KM23-2P-300 2.00");
   scene.desktop.Expect({.purpose = FileDialog::Purpose::Save, .name = "a.cnf"});
   main.MenuSaveAs.Click();
   settings.LimitMode = 3;
+  settings.RunCurrent = 1.1;
   scene.desktop.Expect(ExpectedFile{.name = "a.cnf"});
   main.MenuOpen.Click();
+  EXPECT_EQ(motor.txtDriveCurrent.Text() + " " + io.ListLimits.Text(), "2.00 closed");
   EXPECT_EQ(pressed, "");
   for (const auto& [dialog, script] : kAll) {
     EXPECT_TRUE(dialog->Visible()) << dialog->Name();
     dialog->OK.Click();
   }
-  EXPECT_EQ(Taken(), "7 8000 70 70 7 70 70 1 ");
-  EXPECT_TRUE(state.Modified && settings.LimitMode == 1);
+  EXPECT_EQ(Taken(), "40 4000 0 200 10 0 50 2 ");
+  EXPECT_TRUE(state.Modified && settings.LimitMode == 1 && settings.RunCurrent == 2);
 }
 
 TEST_F(OpenDialogs, SecondOpeningKeepsWhatIsTypedUnlessTheSettingsHaveChanged) {

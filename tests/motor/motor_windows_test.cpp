@@ -122,7 +122,7 @@ TEST_F(MotorDialogTest, SourceOfTheMotorDecidesItsCurrentAndItsLimit) {
   }
 }
 
-TEST_F(MotorDialogTest, TransfersBesideAnOpenDialogCommitItOrLeaveWhatIsTyped) {
+TEST_F(MotorDialogTest, TransfersBesideAnOpenDialogCommitItOrFillItAnew) {
   state.InertiaSet = true;
   OpenEditor();
   editor.txtRatedCurrent.Type("4");
@@ -138,7 +138,7 @@ TEST_F(MotorDialogTest, TransfersBesideAnOpenDialogCommitItOrLeaveWhatIsTyped) {
   main.Upload.Click();
   settings.IdlePercent = 20;
   dialog.OK.Click();
-  EXPECT_TRUE(settings.IdleDelay == 3 && settings.IdlePercent == 70);
+  EXPECT_TRUE(settings.IdleDelay == 0.4 && settings.IdlePercent == 70 && settings.RunCurrent == 2.55);
 }
 
 TEST(MotorDialogAlone, HelpButtonsOpenTheirPagesOrAreGrey) {
@@ -151,7 +151,7 @@ TEST(MotorDialogAlone, HelpButtonsOpenTheirPagesOrAreGrey) {
   dialog.Show();
   for (Button* button : {&dialog.Help, &dialog.Wiring, &dialog.MoreOrLess}) button->Click();
   EXPECT_EQ(pages, "ConfigSoftware_Motor.html Connecting_the_Motor.html ");
-  EXPECT_FALSE(scene.program.CustomMotorSetup.Help.Enabled());
+  EXPECT_FALSE(scene.program.CustomMotorSetup.Help.Enabled() || scene.program.CustomMotorSetup.Wizard.Enabled());
   EXPECT_TRUE(dialog.MoreOrLess.Caption() == "Less" && dialog.OtherMore.Visible());
 
   Scene noViewer;
@@ -172,7 +172,11 @@ TEST(MotorDialogAlone, FirstMotorOfVeryLowCurrentStartsTheProgram) {
 }
 
 struct EditMotorTest : MotorWindows {
-  EditMotorTest() { OpenEditor(); }
+  EditMotorTest() {
+    editor.OpenWizard = [this] { ++wizards; };
+    OpenEditor();
+  }
+  int wizards = 0;
 };
 
 TEST_F(EditMotorTest, OpeningAgainLeavesWhatIsTypedUnlessItWasClosed) {
@@ -255,17 +259,15 @@ TEST_F(MotorWindows, FieldThatIsNoNumberEndsTheProgramAndTakesNothingOver) {
 TEST_F(EditMotorTest, WizardNeedsFirmware100k) {
   const std::tuple<float, const char*, bool> cases[] = {
       {1.0F, "k", true}, {1.0F, "j", false}, {1.52F, "", false}, {0.0F, "a", true}};
-  int opened = 0;
-  editor.OpenWizard = [&] { ++opened; };
   for (const auto& [revision, letter, opens] : cases) {
     state.DspRev = revision;
     state.MinorRev = letter;
     if (!opens)
       scene.desktop.Expect(
           {.text = "You must have firmware version 1.00k or later to use the Waveform Smoothing Wizard."});
-    const int before = opened;
+    const int before = wizards;
     editor.Wizard.Click();
-    EXPECT_EQ(opened, before + (opens ? 1 : 0)) << revision << letter;
+    EXPECT_EQ(wizards, before + (opens ? 1 : 0)) << revision << letter;
   }
 }
 
