@@ -120,9 +120,13 @@ void Transfers::ReadAnswer() {
   if (answer == kAcknowledge) p_.screen.Modified = false;
 }
 
-void Transfers::EndExchange() {
+void Transfers::ReleaseLine() {
   p_.comm.SetRThreshold(1);
   p_.screen.ProgBar.SetFloodPercent(0);
+}
+
+void Transfers::EndExchange() {
+  ReleaseLine();
   p_.screen.CommandActive = false;
 }
 
@@ -185,6 +189,7 @@ void Transfers::TakeUpload(const Bytes& buffer) {
     return;
   }
   ExtractUploadData(buffer);
+  ReleaseLine();
   if (SummarizeAll) SummarizeAll();
   p_.screen.Modified = false;
 }

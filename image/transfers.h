@@ -59,6 +59,7 @@ class Transfers {
   void SendImage(const ParameterImage& image);
   void ReadAnswer();
   void TakeUpload(const Bytes& buffer);
+  void ReleaseLine();
   void EndExchange();
 
   TransferParts p_;
