@@ -157,7 +157,7 @@ TransferEnd Transfers::DataUpload() {
     count = p_.line.comm.InBufferCount();
     ShowProgress(count * 100.0 / kImageSize);
   });
-  if (inTime) return TakeUpload(hold.Read());
+  if (inTime) return TakeUpload(hold);
   Ask({.text = "We are having trouble uploading tuning data from the drive. Is it connected to the "
                "right port and turned on?  If you are using your PC for anything processor intensive, "
                "such as opening a large file in another application, this can interfere with drive "
@@ -168,12 +168,14 @@ TransferEnd Transfers::DataUpload() {
   return TransferEnd::NoReply;
 }
 
-TransferEnd Transfers::TakeUpload(const Bytes& buffer) {
+TransferEnd Transfers::TakeUpload(LineHold& hold) {
+  const Bytes buffer = hold.Read();
   if (!ChecksumHolds(buffer)) {
     Ask(ChecksumBox("Your program did not upload"));
     return TransferEnd::BadSum;
   }
   ExtractUploadData(buffer);
+  hold.Release();
   if (SummarizeAll) SummarizeAll();
   if (SettingsReplaced) SettingsReplaced();
   State().Modified = false;

@@ -72,7 +72,7 @@ class Transfers {
   TransferEnd CheckDriveAndLimits();
   void SendImage(const ParameterImage& image);
   TransferEnd ReadAnswer();
-  TransferEnd TakeUpload(const Bytes& buffer);
+  TransferEnd TakeUpload(LineHold& hold);
   BoxAnswer Ask(const MessageBox& box) { return p_.line.desk.Ask(box); }
   DriveState& State() { return p_.line.state; }
   void ShowProgress(double percent);

@@ -26,9 +26,13 @@ LineHold::LineHold(const DriveLine& line, int threshold) : line_(line) {
   line_.comm.Input();
 }
 
-LineHold::~LineHold() {
+void LineHold::Release() {
   line_.comm.SetRThreshold(1);
   line_.state.Progress = 0;
+}
+
+LineHold::~LineHold() {
+  Release();
   line_.state.CommandActive = false;
 }
 

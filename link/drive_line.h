@@ -39,6 +39,8 @@ class LineHold {
   /// Lets events run until that many bytes wait at the port, for `limit` seconds at most; `onEvent` is called
   /// after each event. True when they were there in time.
   bool Await(int count, double limit, const std::function<void()>& onEvent = {});
+  /// Lets others hear the line again before the hold ends: RThreshold is 1 and Progress 0.
+  void Release();
   /// Takes all that waits.
   Bytes Read() { return line_.comm.Input(); }
 

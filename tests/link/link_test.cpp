@@ -106,7 +106,7 @@ class LiveToolTest : public LinkTest {
   LiveToolTest() {
     path.AddLiveTool("VTLterm", [this](std::uint8_t c) {
       typed += static_cast<char>(c);
-      if (c == 'a') comm.Feed("\xFC\x01\x02");
+      if (c == 'a') desktop.Post([this] { typed += '|'; }), comm.Feed("\xFC\x01\x02");
     });
     front.Show();
     tool.Show();
@@ -123,7 +123,7 @@ class LiveToolTest : public LinkTest {
 
 TEST_F(LiveToolTest, InFrontGetsEveryByteInOrderAcrossNestedArrivals) {
   Arrives("xayz");
-  EXPECT_EQ(typed, "xayz\xFC\x01\x02");
+  EXPECT_EQ(typed, "xa|yz\xFC\x01\x02") << "events run after each byte";
   EXPECT_TRUE(alarms.empty());
 }
 
