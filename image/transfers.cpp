@@ -163,8 +163,8 @@ TransferEnd Transfers::DataUpload() {
                "such as opening a large file in another application, this can interfere with drive "
                "communication.",
        .icon = BoxIcon::Question,
-       .title =
-           "Tuner Upload Problem " + std::to_string(count) + " " + std::to_string(p_.line.comm.RThreshold())});
+       .title = "Tuner Upload Problem " + std::to_string(count) + " " +
+                std::to_string(p_.line.comm.RThreshold())});
   return TransferEnd::NoReply;
 }
 

@@ -151,7 +151,8 @@ TEST(MotorDialogAlone, HelpButtonsOpenTheirPagesOrAreGrey) {
   dialog.Show();
   for (Button* button : {&dialog.Help, &dialog.Wiring, &dialog.MoreOrLess}) button->Click();
   EXPECT_EQ(pages, "ConfigSoftware_Motor.html Connecting_the_Motor.html ");
-  EXPECT_FALSE(scene.program.CustomMotorSetup.Help.Enabled() || scene.program.CustomMotorSetup.Wizard.Enabled());
+  EXPECT_FALSE(scene.program.CustomMotorSetup.Help.Enabled() ||
+               scene.program.CustomMotorSetup.Wizard.Enabled());
   EXPECT_TRUE(dialog.MoreOrLess.Caption() == "Less" && dialog.OtherMore.Visible());
 
   Scene noViewer;
