@@ -128,7 +128,7 @@ int Work(const std::filesystem::path& folder) {
   program.configurator.Start();
   MainForm& main = program.configurator.Main;
   MeasureRest(program, "with a drive");
-  state.InertiaSet = true;
+  program.configurator.state.InertiaSet = true;
   std::vector<double> downloads;
   std::vector<double> uploads;
   for (int i = 0; i < 5; ++i) {
@@ -146,7 +146,7 @@ int Work(const std::filesystem::path& folder) {
   std::vector<double> exchanges;
   const ParameterImage image = [&] {
     ParameterImage built{};
-    DownloadString(built, program.configurator.settings, program.configurator.motorTable, main.Calculations);
+    DownloadString(built, program.configurator.settings, program.configurator.motorTable.Row());
     StoreChecksum(built);
     return built;
   }();
