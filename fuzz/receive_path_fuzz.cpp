@@ -31,7 +31,7 @@ struct Scene : HeadlessDesktop {
   Form tool{*this, "VTLterm"};
   ScriptedComm comm{*this};
   DriveState state;
-  ReceivePath path{{state, comm, *this}};
+  ReceivePath path{{state, comm, *this, *this}};
   std::size_t fed = 0;
   std::size_t toTool = 0;
   std::size_t alarms = 0;
@@ -39,6 +39,7 @@ struct Scene : HeadlessDesktop {
   Scene() {
     comm.SetPortOpen(true);
     comm.SetRThreshold(1);
+    path.FrontWindow = [this] { return ActiveFormName(); };
     front.Show();
     tool.Show();
     path.AddLiveTool(tool.Name(), [this](std::uint8_t) { ++toTool; });

@@ -96,7 +96,7 @@ TransferEnd Transfers::DataDownload() {
   StoreChecksum(image);
   SendImage(image);
   hold.Await(1, kDownloadAnswerLimit);
-  Delay(p_.line.desk, kDownloadAnswerPause);
+  Delay(p_.line.pump, kDownloadAnswerPause);
   return ReadAnswer();
 }
 
@@ -104,7 +104,7 @@ void Transfers::SendImage(const ParameterImage& image) {
   for (std::size_t i = 0; i < image.size(); ++i) {
     WriteByte(p_.line.comm, image[i]);
     ShowProgress(static_cast<double>(i * 100) / (kImageSize - 1));
-    p_.line.desk.PumpEvents();
+    p_.line.pump.PumpEvents();
   }
 }
 

@@ -73,7 +73,7 @@ class Transfers {
   void SendImage(const ParameterImage& image);
   TransferEnd ReadAnswer();
   TransferEnd TakeUpload(LineHold& hold);
-  BoxAnswer Ask(const MessageBox& box) { return p_.line.desk.Ask(box); }
+  BoxAnswer Ask(const MessageBox& box) { return p_.line.boxes.Ask(box); }
   DriveState& State() { return p_.line.state; }
   void ShowProgress(double percent);
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "link/wire.h"
+#include "platform/runtime_error.h"
 
 namespace kavr6 {
 namespace {
@@ -42,18 +43,18 @@ void CommPorts::StartComm() {
 
 bool CommPorts::MoveOn(const std::string& error) {
   if (state_.StartPort >= kPortCount) {
-    line_.desk.Ask({.text =
-                        "Could not find an open comm port.  You can still edit and save programs, but drive "
-                        "communication is not possible at this time.",
-                    .title = "No open port"});
+    line_.boxes.Ask({.text =
+                         "Could not find an open comm port.  You can still edit and save programs, but drive "
+                         "communication is not possible at this time.",
+                     .title = "No open port"});
     state_.StartPort = 0;
     Select(0);
     return false;
   }
-  line_.desk.Ask({.text = "Error on Comm" + std::to_string(state_.StartPort) + ":  " + error +
-                          ".  Will try Comm" + std::to_string(state_.StartPort + 1) + ".",
-                  .icon = BoxIcon::Exclamation,
-                  .title = "Communication Error"});
+  line_.boxes.Ask({.text = "Error on Comm" + std::to_string(state_.StartPort) + ":  " + error +
+                           ".  Will try Comm" + std::to_string(state_.StartPort + 1) + ".",
+                   .icon = BoxIcon::Exclamation,
+                   .title = "Communication Error"});
   ++state_.StartPort;
   line_.comm.SetCommPort(state_.StartPort);
   return true;
@@ -82,9 +83,9 @@ void CommPorts::ChangePort(int port) {
   const bool opened = OpenPort(port);
   line_.comm.Output(kPortChanged);
   if (closed && opened) return;
-  line_.desk.Ask({.text = "COM port " + std::to_string(state_.CommNumber) + " is not available.",
-                  .icon = BoxIcon::Exclamation,
-                  .title = "COM Error"});
+  line_.boxes.Ask({.text = "COM port " + std::to_string(state_.CommNumber) + " is not available.",
+                   .icon = BoxIcon::Exclamation,
+                   .title = "COM Error"});
   state_.CommNumber = old;
   OpenPort(old);  // without a word when this fails too: the port stays closed
   Select(old - 1);

@@ -39,7 +39,7 @@ void AskWord(MSComm& comm, std::uint8_t which) {
 }  // namespace
 
 bool DriveIdentity::AwaitReply(std::size_t length, double limit) {
-  return line_.desk.PumpEventsUntil([&] { return state_.GlobalBuffer.size() >= length; }, limit);
+  return line_.pump.PumpEventsUntil([&] { return state_.GlobalBuffer.size() >= length; }, limit);
 }
 
 std::string DriveIdentity::TakeIdentity() {
@@ -72,7 +72,7 @@ std::string DriveIdentity::AskIdentity(const std::string& boxTitle) {
   const bool answered = AwaitReply(kIdentitySize, kShortWait);
   state_.CommandActive = false;
   if (answered) return TakeIdentity();
-  line_.desk.Ask({.text = kDriveNotResponding, .icon = BoxIcon::Question, .title = boxTitle});
+  line_.boxes.Ask({.text = kDriveNotResponding, .icon = BoxIcon::Question, .title = boxTitle});
   return {};
 }
 

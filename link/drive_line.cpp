@@ -17,7 +17,7 @@ void Write2Bytes(MSComm& comm, std::uint8_t first, std::uint8_t second) {
 }
 
 void PauseBeforeCommand(const DriveLine& line) {
-  if (line.state.CommandPause) Delay(line.desk, kCommandPause);
+  if (line.state.CommandPause) Delay(line.pump, kCommandPause);
 }
 
 LineHold::LineHold(const DriveLine& line, int threshold) : line_(line) {
@@ -37,15 +37,15 @@ LineHold::~LineHold() {
 }
 
 bool LineHold::Await(int count, double limit, const std::function<void()>& onEvent) {
-  const double deadline = line_.desk.Now() + limit;
-  const bool enough = line_.desk.PumpEventsUntil(
+  const double deadline = line_.pump.Now() + limit;
+  const bool enough = line_.pump.PumpEventsUntil(
       [&] {
         if (onEvent) onEvent();
         return line_.comm.InBufferCount() >= count;
       },
       limit);
   // A box or a transaction that came in between can have held this wait up beyond its limit.
-  return enough && line_.desk.Now() <= deadline;
+  return enough && line_.pump.Now() <= deadline;
 }
 
 }  // namespace kavr6

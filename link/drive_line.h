@@ -5,7 +5,8 @@
 #include <functional>
 
 #include "core/drive_state.h"
-#include "platform/desktop.h"
+#include "platform/event_pump.h"
+#include "platform/message_box.h"
 #include "platform/mscomm.h"
 
 namespace kavr6 {
@@ -14,7 +15,8 @@ namespace kavr6 {
 struct DriveLine {
   DriveState& state;
   MSComm& comm;
-  Desktop& desk;
+  EventPump& pump;
+  Boxes& boxes;
 };
 
 inline bool NoCommPort(const MSComm& comm) { return !comm.PortOpen(); }

@@ -77,11 +77,11 @@ void ReceivePath::OnComm() {
 
 void ReceivePath::FeedLiveTool() {
   ring_.RingPush(line_.comm.Input());
-  const auto tool = tools_.find(line_.desk.ActiveFormName());
+  const auto tool = FrontWindow ? tools_.find(FrontWindow()) : tools_.end();
   if (tool == tools_.end()) return;
   while (ring_.RingCount() > 0) {
     tool->second(ring_.RingPop());
-    line_.desk.PumpEvents();
+    line_.pump.PumpEvents();
   }
 }
 
@@ -133,10 +133,10 @@ void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b
       state_.DriveVersion = ShownRevision(state_.DspRev, state_.MinorRev);
       return;
     case MessageHeader::DspReflash:
-      line_.desk.Ask(ReflashBox("DSP", "DSP"));
+      line_.boxes.Ask(ReflashBox("DSP", "DSP"));
       return;
     case MessageHeader::ZuFirmware:
-      line_.desk.Ask(b2 == 1 ? MismatchBox() : ReflashBox("Zu chip", "Zu"));
+      line_.boxes.Ask(b2 == 1 ? MismatchBox() : ReflashBox("Zu chip", "Zu"));
       return;
     case MessageHeader::PowerUp:
       PowerUp(b2, b3);
@@ -155,11 +155,11 @@ void ReceivePath::PowerUp(int revision, int model) {
     return;
   }
   line_.comm.Output(kQuitText);
-  line_.desk.Beep();
+  line_.boxes.Beep();
   const Pause pause = kPowerUpPauses[static_cast<std::size_t>(index)];
-  if (pause == Pause::BeforeModel) Delay(line_.desk, kPowerUpPause);
+  if (pause == Pause::BeforeModel) Delay(line_.pump, kPowerUpPause);
   state_.ModelIndex = index;
-  if (pause == Pause::AfterModel) Delay(line_.desk, kPowerUpPause);
+  if (pause == Pause::AfterModel) Delay(line_.pump, kPowerUpPause);
   state_.DriveVersion = ShownRevision(state_.DspRev, {});
 }
 

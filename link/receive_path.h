@@ -25,6 +25,8 @@ class ReceivePath {
   /// The tool's window name and its sink, called once for each byte while LiveToolActive holds and the window
   /// is the front one. Events are let through after each byte.
   void AddLiveTool(const std::string& windowName, ProcessChar sink);
+  /// Name of the program's front window. Without it no live tool is ever in front.
+  std::function<std::string()> FrontWindow;
   /// Called with the 14-bit alarm word of an alarm message, unless AlarmPopupOff holds.
   std::function<void(int)> ServoError152;
 

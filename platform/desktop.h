@@ -32,15 +32,13 @@ struct ProgramVersion {
 /// none of them, and switching to another program changes nothing.
 ///
 /// A box or a modal window is a wait like any other: what lies behind it looks at the world anew.
-class Desktop : public EventPump {
+class Desktop : public EventPump, public Boxes {
  public:
-  /// Shows a box and waits for the answer; events keep running meanwhile.
-  BoxAnswer Ask(const MessageBox& box);
+  BoxAnswer Ask(const MessageBox& box) final;
   /// Asks for a file and waits for the choice; events keep running meanwhile. Full path in UTF-8, empty when
   /// the user gives up. An open dialog names a file that is there; a save dialog asks before an existing file
   /// is to be replaced.
   std::string ChooseFile(const FileDialog& dialog);
-  virtual void Beep() = 0;
   virtual bool ShiftDown() const = 0;
   /// What stands before the decimals of a number where the system's user writes one, UTF-8.
   virtual std::string DecimalSign() const = 0;

@@ -19,4 +19,15 @@ struct MessageBox {
   bool operator==(const MessageBox&) const = default;
 };
 
+/// Whoever tells a person something and takes the answer: a desktop, or a program without windows.
+class Boxes {
+ public:
+  /// Shows a box and waits for the answer; events keep running meanwhile.
+  virtual BoxAnswer Ask(const MessageBox& box) = 0;
+  virtual void Beep() = 0;
+
+ protected:
+  ~Boxes() = default;
+};
+
 }  // namespace kavr6

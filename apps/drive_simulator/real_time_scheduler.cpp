@@ -19,37 +19,12 @@ RealTimeScheduler::RealTimeScheduler() : start_(MonotonicSeconds()) {}
 
 double RealTimeScheduler::Now() const { return MonotonicSeconds() - start_; }
 
-Scheduler::TaskId RealTimeScheduler::CallAfter(double seconds, Task task) {
-  const TaskId id = ++lastId_;
-  const double time = Now() + seconds;
-  queue_.emplace(std::pair(time, id), std::move(task));
-  times_.emplace(id, time);
-  return id;
-}
-
-void RealTimeScheduler::Cancel(TaskId id) {
-  const auto found = times_.find(id);
-  if (found == times_.end()) return;
-  queue_.erase({found->second, id});
-  times_.erase(found);
-}
-
 void RealTimeScheduler::RunDue() {
   const double now = Now();
-  const TaskId newest = lastId_;
-  while (!queue_.empty()) {
-    const auto first = queue_.begin();
-    const auto [time, id] = first->first;
-    if (time > now || id > newest) return;
-    const Task task = std::move(first->second);
-    times_.erase(id);
-    queue_.erase(first);
-    task();
-  }
+  const TaskId newest = tasks_.Newest();
+  while (tasks_.FirstIsDue(now, newest)) tasks_.TakeFirst().task();
 }
 
-double RealTimeScheduler::SecondsToNext() const {
-  return queue_.empty() ? kForever : std::max(0.0, queue_.begin()->first.first - Now());
-}
+double RealTimeScheduler::SecondsToNext() const { return std::max(0.0, tasks_.FirstTime() - Now()); }
 
 }  // namespace kavr6

@@ -1,10 +1,7 @@
 // Tasks on the machine's own clock.
 #pragma once
 
-#include <map>
-#include <utility>
-
-#include "platform/scheduler.h"
+#include "platform/task_list.h"
 
 namespace kavr6 {
 
@@ -15,8 +12,10 @@ class RealTimeScheduler : public Scheduler {
 
   /// Seconds on the monotonic clock since the construction.
   double Now() const override;
-  TaskId CallAfter(double seconds, Task task) override;
-  void Cancel(TaskId id) override;
+  TaskId CallAfter(double seconds, Task task) override {
+    return tasks_.Add(Now() + seconds, std::move(task));
+  }
+  void Cancel(TaskId id) override { tasks_.Cancel(id); }
 
   /// Runs the tasks that are due at this moment. What they add waits for the next call.
   void RunDue();
@@ -25,9 +24,7 @@ class RealTimeScheduler : public Scheduler {
 
  private:
   double start_;
-  std::map<std::pair<double, TaskId>, Task> queue_;
-  std::map<TaskId, double> times_;
-  TaskId lastId_ = 0;
+  TaskList tasks_;
 };
 
 }  // namespace kavr6

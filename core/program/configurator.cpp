@@ -3,7 +3,7 @@
 namespace kavr6 {
 
 Configurator::Configurator(const Machine& machine)
-    : line{state, machine.comm, machine.desktop},
+    : line{state, machine.comm, machine.desktop, machine.desktop},
       motorTable(machine.motors),
       limits(settings, state, motorTable),
       ports(line),
@@ -39,6 +39,7 @@ Configurator::Configurator(const Machine& machine)
 }
 
 void Configurator::WireTransfers() {
+  receive.FrontWindow = [&desktop = Main.Desk()] { return desktop.ActiveFormName(); };
   transfers.CommitOpenDialogs = [this] { PressOpenOks(); };
   transfers.AddMotorIfMissing = [this](const MotorRecord& motor) { TakeMotor(motor); };
   transfers.SummarizeAll = [this] { summary.SummarizeAll(); };

@@ -13,63 +13,41 @@ std::string InWords(const MessageBox& box) {
 }
 }  // namespace
 
-Scheduler::TaskId HeadlessDesktop::Add(double seconds, Task task, Of of) {
-  const TaskId id = ++lastId_;
-  const double time = now_ + seconds;
-  queue_.emplace(std::pair(time, id), Entry{std::move(task), of});
-  times_.emplace(id, time);
-  return id;
-}
-
-void HeadlessDesktop::Cancel(TaskId id) {
-  const auto found = times_.find(id);
-  if (found == times_.end()) return;
-  queue_.erase({found->second, id});
-  times_.erase(found);
-}
-
-void HeadlessDesktop::Run(Queue::iterator entry) {
-  now_ = std::max(now_, entry->first.first);
+void HeadlessDesktop::Run(const TaskList::Entry& entry) {
+  now_ = std::max(now_, entry.time);
   if (std::exchange(lastRun_, now_) != now_) runsAtThisTime_ = 0;
   if (++runsAtThisTime_ > kMostRunsAtOneTime) throw HeadlessFault("the same moment never ends");
-  const Task task = std::move(entry->second.task);
-  times_.erase(entry->first.second);
-  queue_.erase(entry);
-  Enter(task);
+  Enter(entry.task);
 }
 
 void HeadlessDesktop::PumpEvents() {
   // What these tasks post for this same moment has a higher number and waits for the next pump.
-  const TaskId newest = lastId_;
-  while (!queue_.empty() && queue_.begin()->first.first <= now_ && queue_.begin()->first.second <= newest)
-    Run(queue_.begin());
+  const TaskId newest = tasks_.Newest();
+  while (tasks_.FirstIsDue(now_, newest)) Run(tasks_.TakeFirst());
 }
 
 bool HeadlessDesktop::PumpEventsUntil(const std::function<bool()>& done, double limit) {
   const double deadline = now_ + limit;
   while (!done()) {
-    if (queue_.empty() || queue_.begin()->first.first > deadline) {
+    if (tasks_.Empty() || tasks_.FirstTime() > deadline) {
       if (limit == kForever)
         throw HeadlessFault("nobody ends the wait in front of window '" + ActiveFormName() + "'");
       now_ = std::max(now_, deadline);
       return done();
     }
-    Run(queue_.begin());
+    Run(tasks_.TakeFirst());
   }
   return true;
 }
 
 void HeadlessDesktop::LineView::Block(const std::function<bool()>& done, double limit) {
-  Queue& queue = desktop_.queue_;
   const double deadline = Now() + limit;
   while (!done()) {
-    const auto next =
-        std::find_if(queue.begin(), queue.end(), [](const auto& item) { return item.second.of == Of::Line; });
-    if (next == queue.end() || next->first.first > deadline) {
+    if (const double next = desktop_.tasks_.FirstMarkedTime(); next == kForever || next > deadline) {
       desktop_.now_ = std::max(Now(), deadline);
       return;
     }
-    desktop_.Run(next);
+    desktop_.Run(desktop_.tasks_.TakeFirstMarked());
   }
 }
 

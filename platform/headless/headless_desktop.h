@@ -2,7 +2,6 @@
 #pragma once
 
 #include <deque>
-#include <map>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -10,6 +9,7 @@
 #include <vector>
 
 #include "platform/desktop.h"
+#include "platform/task_list.h"
 
 namespace kavr6 {
 
@@ -47,8 +47,8 @@ struct ExpectedFile {
 class HeadlessDesktop : public Desktop {
  public:
   double Now() const override { return now_; }
-  TaskId CallAfter(double seconds, Task task) override { return Add(seconds, std::move(task), Of::Program); }
-  void Cancel(TaskId id) override;
+  TaskId CallAfter(double seconds, Task task) override { return tasks_.Add(now_ + seconds, std::move(task)); }
+  void Cancel(TaskId id) override { tasks_.Cancel(id); }
   LineScheduler& Line() { return line_; }
   void PumpEvents() override;
   /// Waiting for ever with nothing left to happen is a HeadlessFault that names the front window.
@@ -98,19 +98,12 @@ class HeadlessDesktop : public Desktop {
   std::string ShowFileDialog(const FileDialog& dialog) override;
 
  private:
-  enum class Of { Program, Line };
-  struct Entry {
-    Task task;
-    Of of;
-  };
-  using Queue = std::map<std::pair<double, TaskId>, Entry>;
-
   class LineView : public LineScheduler {
    public:
     explicit LineView(HeadlessDesktop& desktop) : desktop_(desktop) {}
     double Now() const override { return desktop_.now_; }
     TaskId CallAfter(double seconds, Task task) override {
-      return desktop_.Add(seconds, std::move(task), Of::Line);
+      return desktop_.tasks_.Add(Now() + seconds, std::move(task), true);
     }
     void Cancel(TaskId id) override { desktop_.Cancel(id); }
     void Block(const std::function<bool()>& done, double limit) override;
@@ -119,14 +112,11 @@ class HeadlessDesktop : public Desktop {
     HeadlessDesktop& desktop_;
   };
 
-  TaskId Add(double seconds, Task task, Of of);
-  void Run(Queue::iterator entry);
+  void Run(const TaskList::Entry& entry);
 
-  Queue queue_;
+  TaskList tasks_;
   LineView line_{*this};
-  std::map<TaskId, double> times_;
   double now_ = 0.0;
-  TaskId lastId_ = 0;
   double lastRun_ = 0.0;
   int runsAtThisTime_ = 0;
   std::deque<ExpectedBox> expected_;

@@ -24,7 +24,7 @@ struct OffsetBench {
   Form main{desktop, "MainForm"};
   ScriptedComm comm{desktop};
   DriveState state;
-  DriveLine line{state, comm, desktop};
+  DriveLine line{state, comm, desktop, desktop};
   ReceivePath receive{line};
   Settings settings;
   VelocityDialog velocity{{main, state, settings}};

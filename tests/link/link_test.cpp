@@ -22,7 +22,7 @@ struct LinkScene {
   HeadlessDesktop desktop;
   ScriptedComm comm{desktop};
   DriveState state;
-  DriveLine line{state, comm, desktop};
+  DriveLine line{state, comm, desktop, desktop};
   ReceivePath path{line};
   std::vector<int> alarms;
 };
@@ -108,6 +108,7 @@ class LiveToolTest : public LinkTest {
       typed += static_cast<char>(c);
       if (c == 'a') desktop.Post([this] { typed += '|'; }), comm.Feed("\xFC\x01\x02");
     });
+    path.FrontWindow = [this] { return desktop.ActiveFormName(); };
     front.Show();
     tool.Show();
     state.LiveToolActive = true;

@@ -17,32 +17,15 @@ double TaskQueue::Now() {
 
 Scheduler::TaskId TaskQueue::Add(double seconds, Scheduler::Task task) {
   const double time = Now() + std::max(seconds, 0.0);
-  const Scheduler::TaskId id = ++newest_;
-  times_.emplace(id, time);
-  const auto place = queue_.emplace(std::pair(time, id), std::move(task)).first;
-  if (place == queue_.begin()) Arm();
+  const bool first = time < tasks_.FirstTime();
+  const Scheduler::TaskId id = tasks_.Add(time, std::move(task));
+  if (first) Arm();
   return id;
 }
 
-void TaskQueue::Cancel(Scheduler::TaskId id) {
-  const auto found = times_.find(id);
-  if (found == times_.end()) return;
-  queue_.erase({found->second, id});
-  times_.erase(found);
-}
-
-bool TaskQueue::IsDueUpTo(Scheduler::TaskId id) const {
-  const double now = Now();
-  for (const auto& [key, task] : queue_) {
-    if (key.first > now) return false;
-    if (key.second <= id) return true;
-  }
-  return false;
-}
-
 void TaskQueue::Arm() {
-  if (queue_.empty() || eventPosted_) return;
-  const double wait = queue_.begin()->first.first - Now();
+  if (tasks_.Empty() || eventPosted_) return;
+  const double wait = tasks_.FirstTime() - Now();
   if (wait > 0.0) {
     const double milliseconds = std::clamp(std::ceil(wait * 1000.0), 1.0, kLongestTimerMs);
     timer_.start(static_cast<int>(milliseconds), Qt::PreciseTimer, this);
@@ -65,11 +48,8 @@ bool TaskQueue::event(QEvent* event) {
 }
 
 void TaskQueue::RunFirst() {
-  const auto first = queue_.begin();
-  if (first == queue_.end() || first->first.first > Now()) return Arm();
-  const Scheduler::Task task = std::move(first->second);
-  times_.erase(first->first.second);
-  queue_.erase(first);
+  if (tasks_.FirstTime() > Now()) return Arm();
+  const Scheduler::Task task = tasks_.TakeFirst().task;
   Arm();
   run_(task);
 }

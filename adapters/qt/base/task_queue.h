@@ -4,10 +4,9 @@
 #include <QBasicTimer>
 #include <QObject>
 #include <functional>
-#include <map>
 #include <utility>
 
-#include "platform/scheduler.h"
+#include "platform/task_list.h"
 
 namespace kavr6 {
 
@@ -25,10 +24,10 @@ class TaskQueue : public QObject {
   static double Now();
   /// `seconds` is finite.
   Scheduler::TaskId Add(double seconds, Scheduler::Task task);
-  void Cancel(Scheduler::TaskId id);
-  Scheduler::TaskId Newest() const { return newest_; }
+  void Cancel(Scheduler::TaskId id) { tasks_.Cancel(id); }
+  Scheduler::TaskId Newest() const { return tasks_.Newest(); }
   /// Whether a task is due that is no newer than `id`.
-  bool IsDueUpTo(Scheduler::TaskId id) const;
+  bool IsDueUpTo(Scheduler::TaskId id) const { return tasks_.AnyIsDue(Now(), id); }
 
  protected:
   bool event(QEvent* event) override;
@@ -39,9 +38,7 @@ class TaskQueue : public QObject {
   void RunFirst();
 
   Runner run_;
-  std::map<std::pair<double, Scheduler::TaskId>, Scheduler::Task> queue_;
-  std::map<Scheduler::TaskId, double> times_;
-  Scheduler::TaskId newest_ = 0;
+  TaskList tasks_;
   QBasicTimer timer_;
   bool eventPosted_ = false;
 };
