@@ -96,9 +96,13 @@ void ConfigFiles::DoSaveAs() {
 }
 
 void ConfigFiles::RescueSettings() {
-  const std::string name = ChooseFile(FileDialog::Purpose::Save);
-  if (name.empty()) return;
-  if (const auto error = WriteFile(name)) p_.desk.Ask({.text = *error, .icon = BoxIcon::Critical});
+  for (;;) {
+    const std::string name = ChooseFile(FileDialog::Purpose::Save);
+    if (name.empty()) return;
+    const auto error = WriteFile(name);
+    if (!error) return;
+    p_.desk.Ask({.text = *error, .icon = BoxIcon::Critical});
+  }
 }
 
 void ConfigFiles::MenuOpen() {

@@ -51,7 +51,7 @@ class ConfigFiles {
   void MenuSave();
   void MenuSaveAs();
   /// Saves a copy under a name of the user's choice when the program is about to end with an error: neither
-  /// FileName nor Modified change, and a failure is told in a box.
+  /// FileName nor Modified change. A failure is told in a box, and another name can be chosen.
   void RescueSettings();
 
   /// The settings as the text of a file. RuntimeError for a number that cannot be written.

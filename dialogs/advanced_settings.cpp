@@ -10,7 +10,6 @@ namespace kavr6 {
 namespace {
 
 constexpr int kReplySize = 2;
-constexpr double kReplyLimit = 0.5;  // seconds
 
 }  // namespace
 
@@ -48,11 +47,13 @@ void AdvancedSettings::AutoOffsetClick() {
 }
 
 void AdvancedSettings::MeasureOffset() {
+  line_.comm.Input();
   state_.CommandActive = true;
   PauseBeforeCommand(line_);
   LineHold hold(line_, 0);
-  line_.comm.Output(OffsetCommand(state_.DspRev, state_.MinorRev));
-  if (hold.Await(kReplySize, kReplyLimit)) {
+  const std::string_view command = OffsetCommand(state_.DspRev, state_.MinorRev);
+  line_.comm.Output(command);
+  if (hold.Await(kReplySize, ReplyLimit(command))) {
     const Bytes reply = hold.Read();
     txtCmdOffset.SetText(NumberText(ImageReader(reply).SignedStr2Num16() / 2.0));
     state_.Modified = true;

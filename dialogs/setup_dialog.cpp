@@ -16,21 +16,16 @@ void SetupDialog::Load() {
 }
 
 void SetupDialog::Open() {
-  if (Visible() && settings_ == filledFrom_) {
-    Show();
-    return;
-  }
+  if (Visible()) return Show();
   EnsureLoaded();
-  Cancel
-      .Focus();  // a field in which the dialog was closed is not entered and left again: that would clean it
-  filledFrom_ = settings_;
+  // A field in which the dialog was closed must not be entered and left again: that would clean it.
+  Cancel.Focus();
   Fill();
   Show();
   Opened();
 }
 
 void SetupDialog::Refill() {
-  filledFrom_ = settings_;
   Fill();
   Refilled();
 }

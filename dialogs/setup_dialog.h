@@ -40,7 +40,7 @@ class SetupDialog : public Form {
   std::function<void(const std::string& page)> ShowHelp;
 
   /// Shows the settings in the controls and opens the dialog. One that stands open already only comes to the
-  /// front, so that what has been typed there stays, unless the settings have changed since it was filled.
+  /// front, so that what has been typed there stays.
   void Open();
   /// The settings have been replaced while the dialog stands open: it shows them anew.
   void Refill();
@@ -63,7 +63,6 @@ class SetupDialog : public Form {
 
  private:
   const Form& over_;
-  Settings filledFrom_;
 };
 
 /// Selects that row where the list has it; otherwise the selection stays.

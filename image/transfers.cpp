@@ -9,9 +9,7 @@
 namespace kavr6 {
 namespace {
 
-constexpr double kDownloadAnswerLimit = 1.0;
 constexpr double kDownloadAnswerPause = 0.1;
-constexpr double kUploadLimit = 0.5;
 constexpr float kTachFirmware = 1.02F;
 
 MessageBox ChecksumBox(const std::string& what) {
@@ -95,7 +93,7 @@ TransferEnd Transfers::DataDownload() {
   DownloadString(image, p_.settings, p_.motorTable.Row());
   StoreChecksum(image);
   SendImage(image);
-  hold.Await(1, kDownloadAnswerLimit);
+  hold.Await(1, ReplyLimit(kDownload));
   Delay(p_.line.pump, kDownloadAnswerPause);
   return ReadAnswer();
 }
@@ -153,9 +151,9 @@ TransferEnd Transfers::DataUpload() {
   ShowProgress(0);
   p_.line.comm.Output(kUpload);
   int count = 0;
-  const bool inTime = hold.Await(static_cast<int>(kImageSize), kUploadLimit, [&] {
-    count = p_.line.comm.InBufferCount();
-    ShowProgress(count * 100.0 / kImageSize);
+  const bool inTime = hold.Await(static_cast<int>(kImageSize), ReplyLimit(kUpload), [&](int waiting) {
+    count = waiting;
+    ShowProgress(waiting * 100.0 / kImageSize);
   });
   if (inTime) return TakeUpload(hold);
   Ask({.text = "We are having trouble uploading tuning data from the drive. Is it connected to the "

@@ -37,8 +37,7 @@ struct TransferParts {
 
 /// Both transactions with their checks and messages. Events run in every wait and after every byte sent, so a
 /// second click does start a second transaction inside the first, and a port may close under a running one:
-/// its wait then runs into its limit. RThreshold is 1 again and Progress 0 on every way out but a
-/// RuntimeError, which ends the program.
+/// its wait then runs into its limit. RThreshold is 1 again and Progress 0 on every way out.
 class Transfers {
  public:
   explicit Transfers(const TransferParts& parts) : p_(parts) {}

@@ -14,8 +14,8 @@ namespace {
 
 constexpr std::size_t kIdentitySize = 2;
 constexpr std::size_t kHexSize = 4;
-constexpr double kLongWait = 1.0;
-constexpr double kShortWait = 0.5;
+/// The first look, when the program starts, may be at a drive that is starting too.
+constexpr double kFirstLookLimit = 1.0;
 
 /// The drives that the first look at the line knows. The six of this family are not among them: they are
 /// identified by the first transfer or by their power-up message.
@@ -54,7 +54,7 @@ bool DriveIdentity::DriveStillThere() {
   state_.CommandActive = true;
   line_.comm.Output(kIdentify);
   bool known = false;
-  if (AwaitReply(kIdentitySize, kLongWait)) {
+  if (AwaitReply(kIdentitySize, kFirstLookLimit)) {
     TakeIdentity();
     known = std::any_of(kEarlierFamilies.begin(), kEarlierFamilies.end(), [this](const CodeRange& codes) {
       return state_.DriveModelCode >= codes.first && state_.DriveModelCode <= codes.last;
@@ -69,7 +69,7 @@ std::string DriveIdentity::AskIdentity(const std::string& boxTitle) {
   PauseBeforeCommand(line_);
   state_.GlobalBuffer.clear();
   line_.comm.Output(kIdentify);
-  const bool answered = AwaitReply(kIdentitySize, kShortWait);
+  const bool answered = AwaitReply(kIdentitySize, ReplyLimit(kIdentify));
   state_.CommandActive = false;
   if (answered) return TakeIdentity();
   line_.boxes.Ask({.text = kDriveNotResponding, .icon = BoxIcon::Question, .title = boxTitle});
@@ -96,7 +96,7 @@ std::string DriveIdentity::SilentCheckDrive() {
 
 std::string DriveIdentity::GetMinorRev() {
   AskWord(line_.comm, kSubRevision);
-  if (!AwaitReply(kHexSize, kShortWait)) {
+  if (!AwaitReply(kHexSize, ReplyLimit(kReadWord, kSubRevision))) {
     state_.GlobalBuffer.clear();
     return {};
   }
@@ -112,7 +112,7 @@ Long DriveIdentity::GetServoStatus() {
   state_.GlobalBuffer.clear();
   AskWord(line_.comm, kStatusWord);
   Long status = -1;
-  if (AwaitReply(kHexSize, kLongWait)) {
+  if (AwaitReply(kHexSize, ReplyLimit(kReadWord, kStatusWord))) {
     status = static_cast<Integer>(HexValue(state_.GlobalBuffer.substr(0, kHexSize)));
     state_.GlobalBuffer.clear();
   }

@@ -1,5 +1,6 @@
 #include "link/drive_line.h"
 
+#include <algorithm>
 #include <array>
 #include <span>
 
@@ -36,16 +37,19 @@ LineHold::~LineHold() {
   line_.state.CommandActive = false;
 }
 
-bool LineHold::Await(int count, double limit, const std::function<void()>& onEvent) {
+bool LineHold::Await(int count, double limit, const std::function<void(int)>& onNews) {
   const double deadline = line_.pump.Now() + limit;
-  const bool enough = line_.pump.PumpEventsUntil(
-      [&] {
-        if (onEvent) onEvent();
-        return line_.comm.InBufferCount() >= count;
-      },
-      limit);
+  int waiting = 0;
+  bool news = true;
+  while (news) {
+    waiting = line_.comm.InBufferCount();
+    if (onNews) onNews(waiting);
+    if (waiting >= count) break;
+    news = line_.pump.PumpEventsUntil([&] { return line_.comm.InBufferCount() != waiting; },
+                                      std::max(deadline - line_.pump.Now(), 0.0));
+  }
   // A box or a transaction that came in between can have held this wait up beyond its limit.
-  return enough && line_.pump.Now() <= deadline;
+  return waiting >= count && line_.pump.Now() <= deadline;
 }
 
 }  // namespace kavr6

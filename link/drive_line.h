@@ -38,9 +38,9 @@ class LineHold {
   LineHold& operator=(const LineHold&) = delete;
   ~LineHold();
 
-  /// Lets events run until that many bytes wait at the port, for `limit` seconds at most; `onEvent` is called
-  /// after each event. True when they were there in time.
-  bool Await(int count, double limit, const std::function<void()>& onEvent = {});
+  /// Lets events run until that many bytes wait at the port, for `limit` seconds at most; `onNews` is told
+  /// how many wait, at first and whenever that changes. True when they were there in time.
+  bool Await(int count, double limit, const std::function<void(int)>& onNews = {});
   /// Lets others hear the line again before the hold ends: RThreshold is 1 and Progress 0.
   void Release();
   /// Takes all that waits.

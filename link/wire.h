@@ -50,6 +50,13 @@ inline constexpr std::array<WireCommand, 10> kWireCommands{{
     {kMeasureOffsetGuarded, -1, "measure the analog input, later firmware", "signed word, 1/2 mV", 0.5},
 }};
 
+/// Seconds for which the reply to a command is awaited.
+constexpr double ReplyLimit(std::string_view bytes, int argument = -1) {
+  for (const WireCommand& command : kWireCommands)
+    if (command.bytes == bytes && command.argument == argument) return command.limit;
+  return 0;
+}
+
 /// Messages that a drive sends unasked: a header of 128 or more and two bytes below 128.
 enum class MessageHeader : std::uint8_t {
   ZuFirmware = 0xEF,

@@ -20,10 +20,7 @@ class Label : public Control {
       : Control(form, std::move(name), ControlKind::Label), caption_(std::move(caption)) {}
   /// A doubled ampersand stands for one shown ampersand.
   const std::string& Caption() const { return caption_; }
-  void SetCaption(const std::string& caption) {
-    if (Assign(caption_, caption)) Change.Raise();
-  }
-  Event<> Change;
+  void SetCaption(const std::string& caption) { Assign(caption_, caption); }
 
  private:
   std::string caption_;

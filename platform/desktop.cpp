@@ -10,7 +10,11 @@
 namespace kavr6 {
 
 void Desktop::ShowForm(Form& form, bool modal) {
-  if (std::erase(shown_, &form) == 0) opened_.push_back({&form, modal});
+  if (std::erase(shown_, &form) == 0) {
+    opened_.push_back({&form, modal});
+  } else if (modal) {
+    std::ranges::find(opened_, &form, &Opened::form)->modal = true;
+  }
   shown_.push_back(&form);
   OpenWindow(form, modal);
   TellFront();
@@ -88,19 +92,22 @@ std::string Desktop::ChooseFile(const FileDialog& dialog) {
   return ShowFileDialog(dialog);
 }
 
-std::string Desktop::ActiveFormName() const { return Front() == nullptr ? std::string() : Front()->Name(); }
+std::string Desktop::ActiveFormName() const {
+  // A window that is just being left is still the one whose field is cleaned.
+  const Form* const form = active_ != nullptr ? active_ : Front();
+  return form == nullptr ? std::string() : form->Name();
+}
 
 void Desktop::Enter(const Task& work) {
   try {
     work();
   } catch (const RuntimeError& error) {
-    ReportError(error);
+    // What else goes wrong while the report stands open must not end what the user does there.
+    if (!reporting_) ReportError(error);
   }
 }
 
 void Desktop::ReportError(const RuntimeError& error) {
-  // What goes wrong while the report stands open adds no second one.
-  if (reporting_) EndProgram(1);
   reporting_ = true;
   MessageBox report{.text = "Run-time error '" + std::to_string(error.Number()) + "':\n\n" + error.what(),
                     .icon = BoxIcon::Critical};
@@ -108,7 +115,11 @@ void Desktop::ReportError(const RuntimeError& error) {
     report.text += "\n\nThe program ends now.  Do you want to save your settings to a file first?";
     report.buttons = BoxButtons::YesNo;
   }
-  if (Ask(report) == BoxAnswer::Yes) RescueWork();
+  try {
+    if (Ask(report) == BoxAnswer::Yes) RescueWork();
+  } catch (const RuntimeError&) {
+    // There is nothing left to try.
+  }
   EndProgram(1);
   std::abort();  // not reached: the compiler does not trust a virtual function that never returns
 }

@@ -68,7 +68,8 @@ class Desktop : public EventPump, public Boxes {
 
   /// Lets the user save what would be lost when the program ends by an error.
   std::function<void()> RescueWork;
-  /// Runs one event's work. A RuntimeError that leaves it is reported in a box and ends the program.
+  /// Runs one event's work. A RuntimeError that leaves it is reported in a box and ends the program; while
+  /// that box stands open, a further one is dropped.
   void Enter(const Task& work);
   /// The report of an error that nobody handles: one box, then the end with exit code 1. Where RescueWork is
   /// set the box offers to run it first.

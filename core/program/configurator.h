@@ -5,6 +5,7 @@
 
 #include "config_file/config_files.h"
 #include "core/drive_state.h"
+#include "core/program/about.h"
 #include "core/program/main_form.h"
 #include "core/program/start_form.h"
 #include "core/settings.h"
@@ -21,7 +22,7 @@
 #include "motor/dialogs/motor_dialog.h"
 #include "motor/motor_calculations.h"
 #include "motor/motor_table.h"
-#include "reports/summary_grid.h"
+#include "reports/summarizer.h"
 
 namespace kavr6 {
 

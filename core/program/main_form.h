@@ -17,7 +17,7 @@
 #include "motor/dialogs/motor_dialog.h"
 #include "motor/motor_calculations.h"
 #include "platform/mscomm.h"
-#include "reports/summary_grid.h"
+#include "reports/summarizer.h"
 
 namespace kavr6 {
 

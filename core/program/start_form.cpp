@@ -15,14 +15,4 @@ void StartForm::Load() {
   mainForm_.Show();
 }
 
-About::About(Desktop& desktop, const DriveState& state) : Form(desktop, "About"), state_(state) {
-  SetCaption("Credits");
-  OK.Clicked.Set([this] { Hide(); });
-}
-
-void About::Run() {
-  lblVersion.SetCaption("Version " + state_.AppVersion);
-  ShowModal();
-}
-
 }  // namespace kavr6

@@ -1,4 +1,4 @@
-// The splash window and the credits.
+// The splash window.
 #pragma once
 
 #include "core/drive_state.h"
@@ -21,24 +21,6 @@ class StartForm : public Form {
  private:
   DriveState& state_;
   Form& mainForm_;
-};
-
-/// Window "About".
-class About : public Form {
- public:
-  About(Desktop& desktop, const DriveState& state);
-
-  Label lblVersion{*this, "lblVersion"};
-  Button OK{*this, "OK", "OK", Button::Role::Default};
-
-  /// Shows the version and waits until the window is closed.
-  void Run();
-
- protected:
-  void Load() override { CenterOnScreen(*this); }
-
- private:
-  const DriveState& state_;
 };
 
 }  // namespace kavr6

@@ -1,4 +1,4 @@
-#include "reports/summary_grid.h"
+#include "reports/summarizer.h"
 
 #include <gtest/gtest.h>
 
