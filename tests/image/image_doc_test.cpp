@@ -9,7 +9,7 @@
 namespace kavr6 {
 namespace {
 
-constexpr const char* kFile = KAVR6_DOCS "/image.md";
+constexpr const char* kFile = KAVR6_SOURCE "/docs/image.md";
 
 std::string RowOf(const ImageField& field) {
   const int last = field.position + field.width - 1;
