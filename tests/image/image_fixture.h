@@ -41,19 +41,16 @@ inline const SettingsField& FieldOf(std::string_view name) {
 /// The number or flag as a number.
 inline double Get(const Settings& settings, const SettingsField& field) {
   const auto number = [&](auto member) -> double {
-    if constexpr (std::is_same_v<decltype(member), std::string Settings::*>)
-      throw std::invalid_argument("text");
-    else
+    if constexpr (std::is_arithmetic_v<std::decay_t<decltype(settings.*member)>>)
       return static_cast<double>(settings.*member);
+    throw std::invalid_argument("a text");
   };
   return std::visit(number, field);
 }
 inline void Set(Settings& settings, const SettingsField& field, double value) {
   const auto assign = [&](auto member) {
-    if constexpr (std::is_same_v<decltype(member), std::string Settings::*>)
-      throw std::invalid_argument("text");
-    else
-      settings.*member = static_cast<std::decay_t<decltype(settings.*member)>>(value);
+    using Value = std::decay_t<decltype(settings.*member)>;
+    if constexpr (std::is_arithmetic_v<Value>) settings.*member = static_cast<Value>(value);
   };
   std::visit(assign, field);
 }
