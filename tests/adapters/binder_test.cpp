@@ -1,7 +1,5 @@
-#include "adapters/qt/windows/binder.h"
-
+// Windows and their forms.
 #include <QTest>
-#include <QtWidgets>
 #include <tuple>
 
 #include <gtest/gtest.h>
@@ -9,55 +7,13 @@
 #include "adapters/qt/windows/forms.h"
 #include "adapters/qt/windows/widgets/connector_line.h"
 #include "adapters/qt/windows/widgets/image_button.h"
-#include "adapters/qt/windows/widgets/lamp.h"
 #include "adapters/qt/windows/widgets/percent_panel.h"
 #include "adapters/qt/windows/widgets/summary_grid.h"
-#include "platform/control_array.h"
-#include "platform/headless/headless_desktop.h"
+#include "tests/adapters/bound_form.h"
 #include "tests/support/scene.h"
 
 namespace kavr6 {
 namespace {
-
-/// Controls of the kinds that the main window has not.
-struct Fields : Form {
-  explicit Fields(Desktop& desktop) : Form(desktop, "Fields") {
-    for (const char* row : {"one", "two", "three"}) list.AddItem(row);
-  }
-  OptionGroup group;
-  TextBox text{*this, "text"};
-  ListBox list{*this, "list"};
-  CheckBox check{*this, "check"};
-  OptionButton optA{*this, "optA", group};
-  OptionButton optB{*this, "optB", group};
-  OptionGroup otherGroup;
-  OptionButton optC{*this, "optC", otherGroup};
-  Slider slider{*this, "slider", {10, 200, 2, 20, 10}};
-  Button button{*this, "button", "Go && stop"};
-  ControlArray<Lamp> lamps{*this, "lamp", 2};
-  Frame box{*this, "box"};
-};
-
-struct FieldsWindow : QWidget {
-  template <class W>
-  W* Add(const char* name) {
-    auto* const widget = new W;
-    widget->setObjectName(name);
-    column->addWidget(widget);
-    return widget;
-  }
-  QVBoxLayout* column = new QVBoxLayout(this);
-  QLineEdit* text = Add<QLineEdit>("text");
-  QListWidget* list = Add<QListWidget>("list");
-  QCheckBox* check = Add<QCheckBox>("check");
-  QRadioButton* optA = Add<QRadioButton>("optA");
-  QRadioButton* optB = Add<QRadioButton>("optB");
-  QRadioButton* optC = Add<QRadioButton>("optC");
-  QSlider* slider = Add<QSlider>("slider");
-  QPushButton* button = Add<QPushButton>("button");
-  widgets::Lamp* lamps[2] = {Add<widgets::Lamp>("lamp_0"), Add<widgets::Lamp>("lamp_1")};
-  QGroupBox* box = Add<QGroupBox>("box");
-};
 
 std::string BindFault(Form& form, QWidget& window) {
   try {
@@ -89,11 +45,7 @@ TEST(Binder, NamesWhatDoesNotFit) {
 
 TEST(Binder, EveryDesignFitsItsForm) {
   Scene scene;
-  Configurator& program = scene.program;
-  for (Form* form : std::initializer_list<Form*>{
-           &program.Main, &program.Splash, &program.Credits, &program.MotorSetup, &program.CustomMotorSetup,
-           &program.ModeMenu, &program.PulseDirSetup, &program.VelocitySetup, &program.AdvancedSetup,
-           &program.VTLSetup, &program.IOSetup, &program.EncoderSetup, &program.RegenSetup}) {
+  for (Form* form : scene.Forms()) {
     const std::unique_ptr<QWidget> window = BuildWindow(form->Name());
     QStringList mnemonics;
     for (const QWidget* widget : window->findChildren<QWidget*>()) {
@@ -154,20 +106,6 @@ TEST(Binder, MainWindowShowsItsFormAndTellsItWhatTheUserDoes) {
   EXPECT_EQ(grid->item(1, 1)->text(), "cell");
   EXPECT_FALSE(window->findChild<QAction*>("MenuExit")->isEnabled());
 }
-
-class Bound : public testing::Test {
- protected:
-  void SetUp() override {
-    form.Show();
-    window.show();
-    window.activateWindow();
-    QCoreApplication::processEvents();
-  }
-  HeadlessDesktop desktop;
-  Fields form{desktop};
-  FieldsWindow window;
-  Binder binder{form, window};
-};
 
 TEST_F(Bound, UsersActionsReachTheControlsOnce) {
   std::string log;

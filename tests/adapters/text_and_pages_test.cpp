@@ -1,51 +1,12 @@
 // Long texts and help pages in their widgets.
 #include <QTest>
-#include <QtWidgets>
 
-#include <gtest/gtest.h>
-
-#include "adapters/qt/windows/binder.h"
-#include "adapters/qt/windows/widgets/page_browser.h"
-#include "platform/headless/headless_desktop.h"
-#include "platform/page_view.h"
-#include "platform/text_area.h"
+#include "tests/adapters/bound_form.h"
 
 namespace kavr6 {
 namespace {
 
-struct Reader : Form {
-  explicit Reader(Desktop& desktop) : Form(desktop, "Reader") { Show(); }
-  TextArea line{*this, "line", TextArea::Use::Edit};
-  TextArea record{*this, "record", TextArea::Use::Read};
-  PageView pages{*this, "pages"};
-};
-
-struct ReaderWindow : QWidget {
-  template <class W>
-  W* Add(const char* name) {
-    auto* const widget = new W;
-    widget->setObjectName(name);
-    column->addWidget(widget);
-    return widget;
-  }
-  QVBoxLayout* column = new QVBoxLayout(this);
-  QPlainTextEdit* line = Add<QPlainTextEdit>("line");
-  QPlainTextEdit* record = Add<QPlainTextEdit>("record");
-  widgets::PageBrowser* pages = Add<widgets::PageBrowser>("pages");
-};
-
-class TextAndPages : public testing::Test {
- protected:
-  void SetUp() override {
-    window.show();
-    window.activateWindow();
-    QCoreApplication::processEvents();
-  }
-  HeadlessDesktop desktop;
-  Reader form{desktop};
-  ReaderWindow window;
-  Binder binder{form, window};
-};
+using TextAndPages = Bound;
 
 TEST_F(TextAndPages, LineIsTypedWithCrLfAndTheKeyIsToldWhenItIsReleased) {
   std::string log;

@@ -1,5 +1,7 @@
 #include "config_file/settings_file.h"
 
+#include <algorithm>
+#include <fstream>
 #include <iomanip>
 #include <map>
 #include <regex>
@@ -14,46 +16,39 @@
 namespace kavr6 {
 namespace {
 
-/// A file as the program writes it, from which build on it has the line, and the names of its values. Each
-/// number tells its place.
-struct Line {
-  int since;
-  const char *text, *names;
+/// A row of the page on configuration files.
+struct PageRow {
+  int line, since;
+  std::string name, form;
 };
-constexpr Line kLines[] = {
-    {0, "4,\"; drive model\"", "model -"},
-    {0, "3.1,3.2,3.3,3.4,#FALSE#,#FALSE#,#FALSE#",
-     "Speed Speed2 Accel Decel AnalogVelocity TwoSpeeds RunStop"},
-    {0, "4.1,402,4.3", "RunCurrent IdlePercent IdleDelay"},
-    {0, "#FALSE#", "CustomMotor"},
-    {0, "\"6.1\",6.2,6.3,604,6.5,606,607,-608",
-     "MotorName RatedCurrent RatedTorque TorqueUnit RotorInertia InertiaUnit HarmonicGain HarmonicPhase"},
-    {0, "7.1,7.2", "MotorR MotorL"},
-    {23, "801,802", "LeadAngleRps LeadAngleDeg"},
-    {38, "9.1", "MaxVoltsPct"},
-    // A zone has 14 columns: the second number fills its own, and the first of the next line takes two.
-    {0, "\"10.1\", 10.2   10.300000001  1004         -10.5          1006          1007         -1008 ",
-     "row.MotorName row.RatedCurrent row.RatedTorque row.TorqueUnit row.RotorInertia row.InertiaUnit "
-     "row.HarmonicGain row.HarmonicPhase"},
-    {0, " 11.1234567890123            11.2 ", "row.MotorR row.MotorL"},
-    {23, " 1201          1202 ", "row.LeadAngleRps row.LeadAngleDeg"},
-    {38, " 13.1 ", "row.MaxVoltsPct"},
-    {0, "14.1,1402,#FALSE#,14.4", "LoadInertia LoadInertiaUnit InertiaIsRatio InertiaRatio"},
-    {0, "15.1,15.2,#FALSE#,#FALSE#", "MaxSpeed MaxAccel SmoothingOn DampingOn"},
-    {0, "#FALSE#,#FALSE#,1603,1604", "EncoderCW EncoderSingleEnded EncoderCounts MaxTorquePct"},
-    {0, "#FALSE#,#FALSE#,#FALSE#,1704,17.50001,17.6",
-     "StallDetect StallPrevent StallFaultOn StallFaultMs StallSpeed StallAccel"},
-    {0, "1801,1802", "BrakeDelay BrakeEngage"},
-    {0, "1901,1902,1903,#FALSE#,1905,1906",
-     "ControlMode OpMode PulseType DirIsCW StepsPerRev StepFilterFreq"},
-    {0, "20", "port"},
-    {0, "2101,2102,2103,2104,2105,2106,2107",
-     "EnableMode AlarmResetMode LimitMode AlarmOutMode MotionOutMode BrakeMode NoiseFilter"},
-    {0, "2201,#FALSE#,2203", "AnalogRange AnalogTypeFlag AnalogDeadband"},
-    {0, "23.1,2302,23.3,2304", "AnalogFilter AnalogGain CmdScale CmdOffset"},
-    {0, "24.1,24.2,24.3,#FALSE#", "RegenOhms RegenWatts RegenSecs RegenExternal"},
-    {0, "\"25.1\",2502,2503,2504", "RS485Addr TxDelay BitRateCode ProtocolFlags"},
-    {20, ",2505", "PowerUpMode"}};
+
+/// The lines of the page, from the one that begins with `first` up to the next that does not fit.
+template <class Fits>
+std::vector<std::string> PageSection(const std::string& first, const Fits& fits) {
+  std::vector<std::string> section;
+  std::ifstream page(KAVR6_SOURCE "/docs/cnf.md");
+  for (std::string line; std::getline(page, line) && (section.empty() || fits(line));)
+    if (!section.empty() || line.starts_with(first)) section.push_back(line);
+  return section;
+}
+
+const std::vector<PageRow>& PageRows() {
+  static const std::vector<PageRow> rows = [] {
+    const std::regex cells(R"(\| (\d+) \| (?:all|(\d+)) \| (Row: )?(?:drive )?(\w+) \| ([a-z, ]+) \|.*)");
+    std::vector<PageRow> found;
+    for (const std::string& line :
+         PageSection("| 2 |", [](const std::string& row) { return row[0] == '|'; })) {
+      std::smatch cell;
+      if (!std::regex_match(line, cell, cells)) throw std::runtime_error(line);
+      found.push_back({std::stoi(cell[1]), cell[2].matched ? std::stoi(cell[2]) : 0,
+                       (cell[3].matched ? "row." : "") + cell[4].str(), cell[5]});
+    }
+    found.push_back({});  // behind the last line
+    return found;
+  }();
+  return rows;
+}
+
 constexpr int kNewest = 38;
 
 std::string Replaced(std::string text, const std::string& part, const std::string& by, std::size_t from = 0) {
@@ -71,24 +66,28 @@ struct File {
   std::string text;
   std::vector<Value> values;
 
+  /// The lines of newest.cnf, in which each number tells its place, as the page gives them to this build.
   explicit File(int build = kNewest, const std::string& version = "1.0") : text(version) {
-    for (const Line& line : kLines) {
-      if (line.since > build) continue;
-      const std::string content = line.text;
-      if (content[0] != ',') text += "\r\n";
-      std::istringstream names(line.names);
-      static const std::regex kValue("\"[^\"]*\"|[^ ,]+");
-      for (std::sregex_iterator at(content.begin(), content.end(), kValue), end; at != end; ++at) {
-        const std::size_t start = text.size() + static_cast<std::size_t>(at->position());
-        values.push_back({"", at->str(), start, start + static_cast<std::size_t>(at->length())});
-        names >> values.back().name;
+    static const std::regex kValue("\"[^\"]*\"|[^ ,]+");
+    std::ifstream newest(KAVR6_SOURCE "/tests/config_file/newest.cnf");
+    auto row = PageRows().begin();
+    std::string line;
+    std::getline(newest, line);
+    for (int number = 2; std::getline(newest, line); ++number) {
+      const std::string whole = line;
+      const std::size_t begin = text.size() + 2;
+      for (std::sregex_iterator at(whole.begin(), whole.end(), kValue); row->line == number; ++row, ++at) {
+        const auto start = static_cast<std::size_t>(at->position());
+        if (row->since <= build)
+          values.push_back({row->name, at->str(), begin + start, begin + start + at->str().size()});
+        else
+          line.resize(std::min(line.size(), start == 0 ? 0 : start - 1));
       }
-      text += content;
+      if (!line.empty()) text += "\r\n" + line;
     }
     text += "\r\n";
     // The model is selected when all of its line has been read.
-    values[0].end = values[1].end;
-    values.erase(values.begin() + 1);
+    values[0].end = text.find("\r\n", values[0].end);
   }
   /// The same with another line; the version's is number 1.
   std::string With(int line, const std::string& content) const {
@@ -156,6 +155,27 @@ Settings AnyRecord() {
   return record;
 }
 
+TEST(CnfPage, TellsTheFormOfEachField) {
+  constexpr const char* kForms[] = {"number", "single", "long", "integer", "switch", "text"};
+  Values forms{{"model", "integer"}, {"port", "integer"}};
+  for (const NamedField& field : SettingsFields()) {
+    const std::string form = forms[std::string(field.name)] = kForms[field.member.index()];
+    forms["row." + std::string(field.name)] = form == "text" ? form : form + ", print";
+  }
+  for (const PageRow& row : PageRows()) EXPECT_EQ(row.form, forms[row.name]) << row.name;
+}
+
+TEST(CnfPage, ShowsTheFileOfTheStartValues) {
+  std::string shown;
+  for (const std::string& line : PageSection("1.0", [](const std::string& text) { return text != "```"; }))
+    shown += line + "\r\n";
+  Settings s;
+  InitVars(s);
+  const MotorRecord row{1.5, 62.3, 57, 79, 2.7, 4.8, "KM17-2P-150", 750, 4, 0, 1, 120, 32};
+  EXPECT_EQ(WriteSettingsFile({"1.0", 1, 0}, s, row), shown);
+}
+
+/// Files of every version; the page on them tells which lines each has, newest.cnf holds the values.
 TEST(SettingsFile, EveryVersionHasItsLines) {
   const std::pair<const char*, int> cases[] = {
       {"0.0.19", 19}, {"0.0.20", 20}, {"0.0.22", 22},   {"0.0.23", 23},   {"0.0.37", 37},    {"0.0.38", 38},
@@ -229,32 +249,17 @@ TEST(SettingsFile, ACutFileKeepsWhatStandsBeforeTheCut) {
 }
 
 TEST(SettingsFile, BadFilesSayWhereAndWhy) {
-  const std::tuple<int, const char*, int, std::string> cases[] = {
-      {2, ",4", 13, "Line 2, value 1: the value is missing"},
-      {2, "40000,\"\"", 6, "Line 2, value 1: the number is too large"},
-      {2, "4,\"a\"b\"", 13, "Line 2, value 2: a comma is expected behind the closing quote"},
-      {3, "1,,3,4,#TRUE#,#TRUE#,#TRUE#", 13, "Line 3, value 2: the value is missing"},
-      {3, "1,1e999", 6, "Line 3, value 2: the number is too large"},
-      {3, "1,1.5x", 13, "Line 3, value 2: a number is expected"},
-      {3, "1,2,3,4,#TRUE#,#TRUE#", 13, "Line 4, value 1: #TRUE# or #FALSE# is expected"},
-      {3, "1,2,3,4,#TRUE#,#TRUE#,#TRUE#,8", 13, "Line 4, value 3: #TRUE# or #FALSE# is expected"},
-      {4, "1,2147483647.5", 6, "Line 4, value 2: the number is too large"},
-      {5, "1", 13, "Line 5, value 1: #TRUE# or #FALSE# is expected"},
-      {6, "motor,2", 13, "Line 6, value 1: a text in quotes is expected"},
-      {6, "\"6.1\",a", 13, "Line 6, value 2: a number is expected"},
-      {17, "#TRUE#,#TRUE#,#TRUE#,1,-1e39,1", 6, "Line 17, value 5: the number is too large"},
-      {25, "\"!\",0,1,1", 62, "Line 25, value 5: the file ends here"},
-      {25, "\"!\",0,1,\r\n ", 62, "Line 26, value 1: the file ends here"},
-      {25, "\"", 13, "Line 25, value 1: the closing quote is missing"},
-      {25, "\"!\r\n\"", 13, "Line 25, value 1: the closing quote is missing"},
-      {25, "\"a\"\",0", 13, "Line 25, value 1: the closing quote is missing"},
-      {25, "\"\"\"\"\",0", 13, "Line 25, value 1: the closing quote is missing"},
-      {25, "\"\"a\",0", 13, "Line 25, value 1: a comma is expected behind the closing quote"}};
-  for (const auto& [line, content, error, words] : cases) {
-    const Reading reading(File().With(line, content));
-    EXPECT_EQ(reading.text, words);
-    EXPECT_EQ(reading.error, error) << words;
+  std::ifstream cases(KAVR6_SOURCE "/tests/config_file/bad_lines.txt");
+  int count = 0;
+  for (std::string row; std::getline(cases, row);) {
+    const std::regex cells("(\\d+) (\\d+) \\|(.*)\\| (.*)");
+    std::smatch cell;
+    if (!std::regex_match(row, cell, cells)) continue;
+    const Reading reading(File().With(std::stoi(cell[1]), Replaced(cell[3], "~", "\r\n")));
+    EXPECT_EQ(std::to_string(reading.error) + ": " + reading.text, cell[2].str() + ": " + cell[4].str());
+    ++count;
   }
+  EXPECT_EQ(count, 20);
   EXPECT_EQ(Reading("\xEF\xBB\xBF").text, "The file is empty");
   const std::string broken = Replaced(File().text, "4,\"", "4\r\n\"");
   EXPECT_EQ(Reading(broken, {}, 4).text, "Line 2: no such row");

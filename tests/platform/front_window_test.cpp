@@ -1,4 +1,9 @@
 // The order of events when the front window changes.
+#include <fstream>
+#include <functional>
+#include <map>
+#include <memory>
+#include <sstream>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -10,118 +15,81 @@
 namespace kavr6 {
 namespace {
 
-/// Tells all that happens to it: "A+" activated, "A-" deactivated, "Af+" its field has got the focus.
+/// Tells all that happens to it.
 struct Window : Form {
   Window(Desktop& desktop, const std::string& name, std::string& log) : Form(desktop, name), log_(log) {
-    Activate.Set([this] { Tell("+", OnActivate); });
-    Deactivate.Set([this] { Tell("-", OnDeactivate); });
-    field.GotFocus.Set([this] { Tell("f+", nullptr); });
-    field.LostFocus.Set([this] { Tell("f-", OnLeave); });
-    button.Clicked.Set([this] { Tell("!", nullptr); });
+    Activate.Set([this] { Tell("+", "activated"); });
+    Deactivate.Set([this] { Tell("-", "deactivated"); });
+    field.GotFocus.Set([this] { Tell("f+", ""); });
+    field.LostFocus.Set([this] { Tell("f-", "left"); });
+    button.Clicked.Set([this] { Tell("!", ""); });
   }
   TextBox field{*this, "field"};
   Button button{*this, "button"};
-  std::function<void()> OnActivate, OnDeactivate, OnLeave;
+  std::map<std::string, std::function<void()>> Once;
 
  private:
-  void Tell(const char* what, const std::function<void()>& then) {
-    log_ += Name() + what + " ";
-    if (then) then();
+  void Tell(const char* what, const char* when) {
+    log_ += " " + Name() + what;
+    if (const auto act = std::exchange(Once[when], nullptr)) act();
   }
   std::string& log_;
 };
 
-class FrontWindow : public testing::Test {
- protected:
-  /// A is in front with its field focused.
-  FrontWindow() {
-    a.Show();
-    a.field.TabTo();
-    log.clear();
-  }
+struct Windows {
   std::string log;
   HeadlessDesktop desktop;
   Window a{desktop, "A", log};
   Window b{desktop, "B", log};
   Window c{desktop, "C", log};
+
+  Windows() {
+    a.Show();
+    a.field.TabTo();
+  }
+  /// An order such as "show B" or "focus A.field".
+  void Do(const std::string& order) {
+    const std::string subject = order.substr(order.find(' ') + 1);
+    Window& w = subject[0] == 'C' ? c : subject[0] == 'B' ? b : a;
+    const std::map<std::string, std::function<void()>> orders{
+        {"show", [&] { w.Show(); }},
+        {"hide", [&] { w.Hide(); }},
+        {"raise", [&] { desktop.BroughtToFront(w); }},
+        {"click", [&] { w.button.Click(); }},
+        {"type", [&] { w.field.Type("x"); }},
+        {"focus", [&] { w.Find(subject.substr(2))->Focus(); }},
+        {"selected", [&] { log += " " + std::to_string(w.field.SelLength()); }},
+        {"who", [&] { log += " " + desktop.ActiveFormName(); }},
+        {"box", [&] { desktop.Expect({.text = "?"}), desktop.Ask({.text = "?"}); }},
+        {"modal",
+         [&] { desktop.Post([&w] { w.button.Click(), w.Hide(); }), w.ShowModal(), log += " after"; }},
+        {"passing", [&] { Window(desktop, subject, log).Show(); }}};
+    orders.at(order.substr(0, order.find(' ')))();
+  }
+  /// "once B activated: show C"
+  void Arrange(const std::string& line) {
+    const std::size_t colon = line.find(':');
+    (line[5] == 'B' ? b : a).Once[line.substr(7, colon - 7)] = [this, order = line.substr(colon + 2)] {
+      Do(order);
+    };
+  }
 };
 
-TEST_F(FrontWindow, EachHearsOfItsTurnOnceInOrder) {
-  const std::pair<std::function<void()>, const char*> steps[] = {
-      {[&] { b.Show(); }, "Af- A- B+ "},
-      {[&] { a.field.Focus(); }, ""},
-      {[&] { b.field.Focus(); }, "Bf+ "},
-      {[&] { a.button.Click(); }, "Bf- B- A+ Af+ Af- A! "},
-      {[&] { b.field.Type("x"); }, "A- B+ Bf+ "},
-      {[&] { desktop.Expect({.text = "?"}), desktop.Ask({.text = "?"}); }, ""},
-      {[&] { desktop.BroughtToFront(a); }, "Bf- B- A+ "},
-      {[&] { b.Show(), c.Show(); }, "A- B+ Bf+ Bf- B- C+ "},
-      {[&] { b.Hide(); }, ""},
-      {[&] { c.Hide(); }, "C- A+ "},
-      {[&] { a.Hide(); }, "A- "},
-      {[&] { b.Show(); }, "B+ Bf+ "},
-      {[&] { b.Hide(); }, "Bf- B- "},
-  };
-  for (const auto& [act, events] : steps) {
-    log.clear();
-    act();
-    EXPECT_EQ(log, events);
+TEST(FrontWindow, EachHearsOfItsTurnOnceInOrderWhateverItsHandlersDo) {
+  std::ifstream script(KAVR6_SOURCE "/tests/platform/front_window.txt");
+  auto windows = std::make_unique<Windows>();
+  int orders = 0;
+  for (std::string line; std::getline(script, line);) {
+    const std::size_t bar = line.find(" |");
+    if (line.empty()) windows = std::make_unique<Windows>();
+    if (line.starts_with("once ")) windows->Arrange(line);
+    if (bar == std::string::npos) continue;
+    windows->log.clear();
+    windows->Do(line.substr(0, bar));
+    EXPECT_EQ(line.substr(0, bar) + " |" + windows->log, line);
+    ++orders;
   }
-}
-
-TEST_F(FrontWindow, EnteringSelectsAllTextAlsoWhenTheWindowComesBack) {
-  a.field.Type("12");
-  EXPECT_EQ(a.field.SelLength(), 0U);
-  b.Show();
-  a.Show();
-  EXPECT_EQ(a.field.SelLength(), 2U);
-}
-
-TEST_F(FrontWindow, HandlerThatChangesWindowsLeavesNothingOutAndNothingTwice) {
-  const std::tuple<const char*, std::function<void()>&, std::function<void()>, const char*> cases[] = {
-      {"activated, it shows another", b.OnActivate, [&] { c.Show(); }, "Af- A- B+ B- C+ "},
-      {"activated, it hides itself", b.OnActivate, [&] { b.Hide(); }, "Af- A- B+ B- A+ Af+ "},
-      {"deactivated, it shows another", a.OnDeactivate, [&] { c.Show(); }, "Af- A- C+ "},
-      {"deactivated, it takes the new one away", a.OnDeactivate, [&] { b.Hide(); }, "Af- A- A+ Af+ "},
-      {"left, its field shows another", a.OnLeave, [&] { c.Show(); }, "Af- A- C+ "},
-      {"left, its field takes the new one away", a.OnLeave, [&] { b.Hide(); }, "Af- Af+ "},
-      {"left, its field passes the focus on", a.OnLeave, [&] { a.button.Focus(); }, "Af- A- B+ "},
-      {"activated, it gives the focus", b.OnActivate, [&] { b.field.Focus(); }, "Af- A- B+ Bf+ "},
-  };
-  for (const auto& [name, handler, act, events] : cases) {
-    a.field.Focus();
-    log.clear();
-    handler = [&, once = true, then = act]() mutable {
-      if (std::exchange(once, false)) then();
-    };
-    b.Show();
-    EXPECT_EQ(log, events) << name;
-    handler = nullptr;
-    b.button.Focus();
-    c.Hide(), b.Hide();
-  }
-}
-
-TEST_F(FrontWindow, ModalWindowInsideAnActivationHasItsTurnThere) {
-  b.OnActivate = [&] {
-    b.OnActivate = nullptr;
-    desktop.Post([&] { c.button.Click(), c.Hide(); });
-    c.ShowModal();
-    log += "after ";
-  };
-  b.Show();
-  EXPECT_EQ(log, "Af- A- B+ B- C+ C! C- B+ after ");
-  EXPECT_EQ(desktop.ActiveFormName(), "B");
-}
-
-TEST_F(FrontWindow, FormThatHasDiedIsForgotten) {
-  {
-    Window d(desktop, "D", log);
-    d.Show();
-  }
-  EXPECT_EQ(desktop.ActiveFormName(), "A");
-  b.Show();
-  EXPECT_EQ(log, "Af- A- D+ B+ ");
+  EXPECT_EQ(orders, 32);
 }
 
 }  // namespace
