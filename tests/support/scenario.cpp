@@ -75,7 +75,7 @@ std::string Difference(const std::string& expected, const std::string& got) {
 /// Without the remark in brackets.
 std::string StepsOf(const std::string& heading) {
   const std::string steps = heading.substr(2);
-  return steps.ends_with(')') ? steps.substr(0, steps.rfind('(')) : steps;
+  return steps.ends_with(')') ? steps.substr(0, steps.rfind(" (")) : steps;
 }
 
 }  // namespace

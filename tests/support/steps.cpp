@@ -115,6 +115,15 @@ void TellOpeners(S s, W) {
   s.scene.main.Openers.HelpOn = [&s](const std::string& spot) { s.recorder->Note("opens help on " + spot); };
 }
 
+/// What the setup dialogs open outside of themselves; to be said before the start.
+void TellPages(S s, W) {
+  for (Form* form : s.scene.Forms())
+    if (auto* const dialog = dynamic_cast<SetupDialog*>(form))
+      dialog->ShowHelp = [&s](const std::string& page) { s.recorder->Note("opens page " + page); };
+  s.scene.program.CustomMotorSetup.OpenWizard = [&s] { s.recorder->Note("opens the wizard"); };
+  s.scene.program.IOSetup.OpenHistory = [&s] { s.recorder->Note("opens the history"); };
+}
+
 // Settings and shared values.
 
 void Set(S s, W w) {
@@ -282,6 +291,13 @@ StepDone FindStep(const std::string& word) {
       {"file", File},
       {"box", [](S s, W w) { s.scene.desktop.Ask({.text = w.Next()}); }},
       {"openers", TellOpeners},
+      {"pages", TellPages},
+      {"focus",
+       [](S s, W) {
+         const Form& front = s.Window(s.scene.desktop.ActiveFormName());
+         const Control* const control = front.FocusedControl();
+         s.recorder->Note("focus: " + (control == nullptr ? "none" : control->Name()));
+       }},
       {"set", Set},
       {"state", State},
       {"afresh", [](S s, W) { InitVars(s.scene.settings); }},
