@@ -86,7 +86,8 @@ void Answer(S s, W w) {
 }
 
 void File(S s, W w) {
-  const auto purpose = w.Take("save") ? FileDialog::Purpose::Save : FileDialog::Purpose::Open;
+  const auto purpose = w.Take("open") ? FileDialog::Purpose::Open : FileDialog::Purpose::Save;
+  if (purpose == FileDialog::Purpose::Save && !w.Take("save")) throw std::runtime_error("open or save");
   s.scene.desktop.Expect({.purpose = purpose, .name = w.Next(), .during = std::exchange(s.meanwhile, {})});
 }
 
