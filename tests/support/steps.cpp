@@ -246,12 +246,21 @@ void Edit(S s, W w) {
   text.replace(at, part.size(), w.Next());
 }
 
-/// A motor of the catalogue: name, A, oz in, g cm2.
+/// A motor of the catalogue by the values of its columns; a whole number with a point is a double.
 void Motor(S s, W w) {
-  const std::string name = w.Next();
-  const double current = w.Number();
-  const double torque = w.Number();
-  s.scene.table.AddMotor(name, current, torque, w.Number());
+  MemoryTable::Row row;
+  while (w.More()) {
+    const bool number = std::string("-0123456789").find(Words(w).Rest().front()) != std::string::npos;
+    const std::string word = w.Next();
+    if (!number) {
+      row.emplace_back(word);
+    } else if (word.find('.') == std::string::npos) {
+      row.emplace_back(std::int64_t{Words(word).Whole()});
+    } else {
+      row.emplace_back(Words(word).Number());
+    }
+  }
+  s.scene.table.Add(row);
 }
 
 }  // namespace
@@ -303,6 +312,8 @@ StepDone FindStep(const std::string& word) {
       {"state", State},
       {"afresh", [](S s, W) { InitVars(s.scene.settings); }},
       {"motor", [](S s, W w) { s.scene.program.MotorSetup.SetMotorList(w.Next()); }},
+      {"row", [](S s, W w) { s.scene.program.motorTable.Seek(w.Next()); }},
+      {"summarize", [](S s, W) { s.scene.program.summary.SummarizeAll(); }},
       {"status",
        [](S s, W) {
          s.recorder->Note("it is " + std::to_string(s.scene.program.identity.GetServoStatus()));
@@ -325,7 +336,7 @@ StepDone FindStep(const std::string& word) {
       {"refusals", [](S s, W) { s.scene.desktop.RecordRefusals(); }},
       {"edit", Edit},
       {"remove", [](S s, W w) { s.scene.files.content.erase(w.Next()); }},
-      {"disk", [](S s, W w) { s.scene.files.FailReplace = w.Take("full"); }},
+      {"disk", [](S s, W w) { s.scene.files.FailReplace = w.Next() == "full"; }},
       {"catalogue", Motor},
       {"readonly", [](S s, W w) { s.scene.table.FailUpdate = w.YesNo(); }},
       {"norow", [](S s, W) { s.scene.program.motorTable.PartNumbers(); }},
