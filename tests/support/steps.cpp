@@ -4,6 +4,7 @@
 #include <utility>
 #include <variant>
 
+#include "core/settings_fields.h"
 #include "platform/grid.h"
 #include "tests/support/scenario.h"
 
