@@ -247,6 +247,13 @@ void Edit(S s, W w) {
   text.replace(at, part.size(), w.Next());
 }
 
+void Table(S s, W w) {
+  const std::string state = w.Next();
+  if (state == "empty") s.scene.table = MemoryTable();
+  s.scene.table.FailOpen = state == "missing";
+  s.scene.table.FailUpdate = state == "readonly";
+}
+
 /// A motor of the catalogue by the values of its columns; a whole number with a point is a double.
 void Motor(S s, W w) {
   MemoryTable::Row row;
@@ -339,7 +346,7 @@ StepDone FindStep(const std::string& word) {
       {"remove", [](S s, W w) { s.scene.files.content.erase(w.Next()); }},
       {"disk", [](S s, W w) { s.scene.files.FailReplace = w.Next() == "full"; }},
       {"catalogue", Motor},
-      {"readonly", [](S s, W w) { s.scene.table.FailUpdate = w.YesNo(); }},
+      {"table", Table},
       {"norow", [](S s, W) { s.scene.program.motorTable.PartNumbers(); }},
       {"servoerrors", [](S s, W) {
          s.scene.program.receive.ServoError152 = [&s](int code) {
