@@ -104,7 +104,10 @@ std::string Scenario::TranscriptOf(const std::string& text) {
   } catch (const HeadlessFault& fault) {
     ADD_FAILURE_AT(path_.c_str(), line_) << fault.what();
   }
-  if (recorder == nullptr) Record();
+  if (recorder == nullptr) {
+    ADD_FAILURE_AT(path_.c_str(), line_) << "nothing is started";
+    return before;
+  }
   const std::string folder = path_.substr(0, path_.rfind('/') + 1);
   const std::string known = likeThere_.empty() ? "" : ContentOf(folder + likeThere_ + ".txt");
   const std::string told = recorder->Text();
@@ -138,6 +141,9 @@ void Scenario::Do(Words steps) {
 void Scenario::Record(const std::string& likeThere) {
   likeThere_ = likeThere;
   recorder = std::make_unique<Recorder>(scene);
+  scene.program.receive.ServoError152 = [this](int code) {
+    recorder->Note("ServoError152 " + std::to_string(code));
+  };
 }
 
 Form& Scenario::Window(const std::string& name) {

@@ -34,11 +34,6 @@ void Click(S s, W w) {
   s.The<ClickableControl>(name).Click();
 }
 
-void DoubleClick(S s, W w) {
-  const std::string name = w.Next();
-  s.The<Grid>(name).DoubleClick(w.Whole());
-}
-
 /// Each number or text that follows is typed and left in turn.
 void Enter(S s, W w) {
   auto& box = s.The<TextBox>(w.Next());
@@ -128,16 +123,20 @@ void TellPages(S s, W) {
 
 // Settings and shared values.
 
+/// Takes the next word as the kind of value that it is given.
+struct Reader {
+  Words& words;
+  void operator()(double& value) const { value = words.Number(); }
+  void operator()(float& value) const { value = static_cast<float>(words.Number()); }
+  void operator()(Watched<float>& value) const { value = static_cast<float>(words.Number()); }
+  void operator()(Long& value) const { value = words.Whole(); }
+  void operator()(Integer& value) const { value = static_cast<Integer>(words.Whole()); }
+  void operator()(bool& value) const { value = words.YesNo(); }
+  void operator()(Watched<bool>& value) const { value = words.YesNo(); }
+  void operator()(std::string& value) const { value = words.Next(); }
+};
+
 void Set(S s, W w) {
-  struct Reader {
-    Words& words;
-    void operator()(double& value) const { value = words.Number(); }
-    void operator()(float& value) const { value = static_cast<float>(words.Number()); }
-    void operator()(Long& value) const { value = words.Whole(); }
-    void operator()(Integer& value) const { value = static_cast<Integer>(words.Whole()); }
-    void operator()(bool& value) const { value = words.YesNo(); }
-    void operator()(std::string& value) const { value = words.Next(); }
-  };
   const std::string name = w.Next();
   for (const NamedField& field : SettingsFields())
     if (field.name == name)
@@ -159,16 +158,9 @@ void State(S s, W w) {
                                                       {"GlobalBuffer", &D::GlobalBuffer},
                                                       {"MinorRev", &D::MinorRev},
                                                       {"DspRev", &D::DspRev}};
-  struct Writer {
-    Words& words;
-    void operator()(bool& value) const { value = words.YesNo(); }
-    void operator()(Watched<bool>& value) const { value = words.YesNo(); }
-    void operator()(std::string& value) const { value = words.Next(); }
-    void operator()(Watched<float>& value) const { value = static_cast<float>(words.Number()); }
-  };
   const auto found = kMembers.find(w.Next());
   if (found == kMembers.end()) throw std::runtime_error("no such shared value");
-  std::visit([&](auto member) { Writer{w}(s.scene.state.*member); }, found->second);
+  std::visit([&](auto member) { Reader{w}(s.scene.state.*member); }, found->second);
 }
 
 // The drive, the line and the machine.
@@ -227,17 +219,6 @@ void Identity(S s, W w) {
   s.scene.drive.SetIdentity(revision, model, w.Next().at(0));
 }
 
-void Screen(S s, W w) {
-  const int width = w.Whole();
-  s.scene.desktop.SetScreen({width, w.Whole()});
-}
-
-void Version(S s, W w) {
-  const int major = w.Whole();
-  const int minor = w.Whole();
-  s.scene.desktop.SetVersion({major, minor, w.Whole()});
-}
-
 /// Replaces a part of a file by another.
 void Edit(S s, W w) {
   std::string& text = s.scene.files.content.at(w.Next());
@@ -271,88 +252,79 @@ void Motor(S s, W w) {
   s.scene.table.Add(row);
 }
 
+void Focus(S s, W) {
+  const Control* const control = s.Window(s.scene.desktop.ActiveFormName()).FocusedControl();
+  s.recorder->Note("focus: " + (control == nullptr ? "none" : control->Name()));
+}
+
+// clang-format off: one line for a word
+const std::map<std::string, StepDone> kSteps{
+    {"start", Start},  // "unseen", or "like" another transcript
+    {"click", Click},
+    {"doubleclick", [](S s, W w) { s.The<Grid>(w.Next()).DoubleClick(w.Whole()); }},
+    {"type", [](S s, W w) { s.The<TextBox>(w.Next()).Type(w.Next()); }},
+    {"enter", Enter},
+    {"select", [](S s, W w) { s.The<ListBox>(w.Next()).Select(w.Whole()); }},
+    {"scroll", [](S s, W w) { s.The<Slider>(w.Next()).Scroll(w.Whole()); }},
+    {"tab", [](S s, W w) { s.The<Control>(w.Next()).TabTo(); }},
+    {"press", [](S s, W w) { s.The<ImageButton>(w.Next()).MouseDown(); }},
+    {"release", [](S s, W w) { s.The<ImageButton>(w.Next()).MouseUp(); }},
+    {"key", Key},
+    {"close", [](S s, W w) { s.Window(w.Next()).RequestClose(); }},
+    {"small", [](S s, W w) { s.Window(w.Next()).Resize(100, 100); }},
+    {"wait", [](S s, W w) { Delay(s.scene.desktop, w.Number()); }},
+    {"later", Later},
+    {"meanwhile", [](S s, W w) { s.meanwhile = [&s, steps = w.Rest()] { s.Do(Words(steps)); }; }},
+    {"answer", Answer},
+    {"file", File},
+    {"show", Show},
+    {"focus", Focus},
+    {"openers", TellOpeners},
+    {"pages", TellPages},
+
+    {"set", Set},
+    {"state", State},
+    {"afresh", [](S s, W) { InitVars(s.scene.settings); }},
+    {"motor", [](S s, W w) { s.scene.program.MotorSetup.SetMotorList(w.Next()); }},
+    {"row", [](S s, W w) { s.scene.program.motorTable.Seek(w.Next()); }},
+    {"norow", [](S s, W) { s.scene.program.motorTable.PartNumbers(); }},
+    {"summarize", [](S s, W) { s.scene.program.summary.SummarizeAll(); }},
+    {"status",
+     [](S s, W) { s.recorder->Note("it is " + std::to_string(s.scene.program.identity.GetServoStatus())); }},
+    {"box", [](S s, W w) { s.scene.desktop.Ask({.text = w.Next()}); }},
+
+    {"port", Port},
+    {"unplug", [](S s, W) { s.scene.comm.Unplug(); }},
+    {"threshold", [](S s, W w) { s.scene.comm.SetRThreshold(w.Whole()); }},
+    {"latency", [](S s, W w) { s.scene.comm.SetLatency(w.Number()); }},
+    {"fault", Fault},
+    {"identity", Identity},
+    {"image", Image},
+    {"sends", DriveSends},
+    {"restart", [](S s, W) { s.scene.drive.Restart(); }},
+    {"silent", [](S s, W w) { s.scene.drive.SetSilent(w.YesNo()); }},
+    {"alarm", [](S s, W w) { s.scene.drive.RaiseAlarm(w.Whole()); }},
+    {"screen",
+     [](S s, W w) {
+       s.scene.desktop.SetScreen({w.Whole(), w.Whole()});
+     }},
+    {"version",
+     [](S s, W w) {
+       s.scene.desktop.SetVersion({w.Whole(), w.Whole(), w.Whole()});
+     }},
+    {"shift", [](S s, W w) { s.scene.desktop.SetShift(w.YesNo()); }},
+    {"decimals", [](S s, W w) { s.scene.desktop.SetDecimalSign(w.Next()); }},
+    {"edit", Edit},
+    {"remove", [](S s, W w) { s.scene.files.content.erase(w.Next()); }},
+    {"disk", [](S s, W w) { s.scene.files.FailReplace = w.Next() == "full"; }},
+    {"catalogue", Motor},
+    {"table", Table},
+};
+// clang-format on
+
 }  // namespace
 
 StepDone FindStep(const std::string& word) {
-  static const std::map<std::string, StepDone> kSteps{
-      {"start", Start},
-      {"click", Click},
-      {"doubleclick", DoubleClick},
-      {"type",
-       [](S s, W w) {
-         auto& box = s.The<TextBox>(w.Next());
-         box.Type(w.Next());
-       }},
-      {"enter", Enter},
-      {"select",
-       [](S s, W w) {
-         auto& list = s.The<ListBox>(w.Next());
-         list.Select(w.Whole());
-       }},
-      {"scroll",
-       [](S s, W w) {
-         auto& slider = s.The<Slider>(w.Next());
-         slider.Scroll(w.Whole());
-       }},
-      {"tab", [](S s, W w) { s.The<Control>(w.Next()).TabTo(); }},
-      {"press", [](S s, W w) { s.The<ImageButton>(w.Next()).MouseDown(); }},
-      {"release", [](S s, W w) { s.The<ImageButton>(w.Next()).MouseUp(); }},
-      {"close", [](S s, W w) { s.Window(w.Next()).RequestClose(); }},
-      {"small", [](S s, W w) { s.Window(w.Next()).Resize(100, 100); }},
-      {"front", [](S s, W w) { s.scene.desktop.BroughtToFront(s.Window(w.Next())); }},
-      {"key", Key},
-      {"show", Show},
-      {"wait", [](S s, W w) { Delay(s.scene.desktop, w.Number()); }},
-      {"later", Later},
-      {"meanwhile", [](S s, W w) { s.meanwhile = [&s, steps = w.Rest()] { s.Do(Words(steps)); }; }},
-      {"answer", Answer},
-      {"file", File},
-      {"box", [](S s, W w) { s.scene.desktop.Ask({.text = w.Next()}); }},
-      {"openers", TellOpeners},
-      {"pages", TellPages},
-      {"focus",
-       [](S s, W) {
-         const Form& front = s.Window(s.scene.desktop.ActiveFormName());
-         const Control* const control = front.FocusedControl();
-         s.recorder->Note("focus: " + (control == nullptr ? "none" : control->Name()));
-       }},
-      {"set", Set},
-      {"state", State},
-      {"afresh", [](S s, W) { InitVars(s.scene.settings); }},
-      {"motor", [](S s, W w) { s.scene.program.MotorSetup.SetMotorList(w.Next()); }},
-      {"row", [](S s, W w) { s.scene.program.motorTable.Seek(w.Next()); }},
-      {"summarize", [](S s, W) { s.scene.program.summary.SummarizeAll(); }},
-      {"status",
-       [](S s, W) {
-         s.recorder->Note("it is " + std::to_string(s.scene.program.identity.GetServoStatus()));
-       }},
-      {"threshold", [](S s, W w) { s.scene.comm.SetRThreshold(w.Whole()); }},
-      {"latency", [](S s, W w) { s.scene.comm.SetLatency(w.Number()); }},
-      {"port", Port},
-      {"unplug", [](S s, W) { s.scene.comm.Unplug(); }},
-      {"fault", Fault},
-      {"identity", Identity},
-      {"image", Image},
-      {"sends", DriveSends},
-      {"restart", [](S s, W) { s.scene.drive.Restart(); }},
-      {"silent", [](S s, W w) { s.scene.drive.SetSilent(w.YesNo()); }},
-      {"alarm", [](S s, W w) { s.scene.drive.RaiseAlarm(w.Whole()); }},
-      {"screen", Screen},
-      {"version", Version},
-      {"shift", [](S s, W w) { s.scene.desktop.SetShift(w.YesNo()); }},
-      {"decimals", [](S s, W w) { s.scene.desktop.SetDecimalSign(w.Next()); }},
-      {"refusals", [](S s, W) { s.scene.desktop.RecordRefusals(); }},
-      {"edit", Edit},
-      {"remove", [](S s, W w) { s.scene.files.content.erase(w.Next()); }},
-      {"disk", [](S s, W w) { s.scene.files.FailReplace = w.Next() == "full"; }},
-      {"catalogue", Motor},
-      {"table", Table},
-      {"norow", [](S s, W) { s.scene.program.motorTable.PartNumbers(); }},
-      {"servoerrors", [](S s, W) {
-         s.scene.program.receive.ServoError152 = [&s](int code) {
-           s.recorder->Note("ServoError152 " + std::to_string(code));
-         };
-       }}};
   const auto found = kSteps.find(word);
   return found == kSteps.end() ? nullptr : found->second;
 }
