@@ -5,8 +5,8 @@
 
 #include "core/numbers.h"
 #include "motor/motor_units.h"
-#include "tests/dialogs/setup_dialogs.h"
 #include "tests/support/dice.h"
+#include "tests/support/scene.h"
 
 namespace kavr6 {
 namespace {
@@ -29,7 +29,11 @@ void AsTexts(S& s, std::initializer_list<double S::*> fields, double (*text)(dou
 constexpr double kMost = 6.0;   // A, of the drive model that is selected
 constexpr double kRated = 1.7;  // A, of the standard motor
 
-struct UntouchedDialogs : SetupDialogs {
+struct UntouchedDialogs : SceneTest {
+  VelocityDialog& velocity = program.VelocitySetup;
+  AdvancedSettings& advanced = program.AdvancedSetup;
+  VTLdialog& vtl = program.VTLSetup;
+  MotionMenu& menu = program.ModeMenu;
   Long host = kOpVtl;
 
   /// All that filling a motion dialog and pressing OK may change; the lists stand as they were left before.
@@ -107,13 +111,13 @@ Settings AnyRecord(Dice& dice) {
 TEST_F(UntouchedDialogs, OkChangesNothingButWhatItMust) {
   main.ModelList.SetListIndex(2);
   const std::pair<std::function<void()>, std::vector<SetupDialog*>> dialogs[] = {
-      {[&] { Do(main, "Motion"), Do(menu, "PulseDirMode"); }, {&pulse}},
-      {[&] { Do(main, "Motion"), Do(menu, "VelocityMode"); }, {&velocity}},
+      {[&] { main.Motion.Click(), menu.PulseDirMode.Click(); }, {&program.PulseDirSetup}},
+      {[&] { main.Motion.Click(), menu.VelocityMode.Click(); }, {&velocity}},
       {[&] { velocity.Open(), advanced.Open(); }, {&advanced, &velocity}},
-      {[&] { Do(main, "Motion"), Do(menu, host == kOpVtl ? "VTLmode" : "WyProgram"); }, {&vtl}},
-      {[&] { main.IO.Click(); }, {&io}},
-      {[&] { main.Encoder.Click(); }, {&encoder}},
-      {[&] { main.Regen.Click(); }, {&regen}},
+      {[&] { main.Motion.Click(), (host == kOpVtl ? menu.VTLmode : menu.WyProgram).Click(); }, {&vtl}},
+      {[&] { main.IO.Click(); }, {&program.IOSetup}},
+      {[&] { main.Encoder.Click(); }, {&program.EncoderSetup}},
+      {[&] { main.Regen.Click(); }, {&program.RegenSetup}},
       {[&] { main.Motor.Click(); }, {&program.MotorSetup}},
       {[&] { program.CustomMotorSetup.Open(); }, {&program.CustomMotorSetup}}};
   Dice dice;
@@ -128,7 +132,7 @@ TEST_F(UntouchedDialogs, OkChangesNothingButWhatItMust) {
       state.Modified = false;
       open();
       for (SetupDialog* dialog : pressed) dialog->OK.Click();
-      ASSERT_TRUE(state.Modified && Shown().empty()) << i;
+      ASSERT_TRUE(state.Modified && scene.desktop.ShownForms().size() == 1) << i;
       ASSERT_EQ(settings, expected) << pressed[0]->Name() << ' ' << i;
     }
   }

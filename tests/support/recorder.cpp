@@ -1,6 +1,23 @@
 #include "tests/support/recorder.h"
 
+#include "core/settings_fields.h"
+
 namespace kavr6 {
+namespace {
+
+std::string ValueOf(const Settings& settings, const SettingsField& field) {
+  struct Writer {
+    std::string operator()(double value) const { return NumberOf(value); }
+    std::string operator()(float value) const { return NumberOf(value); }
+    std::string operator()(Long value) const { return std::to_string(value); }
+    std::string operator()(Integer value) const { return std::to_string(value); }
+    std::string operator()(bool value) const { return YesNo(value); }
+    std::string operator()(const std::string& value) const { return Quoted(value); }
+  };
+  return std::visit([&](auto member) { return Writer()(settings.*member); }, field);
+}
+
+}  // namespace
 
 Recorder::Recorder(Scene& scene) : scene_(scene), transcript_(scene.desktop), settings_(scene.settings) {
   for (Form* form : scene_.Forms()) Watch(*form);

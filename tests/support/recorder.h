@@ -4,9 +4,9 @@
 #include <map>
 #include <string>
 
-#include "tests/support/describe.h"
+#include "platform/headless/describe.h"
+#include "platform/headless/transcript.h"
 #include "tests/support/scene.h"
-#include "tests/support/transcript.h"
 
 namespace kavr6 {
 

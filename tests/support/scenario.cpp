@@ -1,6 +1,5 @@
 #include "tests/support/scenario.h"
 
-#include <cctype>
 #include <cstdlib>
 #include <fstream>
 #include <set>
@@ -12,23 +11,6 @@ namespace {
 
 constexpr std::size_t kTimeColumn = 10;
 constexpr std::size_t kShortStretch = 5;
-
-/// "GoodDownload" gives "good_download".
-std::string FileNameOf(const std::string& testName) {
-  std::string name;
-  for (const char c : testName) {
-    const bool capital = std::isupper(static_cast<unsigned char>(c)) != 0;
-    if (capital && !name.empty()) name += '_';
-    name += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  }
-  return name;
-}
-
-/// Of a test's source file, whose own path the compiler may have made relative to wherever it ran.
-std::string FolderOf(const std::string& file) {
-  const std::size_t from = file.rfind("tests/");
-  return KAVR6_SOURCE "/" + file.substr(from, file.rfind('/') - from);
-}
 
 std::string ContentOf(const std::string& path) {
   std::ostringstream content;
@@ -90,81 +72,91 @@ std::string Difference(const std::string& expected, const std::string& got) {
   return text;
 }
 
+/// Without the remark in brackets.
+std::string StepsOf(const std::string& heading) {
+  const std::string steps = heading.substr(2);
+  return steps.ends_with(')') ? steps.substr(0, steps.rfind(" (")) : steps;
+}
+
 }  // namespace
 
-void ExpectTranscript(const std::string& folder, const std::string& name, const std::string& text) {
-  const std::string path = folder + "/scenarios/" + name;
-  const std::string expected = ContentOf(path + ".txt");
-  if (text == expected) return;
+void Scenario::Play(const std::string& path) {
+  Scenario scenario;
+  scenario.path_ = path;
+  const std::string expected = ContentOf(path);
+  const std::string text = scenario.TranscriptOf(expected);
+  if (scenario.failed_ || text == expected) return;
   if (std::getenv("KAVR6_WRITE_TRANSCRIPTS") != nullptr)
-    std::ofstream(path + ".got", std::ios::binary) << text;
-  ADD_FAILURE() << name << " went otherwise, - expected, + got:\n" << Difference(expected, text);
+    std::ofstream(path.substr(0, path.rfind('.')) + ".got", std::ios::binary) << text;
+  ADD_FAILURE_AT(path.c_str(), 1) << "went otherwise, - expected, + got:\n" << Difference(expected, text);
 }
 
-void Scenario::TearDown() {
-  if (recorder == nullptr) return;
-  EXPECT_NO_THROW(desktop.CheckNothingLeft());
-  const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-  const std::string folder = FolderOf(test.file());
-  const std::string known = likeThere_.empty() ? "" : ContentOf(folder + "/scenarios/" + likeThere_ + ".txt");
-  ExpectTranscript(folder, FileNameOf(test.name()), WithoutKnownLines(recorder->Text(), known));
-  recorder.reset();
-}
-
-void Scenario::Start(const std::string& likeThere, const std::string& answers) {
-  likeThere_ = likeThere;
-  recorder = std::make_unique<Recorder>(scene);
-  Do(
-      "start", [this] { scene.program.Start(); }, answers);
-}
-
-void Scenario::StartUnseen() {
-  scene.program.Start();
-  Delay(desktop, 0.5);  // the names of the devices come a little later
-  recorder = std::make_unique<Recorder>(scene);
-}
-
-void Scenario::Answer(const std::string& answers, double after) {
-  static const std::string kLetters = "OCYN";  // in the order of BoxAnswer
-  for (const char letter : answers)
-    scene.desktop.Expect({.answer = static_cast<BoxAnswer>(kLetters.find(letter)), .after = after});
-}
-
-void Scenario::Do(const std::string& what, const std::function<void()>& action, const std::string& answers) {
-  Answer(answers);
-  recorder->Step(what);
+std::string Scenario::TranscriptOf(const std::string& text) {
+  std::string before;
+  for (const std::string& line : LinesOf(text)) {
+    ++line_;
+    if (failed_ || !line.starts_with("# ")) continue;
+    if (recorder == nullptr) before += line + "\n";
+    DoHeading(line);
+  }
   try {
-    scene.desktop.Enter(action);
+    scene.desktop.CheckNothingLeft();
+  } catch (const HeadlessFault& fault) {
+    ADD_FAILURE_AT(path_.c_str(), line_) << fault.what();
+  }
+  if (recorder == nullptr) {
+    ADD_FAILURE_AT(path_.c_str(), line_) << "nothing is started";
+    return before;
+  }
+  const std::string folder = path_.substr(0, path_.rfind('/') + 1);
+  const std::string known = likeThere_.empty() ? "" : ContentOf(folder + likeThere_ + ".txt");
+  const std::string told = recorder->Text();
+  return before + (told.starts_with('#') ? "\n" : "") + WithoutKnownLines(told, known);
+}
+
+void Scenario::DoHeading(const std::string& heading) {
+  if (recorder != nullptr) recorder->Step(heading.substr(2));
+  try {
+    scene.desktop.Enter([&] { Do(Words(StepsOf(heading))); });
   } catch (const ProgramEnded&) {
     // The transcript says so.
+  } catch (const std::exception& error) {
+    ADD_FAILURE_AT(path_.c_str(), line_) << heading << ": " << error.what();
+    failed_ = true;
   }
-  recorder->Rest();
+  if (recorder != nullptr) recorder->Rest();
 }
 
-void Scenario::Click(ClickableControl& control, const std::string& answers) {
-  Do(
-      "click " + control.Name(), [&] { control.Click(); }, answers);
+void Scenario::Do(Words steps) {
+  while (steps.More()) {
+    const std::string word = Words(steps).Next();
+    Words step = word == "later" || word == "meanwhile" ? Words(steps.Rest()) : steps.Step();
+    const StepDone done = FindStep(step.Next());
+    if (done == nullptr) throw std::runtime_error("no step: " + word);
+    done(*this, step);
+    if (step.More()) throw std::runtime_error("too much: " + step.Rest());
+  }
 }
 
-void Scenario::Click(MenuItem& item, const std::string& answers) {
-  Do(
-      "menu " + item.Name(), [&] { item.Click(); }, answers);
+void Scenario::Record(const std::string& likeThere) {
+  likeThere_ = likeThere;
+  recorder = std::make_unique<Recorder>(scene);
+  scene.program.receive.ServoError152 = [this](int code) {
+    recorder->Note("ServoError152 " + std::to_string(code));
+  };
 }
 
-void Scenario::Select(ListBox& list, int row, const std::string& answers) {
-  Do(
-      "select row " + std::to_string(row) + " of " + list.Name(), [&] { list.Select(row); }, answers);
+Form& Scenario::Window(const std::string& name) {
+  for (Form* form : scene.Forms())
+    if (form->Name() == name) return *form;
+  throw std::runtime_error("no window " + name);
 }
 
-void Scenario::Wait(double seconds) {
-  Do("wait " + NumberOf(seconds) + " s", [&] { Delay(desktop, seconds); });
-}
-
-void Scenario::Later(double seconds, const std::string& what, const std::function<void()>& action) {
-  scene.desktop.CallAfter(seconds, [this, what, action] {
-    recorder->Note("# " + what);
-    action();
-  });
+Control& Scenario::ControlOf(const std::string& name) {
+  const std::size_t dot = name.find('.');
+  const Form& form = Window(dot == std::string::npos ? scene.desktop.ActiveFormName() : name.substr(0, dot));
+  if (Control* const control = form.Find(name.substr(dot + 1))) return *control;
+  throw std::runtime_error("no control " + name + " in " + form.Name());
 }
 
 }  // namespace kavr6

@@ -1,59 +1,57 @@
-// A test whose whole outcome is a text file beside it.
+// A run of the whole program that is written in a text file: what is done, and all that comes of it.
 #pragma once
 
-#include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 
-#include <gtest/gtest.h>
-
 #include "tests/support/recorder.h"
+#include "tests/support/words.h"
 
 namespace kavr6 {
 
-/// Compares a transcript with the file `name`.txt in the folder `scenarios` below `folder`. With
-/// KAVR6_WRITE_TRANSCRIPTS set, a differing one is left in `name`.got beside it, for a person to read and to
-/// rename once every line of it is known to be right.
-void ExpectTranscript(const std::string& folder, const std::string& name, const std::string& text);
+/// Does what the headings of a transcript say and compares what comes of it with the transcript. A heading
+/// holds one or more steps, "# click MainForm.Download; wait 0.5", and may end with a remark in brackets; the
+/// steps are those of the table in steps.cpp. A step that cannot be done fails the test by file and line.
+class Scenario {
+ public:
+  /// With KAVR6_WRITE_TRANSCRIPTS set, a differing transcript is left in `name`.got beside `name`.txt, for a
+  /// person to read and to rename once every line of it is known to be right.
+  static void Play(const std::string& path);
 
-/// A scene with its recorder. A test prepares the scene, calls Start or StartUnseen, then does things; its
-/// end compares. `name` is the test's own name in small letters.
-class Scenario : public testing::Test {
- protected:
-  Scenario() = default;
-  void TearDown() override;
-
-  /// Starts the program and writes that down too. With the name of another transcript that tells of a whole
-  /// start, what goes as there is only counted.
-  void Start(const std::string& likeThere = {}, const std::string& answers = {});
-  /// Starts the program and begins to write when it rests.
-  void StartUnseen();
-
-  /// Does something at once, then looks at what has come of it. The end of the program, or an error that
-  /// ends it, is part of the outcome. `answers` are those to the boxes that come, a letter each: O for OK, C
-  /// for Cancel, Y and N; what the boxes say is in the transcript.
-  void Do(const std::string& what, const std::function<void()>& action, const std::string& answers = {});
-  void Click(ClickableControl& control, const std::string& answers = {});
-  void Click(MenuItem& item, const std::string& answers = {});
-  void Select(ListBox& list, int row, const std::string& answers = {});
-  void Wait(double seconds);
-  /// Does something `seconds` from now, whatever the program is at then.
-  void Later(double seconds, const std::string& what, const std::function<void()>& action);
-  /// The next boxes are answered so, each after it has stood open for a while.
-  void Answer(const std::string& answers, double after = 0.0);
+  /// Does the steps that follow one another in the text.
+  void Do(Words steps);
+  /// Begins to write down. With the name of a transcript in the same folder that tells of a whole start, what
+  /// goes as there is only counted.
+  void Record(const std::string& likeThere = {});
+  /// A control by its name, "Form.Control", or "Control" in the window that is in front.
+  template <class Kind>
+  Kind& The(const std::string& name);
+  Form& Window(const std::string& name);
 
   Scene scene;
-  Configurator& program = scene.program;
-  DriveState& state = scene.state;
-  MainForm& main = scene.main;
-  Settings& settings = scene.settings;
-  SimulatedDrive& drive = scene.drive;
-  WatchedComm& comm = scene.comm;
-  HeadlessDesktop& desktop = scene.desktop;
+  Scheduler::Task meanwhile;  ///< for the next box or file dialog
   std::unique_ptr<Recorder> recorder;
 
  private:
+  void DoHeading(const std::string& heading);
+  std::string TranscriptOf(const std::string& text);
+  Control& ControlOf(const std::string& name);
+
+  std::string path_;
   std::string likeThere_;
+  int line_ = 0;
+  bool failed_ = false;
 };
+
+template <class Kind>
+Kind& Scenario::The(const std::string& name) {
+  if (auto* const control = dynamic_cast<Kind*>(&ControlOf(name))) return *control;
+  throw std::runtime_error("of another kind: " + name);
+}
+
+using StepDone = void (*)(Scenario&, Words&);
+/// What the word does; null when it is no step.
+StepDone FindStep(const std::string& word);
 
 }  // namespace kavr6

@@ -1,11 +1,11 @@
-#include "tests/support/transcript.h"
+#include "platform/headless/transcript.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <utility>
 
-#include "tests/support/describe.h"
+#include "platform/headless/describe.h"
 
 namespace kavr6 {
 namespace {

@@ -1,4 +1,4 @@
-#include "tests/support/describe.h"
+#include "platform/headless/describe.h"
 
 #include <algorithm>
 #include <array>
@@ -144,18 +144,6 @@ Properties PropertiesOf(const Form& form) {
   return {{"caption", Quoted(form.Caption())},
           {"place", Printed("%d, %d", form.Left(), form.Top())},
           {"size", Printed("%d x %d", form.Width(), form.Height())}};
-}
-
-std::string ValueOf(const Settings& settings, const SettingsField& field) {
-  struct Writer {
-    std::string operator()(double value) const { return NumberOf(value); }
-    std::string operator()(float value) const { return NumberOf(value); }
-    std::string operator()(Long value) const { return std::to_string(value); }
-    std::string operator()(Integer value) const { return std::to_string(value); }
-    std::string operator()(bool value) const { return YesNo(value); }
-    std::string operator()(const std::string& value) const { return Quoted(value); }
-  };
-  return std::visit([&](auto member) { return Writer()(settings.*member); }, field);
 }
 
 std::string Quoted(const std::string& text) {
