@@ -92,11 +92,7 @@ std::string Desktop::ChooseFile(const FileDialog& dialog) {
   return ShowFileDialog(dialog);
 }
 
-std::string Desktop::ActiveFormName() const {
-  // A window that is just being left is still the one whose field is cleaned.
-  const Form* const form = active_ != nullptr ? active_ : Front();
-  return form == nullptr ? std::string() : form->Name();
-}
+std::string Desktop::ActiveFormName() const { return Front() == nullptr ? std::string() : Front()->Name(); }
 
 void Desktop::Enter(const Task& work) {
   try {

@@ -28,7 +28,7 @@ MotorDialog::MotorDialog(const SetupParts& parts, MotorTable& table, CurrentLimi
   WireLoadInertia();
   Wiring.Clicked.Set([this] { ShowHelp("Connecting_the_Motor.html"); });
   limits_.CustomOnShow = [this]() -> std::optional<bool> {
-    if (Desk().ActiveFormName() != Name()) return std::nullopt;
+    if (Desk().ActiveFormName() != Name() && !leavingCurrent_) return std::nullopt;
     return optCustom.Value();
   };
 }
@@ -55,7 +55,12 @@ void MotorDialog::WireMotorChoice() {
 void MotorDialog::WireRunningCurrent() {
   TextFollows(txtDriveCurrent, SliderMaxCurrent);
   txtDriveCurrent.Change.Set([this] { ShowIdleAmps(); });
-  txtDriveCurrent.LostFocus.Set([this] { RunningCurrentTyped(); });
+  txtDriveCurrent.LostFocus.Set([this] {
+    // Where another window has taken the front, this one has had it until now.
+    leavingCurrent_ = true;
+    RunningCurrentTyped();
+    leavingCurrent_ = false;
+  });
   SliderMaxCurrent.Scrolled.Set([this] { HoldRunningCurrent(); });
   SliderMaxCurrent.Change.Set([this] {
     // Once the dialog has been opened, only the user's own moves are held within the limits.

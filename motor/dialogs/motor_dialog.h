@@ -115,6 +115,7 @@ class MotorDialog : public SetupDialog {
   MotorTable& table_;
   CurrentLimits& limits_;
   bool holding_ = false;
+  bool leavingCurrent_ = false;
 };
 
 /// Selects the motor of that name in the dialog, after appending it to the table where it is missing. A motor
