@@ -133,6 +133,7 @@ struct Reader {
   void operator()(Integer& value) const { value = static_cast<Integer>(words.Whole()); }
   void operator()(bool& value) const { value = words.YesNo(); }
   void operator()(Watched<bool>& value) const { value = words.YesNo(); }
+  void operator()(Watched<int>& value) const { value = words.Whole(); }
   void operator()(std::string& value) const { value = words.Next(); }
 };
 
@@ -146,7 +147,8 @@ void Set(S s, W w) {
 
 void State(S s, W w) {
   using D = DriveState;
-  using Member = std::variant<bool D::*, std::string D::*, Watched<bool> D::*, Watched<float> D::*>;
+  using Member =
+      std::variant<bool D::*, std::string D::*, Watched<bool> D::*, Watched<int> D::*, Watched<float> D::*>;
   static const std::map<std::string, Member> kMembers{{"Modified", &D::Modified},
                                                       {"InertiaSet", &D::InertiaSet},
                                                       {"MotorTouched", &D::MotorTouched},
@@ -157,7 +159,8 @@ void State(S s, W w) {
                                                       {"FileName", &D::FileName},
                                                       {"GlobalBuffer", &D::GlobalBuffer},
                                                       {"MinorRev", &D::MinorRev},
-                                                      {"DspRev", &D::DspRev}};
+                                                      {"DspRev", &D::DspRev},
+                                                      {"ModelIndex", &D::ModelIndex}};
   const auto found = kMembers.find(w.Next());
   if (found == kMembers.end()) throw std::runtime_error("no such shared value");
   std::visit([&](auto member) { Reader{w}(s.scene.state.*member); }, found->second);
