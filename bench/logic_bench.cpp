@@ -5,8 +5,8 @@
 #include "core/program/configurator.h"
 #include "image/parameter_image.h"
 #include "platform/headless/headless_desktop.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/scripted_comm.h"
+#include "platform/headless/memory_files.h"
+#include "platform/headless/scripted_comm.h"
 
 namespace kavr6 {
 namespace {

@@ -48,7 +48,10 @@ void VelocityDialog::ShowHideAnalog() {
     control->SetEnabled(!analog);
 }
 
-void VelocityDialog::Fill() { FillVelocityDialog(*this, settings_); }
+void VelocityDialog::Fill() {
+  FillVelocityDialog(*this, settings_);
+  if (PendingReplaced) PendingReplaced();
+}
 
 void VelocityDialog::Opened() { chkRunStop.Focus(); }
 

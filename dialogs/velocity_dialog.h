@@ -35,8 +35,9 @@ class VelocityDialog : public SetupDialog {
   Long PendingDeadband = 0;  ///< mV
   Long PendingFilter = 0;    ///< Hz
 
-  /// To be set before the dialog is loaded.
+  /// To be set before the dialog is loaded. PendingReplaced is called when the pending values are new.
   std::function<void()> OpenAdvanced;
+  std::function<void()> PendingReplaced;
 
   void DispScaleOffset();
   void ShowHideAnalog();

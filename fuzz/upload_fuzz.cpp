@@ -5,8 +5,8 @@
 #include <cstdlib>
 
 #include "image/parameter_image.h"
+#include "motor/small_catalogue.h"
 #include "platform/runtime_error.h"
-#include "tests/support/catalogue.h"
 
 namespace kavr6 {
 namespace {

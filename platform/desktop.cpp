@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
+#include <memory>
 #include <utility>
 
 #include "platform/form.h"
@@ -104,7 +105,9 @@ void Desktop::Enter(const Task& work) {
 }
 
 void Desktop::ReportError(const RuntimeError& error) {
-  reporting_ = true;
+  // Where the end is an exception, as in tests, the next report is one of its own.
+  const std::unique_ptr<bool, void (*)(bool*)> reporting(&(reporting_ = true),
+                                                         [](bool* flag) { *flag = false; });
   MessageBox report{.text = "Run-time error '" + std::to_string(error.Number()) + "':\n\n" + error.what(),
                     .icon = BoxIcon::Critical};
   if (RescueWork) {

@@ -66,6 +66,9 @@ void Configurator::WireSetupDialogs() {
   Main.Openers.Regen = [this] { RegenSetup.Open(); };
   MotorSetup.OpenEditor = [this] { CustomMotorSetup.Open(); };
   VelocitySetup.OpenAdvanced = [this] { AdvancedSetup.Open(); };
+  VelocitySetup.PendingReplaced = [this] {
+    if (AdvancedSetup.Visible()) AdvancedSetup.Refill();
+  };
 
   MotorSetup.Summarize = [this] { summary.SummarizeMotor(kMotorRow); };
   const auto motion = [this] { summary.SummarizeMotion(kMotionRow); };
@@ -85,10 +88,9 @@ void Configurator::PressOpenOks() {
 }
 
 void Configurator::RefillOpenDialogs() {
-  // The advanced dialog shows pending values of the velocity dialog, so it comes behind that one.
-  SetupDialog* const dialogs[] = {&MotorSetup,    &CustomMotorSetup, &PulseDirSetup,
-                                  &VelocitySetup, &AdvancedSetup,    &VTLSetup,
-                                  &IOSetup,       &EncoderSetup,     &RegenSetup};
+  // The advanced dialog goes with the pending values of the velocity dialog, and not with the settings.
+  SetupDialog* const dialogs[] = {&MotorSetup, &CustomMotorSetup, &PulseDirSetup, &VelocitySetup,
+                                  &VTLSetup,   &IOSetup,          &EncoderSetup,  &RegenSetup};
   for (SetupDialog* dialog : dialogs)
     if (dialog->Visible()) dialog->Refill();
 }

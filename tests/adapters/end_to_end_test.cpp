@@ -7,8 +7,8 @@
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/qt/windows/qt_desktop.h"
 #include "core/program/configurator.h"
-#include "tests/support/catalogue.h"
-#include "tests/support/memory_files.h"
+#include "motor/small_catalogue.h"
+#include "platform/headless/memory_files.h"
 
 namespace kavr6 {
 namespace {

@@ -11,7 +11,7 @@
 #include "core/settings_fields.h"
 #include "image/parameter_image.h"
 #include "motor/motor_table.h"
-#include "tests/support/catalogue.h"
+#include "motor/small_catalogue.h"
 #include "tests/support/error_of.h"
 
 namespace kavr6 {

@@ -6,7 +6,7 @@
 #include "link/receive_path.h"
 #include "platform/form.h"
 #include "platform/headless/headless_desktop.h"
-#include "tests/support/scripted_comm.h"
+#include "platform/headless/scripted_comm.h"
 
 namespace kavr6 {
 namespace {

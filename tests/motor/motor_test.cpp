@@ -4,10 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "core/numbers.h"
+#include "motor/memory_table.h"
 #include "motor/motor_calculations.h"
 #include "motor/motor_units.h"
 #include "tests/support/error_of.h"
-#include "tests/support/memory_table.h"
 
 namespace kavr6 {
 namespace {

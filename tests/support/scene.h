@@ -7,9 +7,9 @@
 #include <gtest/gtest.h>
 
 #include "core/program/configurator.h"
+#include "motor/small_catalogue.h"
+#include "platform/headless/memory_files.h"
 #include "simulator/simulated_drive.h"
-#include "tests/support/catalogue.h"
-#include "tests/support/memory_files.h"
 #include "tests/support/watched.h"
 
 namespace kavr6 {

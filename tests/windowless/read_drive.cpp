@@ -8,10 +8,10 @@
 #include "image/transfers.h"
 #include "link/comm_ports.h"
 #include "link/receive_path.h"
+#include "motor/small_catalogue.h"
 #include "platform/headless/headless_desktop.h"
 #include "simulator/simulated_comm.h"
 #include "simulator/simulated_drive.h"
-#include "tests/support/catalogue.h"
 
 int main(int argc, char** argv) {
   using namespace kavr6;

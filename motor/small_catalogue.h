@@ -1,7 +1,7 @@
 // A small motor catalogue in memory.
 #pragma once
 
-#include "tests/support/memory_table.h"
+#include "motor/memory_table.h"
 
 namespace kavr6 {
 
