@@ -75,6 +75,8 @@ std::string HeadlessDesktop::ShowFileDialog(const FileDialog& dialog) {
   return expected.name;
 }
 
+void HeadlessDesktop::Expect(ExpectedBox box) { expected_.push_back(std::move(box)); }
+
 void HeadlessDesktop::Refused(const std::string& what) {
   if (!recordRefusals_) throw HeadlessFault("a user cannot do this: " + what);
   refusals_.push_back(what);

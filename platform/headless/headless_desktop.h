@@ -71,7 +71,7 @@ class HeadlessDesktop : public Desktop {
   void Expect(MessageBox whole, BoxAnswer answer = BoxAnswer::Ok) {
     Expect({.whole = std::move(whole), .answer = answer});
   }
-  void Expect(ExpectedBox box) { expected_.push_back(std::move(box)); }
+  void Expect(ExpectedBox box);
   void Expect(ExpectedFile file) { expectedFiles_.push_back(std::move(file)); }
   /// From now on a box that nobody expects is answered with OK or Yes.
   void AnswerAnything() { answerAnything_ = true; }
