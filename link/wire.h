@@ -14,6 +14,7 @@ inline constexpr std::string_view kReadWord = "y";  ///< and the byte that says 
 inline constexpr std::string_view kBeforeTransfer = "S";
 inline constexpr std::string_view kPortChanged = "0";
 inline constexpr std::string_view kQuitText = "QT";
+inline constexpr std::string_view kTakeUpText = "00";
 inline constexpr std::string_view kDownload = "d";
 inline constexpr std::string_view kUpload = "u";
 inline constexpr std::string_view kMeasureOffset = "O";
@@ -35,7 +36,7 @@ struct WireCommand {
   double limit;  ///< seconds for which the reply is awaited, 0 where none is
 };
 
-inline constexpr std::array<WireCommand, 10> kWireCommands{{
+inline constexpr std::array<WireCommand, 11> kWireCommands{{
     {kIdentify, -1, "which drive is it", "revision byte, model byte", 0.5},
     {kReadWord, kSubRevision, "letter of the revision", "4 hexadecimal digits, the last two are its code",
      0.5},
@@ -43,6 +44,7 @@ inline constexpr std::array<WireCommand, 10> kWireCommands{{
     {kBeforeTransfer, -1, "a transfer follows", "", 0},
     {kPortChanged, -1, "sent once after a change of the port", "", 0},
     {kQuitText, -1, "back from the text language; answers a power-up message", "", 0},
+    {kTakeUpText, -1, "a live tool's answer to a power-up message: the text session goes on", "", 0},
     {kDownload, -1, "take an image; its 161 bytes follow", "6 accepted, 21 refused", 1.0},
     {kUpload, -1, "send the image", "161 bytes", 0.5},
     {kMeasureOffset, -1, "measure the analog input, firmware up to 1.00j and 1.01A", "signed word, 1/2 mV",

@@ -1,0 +1,45 @@
+// What the windows share that speak the drive's text language.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "link/drive_line.h"
+#include "platform/controls.h"
+#include "platform/form.h"
+
+namespace kavr6 {
+
+/// A window that gets every byte of the drive while LiveToolActive holds and it is the front one. It says in
+/// a place of its own for how long the drive has owed it an answer.
+class LiveTool : public Form {
+ public:
+  LiveTool(const DriveLine& line, Desktop& desktop, std::string name);
+
+  /// "No answer from the drive since 3 s", or empty.
+  Label Silence{*this, "Silence"};
+  Timer SilenceClock{*this, "SilenceClock"};
+
+  /// A byte of the drive has come in.
+  void Take(std::uint8_t byte);
+
+ protected:
+  virtual void ProcessChar(std::uint8_t byte) = 0;
+
+  /// Writes letters and the carriage return that ends a command.
+  void Send(std::string_view letters) { line_.comm.Output(std::string(letters) + '\r'); }
+  /// An answer is due from now on, unless one has been due already.
+  void AnswerDue();
+  /// Something has come from the drive, or nothing is awaited any more.
+  void NothingDue();
+
+  DriveLine line_;
+
+ private:
+  void ShowSilence();
+
+  double dueSince_ = 0.0;
+};
+
+}  // namespace kavr6

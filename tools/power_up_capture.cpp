@@ -1,0 +1,30 @@
+#include "tools/power_up_capture.h"
+
+#include "core/drive_state.h"
+#include "link/wire.h"
+
+namespace kavr6 {
+namespace {
+
+constexpr std::uint8_t kAnnouncement = static_cast<std::uint8_t>(MessageHeader::PowerUp);
+constexpr std::size_t kAnnouncementSize = 3;
+constexpr int kFirstSilentModel = 100;
+
+}  // namespace
+
+bool PowerUpCapture::Take(std::uint8_t byte) {
+  if (!InPowerUp && byte != kAnnouncement) return false;
+  if (!InPowerUp) PowerUpText.clear();
+  PowerUpText += static_cast<char>(byte);
+  InPowerUp = PowerUpText.size() < kAnnouncementSize;
+  if (!InPowerUp && DoPowerUp) DoPowerUp(PowerUpText);
+  return true;
+}
+
+void AnswerPowerUp(const DriveLine& line, std::uint8_t revision, std::uint8_t model) {
+  if (model < kFirstSilentModel) line.comm.Output(kTakeUpText);
+  line.boxes.Beep();
+  line.state.DriveVersion = ShownRevision(RevisionOf(revision), {});
+}
+
+}  // namespace kavr6
