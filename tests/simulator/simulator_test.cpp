@@ -70,6 +70,25 @@ TEST(Drive, HearsNoSingleLetterCommandsInTextMode) {
   EXPECT_EQ(bench.Say("00C"), kPowerUp);
 }
 
+TEST(Drive, SpeaksOfTheImageThatItHolds) {
+  Bench bench;
+  DriveImage image = FactoryImage();
+  image[8] = 1;  // harmonic gain
+  image[9] = 2;
+  image[53] = 2;  // brake output
+  SealDriveImage(image);
+  EXPECT_EQ(bench.Say("d" + std::string(image.begin(), image.end())), "\6");
+  EXPECT_EQ(bench.Say("HRHG\rHG7\rBO\rIOY\rQT\r"), "HG=258\rBO=2\rIO=11111111\r");
+  EXPECT_EQ(bench.drive.StoredImage(), image);
+  bench.Say("HRHP-3\rSA\rQT\r");
+  image[9] = 7;
+  image[8] = 0;
+  image[11] = 0xFD;  // phase
+  SealDriveImage(image);
+  EXPECT_EQ(bench.drive.StoredImage(), image);
+  EXPECT_EQ(bench.Say("i4071HRHG\rBO\r"), "HG=960\rBO=3\r");
+}
+
 TEST(Drive, TellsItsObserverWhatOnlyAsks) {
   Bench bench;
   std::string log;
