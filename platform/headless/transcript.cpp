@@ -65,6 +65,12 @@ void Transcript::Change(const std::string& name, const std::string& before, cons
   changing_ = {clock_.Now(), name, before, after};
 }
 
+void Transcript::Growth(const std::string& name, const std::string& more) {
+  if (changing_ || (growing_ && growing_->name != name)) Close();
+  if (!growing_) growing_ = {clock_.Now(), name, {}};
+  growing_->more += more;
+}
+
 std::string Transcript::Text() {
   Close();
   return text_;
@@ -72,6 +78,8 @@ std::string Transcript::Text() {
 
 void Transcript::Close() {
   if (const auto run = std::exchange(run_, std::nullopt)) Write(*run);
+  if (const auto growth = std::exchange(growing_, std::nullopt))
+    Line(growth->time, growth->name + ": + " + Quoted(growth->more));
   if (const auto change = std::exchange(changing_, std::nullopt); change && change->before != change->after)
     Line(change->time, change->name + ": " + change->before + " -> " + change->after);
 }
