@@ -98,7 +98,7 @@ void Recorder::Watch(Form& form) {
       const std::string name = form.Name() + "." + control->Name();
       Look();
       const auto* const area = dynamic_cast<const TextArea*>(control);
-      if (area != nullptr && area->ReadOnly()) FollowRecord(name, *area);
+      if (area != nullptr && area->ReadOnly()) return FollowRecord(name, *area);
       Follow(name, known_[control], PropertiesOf(*control));
     });
   }
@@ -108,10 +108,10 @@ void Recorder::Watch(Form& form) {
 void Recorder::FollowRecord(const std::string& name, const TextArea& area) {
   const std::string before = std::exchange(records_[&area], area.Text());
   const std::string& text = area.Text();
+  if (text == before) return;
   const bool own = !area.StandingOut().empty() && area.StandingOut().back().end == text.size();
-  known_[&area][""] = Quoted(text);
   if (text.starts_with(before)) {
-    if (text != before) transcript_.Growth(name + (own ? ", own" : ""), text.substr(before.size()));
+    transcript_.Growth(name + (own ? ", own" : ""), text.substr(before.size()));
   } else if (before.ends_with(text)) {
     transcript_.Note(name + " loses its first " + std::to_string(before.size() - text.size()) +
                      " bytes and keeps " + std::to_string(text.size()));

@@ -182,10 +182,15 @@ void State(S s, W w) {
 
 // The drive, the line and the machine.
 
-/// Bytes in hexadecimal, texts in quotes.
+/// Bytes in hexadecimal, texts in quotes; at the end perhaps "times 200".
 void DriveSends(S s, W w) {
   std::string bytes;
   while (w.More()) {
+    if (w.Take("times")) {
+      const std::string once = bytes;
+      for (int more = w.Whole(); more > 1; --more) bytes += once;
+      break;
+    }
     const bool text = Words(w).Rest().starts_with('"');
     bytes += text ? w.Next() : std::string(1, static_cast<char>(w.Byte()));
   }
@@ -287,7 +292,7 @@ const std::map<std::string, StepDone> kSteps{
     {"doubleclick", [](S s, W w) { s.The<Grid>(w.Next()).DoubleClick(w.Whole()); }},
     {"type", Type},
     {"enterkey", [](S s, W w) { s.The<TextArea>(w.Next()).ReleaseKey(kEnterKey); }},
-    {"arrow", [](S s, W w) { s.The<TextArea>(w.Next()).PressCtrlArrow(w.Take("up") ? -1 : 1); }},
+    {"arrow", [](S s, W w) { s.The<TextArea>(w.Next()).PressCtrlArrow(w.Next() == "up" ? -1 : 1); }},
     {"line", Line},
     {"enter", Enter},
     {"select", [](S s, W w) { s.The<ListBox>(w.Next()).Select(w.Whole()); }},
