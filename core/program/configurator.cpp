@@ -29,11 +29,14 @@ Configurator::Configurator(const Machine& machine)
       IOSetup(Setup(), machine.comm),
       EncoderSetup(Setup()),
       RegenSetup(Setup()),
+      Commands(machine.desktop),
+      Terminal(line, machine.desktop, machine.files),
       Splash(machine.desktop, state, Main),
       Credits(machine.desktop, state) {
   WireTransfers();
   WireFiles();
   WireSetupDialogs();
+  WireTools();
   Main.Openers.About = [this] { Credits.Run(); };
   machine.desktop.RescueWork = [this] { Files.RescueSettings(); };
 }
@@ -76,6 +79,12 @@ void Configurator::WireSetupDialogs() {
   IOSetup.Summarize = [this] { summary.SummarizeIO(kIoRow); };
   EncoderSetup.Summarize = [this] { summary.SummarizeEncoder(kEncoderRow); };
   RegenSetup.Summarize = [this] { summary.SummarizeRegen(kRegenRow); };
+}
+
+void Configurator::WireTools() {
+  receive.AddLiveTool(Terminal.Name(), [this](std::uint8_t byte) { Terminal.Take(byte); });
+  Terminal.ShowCommandList = [this] { Commands.Show(); };
+  Main.Openers.Terminal = [this] { Terminal.Show(); };
 }
 
 // The dialogs whose OK a download presses first, as the user would, where they are open; in this order. Those

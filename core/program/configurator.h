@@ -14,6 +14,7 @@
 #include "dialogs/io_dialog.h"
 #include "dialogs/motion_menu.h"
 #include "dialogs/regen_dialog.h"
+#include "help/summary.h"
 #include "image/transfers.h"
 #include "link/comm_ports.h"
 #include "link/drive_identity.h"
@@ -23,6 +24,7 @@
 #include "motor/motor_calculations.h"
 #include "motor/motor_table.h"
 #include "reports/summarizer.h"
+#include "tools/vtl_term.h"
 
 namespace kavr6 {
 
@@ -68,6 +70,8 @@ class Configurator {
   IOdialog IOSetup;
   EncoderDialog EncoderSetup;
   RegenDialog RegenSetup;
+  Summary Commands;
+  VTLterm Terminal;
   StartForm Splash;
   About Credits;
 
@@ -76,6 +80,7 @@ class Configurator {
   void WireTransfers();
   void WireFiles();
   void WireSetupDialogs();
+  void WireTools();
   void PressOpenOks();
   void RefillOpenDialogs();
   void TakeMotor(const MotorRecord& motor) { AddMotorIfMissing(motorTable, MotorSetup, motor); }

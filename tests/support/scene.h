@@ -39,13 +39,21 @@ struct Scene {
 
   /// All windows of the program.
   std::vector<Form*> Forms() {
+    Summary& list = program.Commands;
+    TEQhelp& servo = list.ServoCommands;
     return {&program.Splash,        &main,
             &program.MotorSetup,    &program.CustomMotorSetup,
             &program.ModeMenu,      &program.PulseDirSetup,
             &program.VelocitySetup, &program.AdvancedSetup,
             &program.VTLSetup,      &program.IOSetup,
             &program.EncoderSetup,  &program.RegenSetup,
-            &program.Credits};
+            &program.Credits,       &program.Terminal,
+            &list,                  &list.EFcodes,
+            &list.LimCodes,         &list.IOcodes,
+            &list.RScodes,          &list.MRcodes,
+            &list.BRcodes,          &list.ServoCommands,
+            &servo.ControlModes,    &servo.DefCodes,
+            &list.MoveCalculator};
   }
 
   /// What must hold whenever the program is at rest.

@@ -8,6 +8,8 @@
 
 #include "ui_About.h"
 #include "ui_AdvancedSettings.h"
+#include "ui_Calculator.h"
+#include "ui_CodeWindow.h"
 #include "ui_EditMotor.h"
 #include "ui_EncoderDialog.h"
 #include "ui_IOdialog.h"
@@ -17,7 +19,10 @@
 #include "ui_PulseDirDialog.h"
 #include "ui_RegenDialog.h"
 #include "ui_StartForm.h"
+#include "ui_Summary.h"
+#include "ui_TEQhelp.h"
 #include "ui_VTLdialog.h"
+#include "ui_VTLterm.h"
 #include "ui_VelocityDialog.h"
 
 namespace kavr6 {
@@ -50,6 +55,18 @@ const std::array kForms{
     FormRow{"IOdialog", Build<QDialog, Ui::IOdialog>},
     FormRow{"EncoderDialog", Build<QDialog, Ui::EncoderDialog>},
     FormRow{"RegenDialog", Build<QDialog, Ui::RegenDialog>},
+    FormRow{"VTLterm", Build<QDialog, Ui::VTLterm>},
+    FormRow{"Summary", Build<QDialog, Ui::Summary>},
+    FormRow{"TEQhelp", Build<QDialog, Ui::TEQhelp>},
+    FormRow{"EFcodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"LimCodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"IOcodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"RScodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"MRcodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"BRcodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"ControlModes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"DefCodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"Calculator", Build<QDialog, Ui::Calculator>},
 };
 
 /// What a design marks with "keepsRoom" hides without moving anything around it.
@@ -69,6 +86,7 @@ std::unique_ptr<QWidget> BuildWindow(const std::string& formName) {
       std::find_if(kForms.begin(), kForms.end(), [&](const FormRow& r) { return r.name == formName; });
   if (row == kForms.end()) return nullptr;
   std::unique_ptr<QWidget> window = row->build();
+  window->setObjectName(QString::fromStdString(formName));  // forms may share a design
   KeepRoom(*window);
   if (row->flags != Qt::WindowFlags()) window->setWindowFlags(row->flags);
   return window;
