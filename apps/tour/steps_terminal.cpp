@@ -39,6 +39,7 @@ void Tour::TalkToTheDrive() {
   stage_.Click(calculator, "Quit");
   stage_.Click(terminal, "Quit");
   stage_.Check(!program_.Terminal.Visible() && !program_.state.LiveToolActive, "the line is free again");
+  stage_.Pause(0.1);  // the drive acknowledges the end of the session
 }
 
 }  // namespace kavr6
