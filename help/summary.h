@@ -34,9 +34,6 @@ class Summary : public CommandList {
 
   /// Hides the code windows, but not the bit rates, nor the calculator.
   void HideAll();
-
- protected:
-  void Load() override { CenterOnScreen(*this); }
 };
 
 }  // namespace kavr6

@@ -147,8 +147,8 @@ void PlaceBeside(const Form& parent, Form& form) {
   constexpr int kGap = 150;
   const int right = parent.Left() + parent.Width() + kGap;
   const int left = parent.Left() - form.Width() - kGap;
-  const bool fits = right + form.Width() <= form.Desk().ScreenSize().width;
-  form.Move(fits || left < 0 ? right : left, parent.Top());
+  const int rightmost = form.Desk().ScreenSize().width - form.Width();
+  form.Move(right > rightmost && left >= 0 ? left : std::min(right, rightmost), parent.Top());
 }
 
 }  // namespace kavr6

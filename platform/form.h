@@ -112,7 +112,8 @@ class Form {
 void CenterOn(const Form& main, Form& dialog);
 /// Places `form` in the middle of the screen.
 void CenterOnScreen(Form& form);
-/// Places `form` beside `parent`: to the right of it, or to the left where only there is room.
+/// Places `form` beside `parent`: to the right of it, or to the left where only there is room, or at the
+/// right edge of the screen.
 void PlaceBeside(const Form& parent, Form& form);
 
 }  // namespace kavr6

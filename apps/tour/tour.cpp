@@ -27,6 +27,7 @@ void Tour::Play() {
   SetHostCommands();
   SetPulses();
   SetInputsAndOutputs();
+  TalkToTheDrive();
   LoseTheLine();
   FindItAgain();
   ShowCredits();
@@ -75,6 +76,14 @@ void Tour::LookAtWindows(const std::string& suffix) {
     stage_.Pause(0.05);
     stage_.Picture(stage_.Window(dialog->Name()), dialog->Name() + "-" + suffix);
     dialog->Cancel.Click();
+  }
+  Form* const references[] = {&program_.Terminal, &program_.Commands, &program_.Commands.MRcodes,
+                              &program_.Commands.MoveCalculator};
+  for (Form* form : references) {
+    form->Show();
+    stage_.Pause(0.1);
+    stage_.Picture(stage_.Window(form->Name()), form->Name() + "-" + suffix);
+    form->Hide();
   }
 }
 

@@ -48,6 +48,8 @@ class Tour {
   // steps_files.cpp
   void SaveAndReopen();
   void OpenBadFile();
+  // steps_terminal.cpp
+  void TalkToTheDrive();
   // steps_drive.cpp
   void RefuseDownload();
   void Download();

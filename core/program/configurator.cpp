@@ -83,7 +83,10 @@ void Configurator::WireSetupDialogs() {
 
 void Configurator::WireTools() {
   receive.AddLiveTool(Terminal.Name(), [this](std::uint8_t byte) { Terminal.Take(byte); });
-  Terminal.ShowCommandList = [this] { Commands.Show(); };
+  Terminal.ShowCommandList = [this] {
+    if (!Commands.Visible()) PlaceBeside(Terminal, Commands);
+    Commands.Show();
+  };
   Main.Openers.Terminal = [this] { Terminal.Show(); };
 }
 

@@ -237,7 +237,7 @@ TEST_F(QtDesktopTest, WindowOfAFormThatHasDiedGoesWithIt) {
 
 TEST_F(QtDesktopTest, PlaceAndSizeAgreeWithTheWindow) {
   TestForm designed(desktop, "Designed");
-  designed.Move(1500, 1500);
+  designed.Move(1500, 1500, true);
   designed.Show();
   QWidget& window = *desktop.WindowOf(designed);
   // The design is 400 by 200 pixels; the form was to stand centred at 1500 + 6000 / 2, 1500 + 4500 / 2.

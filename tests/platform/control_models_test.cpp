@@ -266,6 +266,23 @@ TEST_F(ControlModels, PicturesNamesAndPages) {
   for (const auto& [address, parts] : addresses) EXPECT_TRUE(SplitAddress(address) == parts) << address;
 }
 
+TEST_F(ControlModels, TextAreaLosesItsBeginningWithAllThatStandsThere) {
+  TextArea& record = window.record;
+  record.Append("ab", true);
+  record.Append("cd");
+  record.Append("efg", true);
+  record.SetSelection(1, 4);
+  record.DropFront(3);
+  EXPECT_EQ(record.Text(), "defg");
+  EXPECT_EQ(record.StandingOut(), (std::vector<TextArea::Stretch>{{1, 4}}));
+  EXPECT_TRUE(record.SelStart() == 0 && record.SelLength() == 2);
+  record.DropFront(2);
+  EXPECT_EQ(record.StandingOut(), (std::vector<TextArea::Stretch>{{0, 2}}));
+  EXPECT_EQ(record.Dropped(), 5U);
+  record.DropFront(99);
+  EXPECT_TRUE(record.Text().empty() && record.StandingOut().empty() && record.Dropped() == 7);
+}
+
 TEST_F(ControlModels, TextAreaKeepsItsCaretWhileTextIsAdded) {
   TextArea& record = window.record;
   record.Append("ab");

@@ -118,7 +118,11 @@ void FormWindow::SettleFirstPlace() {
   if (!window_->testAttribute(Qt::WA_Resized)) window_->adjustSize();
   QSize size = form_.Sized() ? QSize(ToPixels(form_.Width()), ToPixels(form_.Height()))
                              : window_->size().expandedTo(window_->sizeHint());
-  if (QLayout* const layout = window_->layout()) layout->activate();
+  if (QLayout* const layout = window_->layout()) {
+    layout->activate();
+    // Texts in several lines need the more height the narrower they are.
+    size = size.expandedTo({0, layout->totalHeightForWidth(size.width())});
+  }
   size =
       size.expandedTo(window_->minimumSizeHint()).boundedTo(window_->maximumSize()).boundedTo(screen.size());
   const int wider = ToTwips(size.width()) - form_.Width();

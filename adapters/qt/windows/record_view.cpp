@@ -12,7 +12,7 @@
 namespace kavr6 {
 namespace {
 
-constexpr int kPauseMs = 40;
+constexpr int kPauseMs = 100;
 
 /// Bold, and nearer to the colour of what is selected.
 QTextCharFormat OutstandingFormat(const QPalette& palette) {
@@ -32,26 +32,39 @@ class UsersPlace {
   explicit UsersPlace(QPlainTextEdit& edit)
       : edit_(edit),
         follows_(edit.verticalScrollBar()->value() == edit.verticalScrollBar()->maximum()),
-        selection_(edit.textCursor()) {
-    // Text that is added right behind the selection is not selected.
-    selection_.setKeepPositionOnInsert(true);
-  }
+        selected_(edit.textCursor().hasSelection()),
+        anchor_(CursorAt(edit.textCursor().anchor())),
+        caret_(CursorAt(edit.textCursor().position())) {}
   UsersPlace(const UsersPlace&) = delete;
   UsersPlace& operator=(const UsersPlace&) = delete;
   ~UsersPlace() {
     QScrollBar& bar = *edit_.verticalScrollBar();
     const int place = bar.value();
-    QTextCursor cursor = selection_;
-    cursor.setKeepPositionOnInsert(false);
-    if (!cursor.hasSelection()) cursor.movePosition(QTextCursor::End);
+    QTextCursor cursor(edit_.document());
+    if (selected_) {
+      cursor.setPosition(anchor_.position());
+      cursor.setPosition(caret_.position(), QTextCursor::KeepAnchor);
+    } else {
+      cursor.movePosition(QTextCursor::End);
+    }
     edit_.setTextCursor(cursor);
     bar.setValue(follows_ ? bar.maximum() : place);
   }
 
  private:
+  /// It moves with what is added or taken away before it, and not with what is added right behind it.
+  QTextCursor CursorAt(int position) const {
+    QTextCursor cursor(edit_.document());
+    cursor.setPosition(position);
+    cursor.setKeepPositionOnInsert(true);
+    return cursor;
+  }
+
   QPlainTextEdit& edit_;
   bool follows_;
-  QTextCursor selection_;
+  bool selected_;
+  QTextCursor anchor_;
+  QTextCursor caret_;
 };
 
 }  // namespace
