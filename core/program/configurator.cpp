@@ -1,5 +1,7 @@
 #include "core/program/configurator.h"
 
+#include "tools/drive_commands.h"
+
 namespace kavr6 {
 
 Configurator::Configurator(const Machine& machine)
@@ -29,11 +31,15 @@ Configurator::Configurator(const Machine& machine)
       IOSetup(Setup(), machine.comm),
       EncoderSetup(Setup()),
       RegenSetup(Setup()),
+      LastAlarms(machine.desktop, line),
+      FaultPopup(machine.desktop, line),
+      MotorTest(Main, line),
       Splash(machine.desktop, state, Main),
       Credits(machine.desktop, state) {
   WireTransfers();
   WireFiles();
   WireSetupDialogs();
+  WireTools();
   Main.Openers.About = [this] { Credits.Run(); };
   machine.desktop.RescueWork = [this] { Files.RescueSettings(); };
 }
@@ -76,6 +82,15 @@ void Configurator::WireSetupDialogs() {
   IOSetup.Summarize = [this] { summary.SummarizeIO(kIoRow); };
   EncoderSetup.Summarize = [this] { summary.SummarizeEncoder(kEncoderRow); };
   RegenSetup.Summarize = [this] { summary.SummarizeRegen(kRegenRow); };
+}
+
+void Configurator::WireTools() {
+  receive.ServoError152 = [this](int alarm) { FaultPopup.ServoError152(alarm); };
+  Main.Openers.History = IOSetup.OpenHistory = [this] { LastAlarms.Run(); };
+  Main.Openers.ClearFault = [this] { MenuClearFault(line, identity); };
+  Main.Openers.Restore = [this] { MenuRestore(line, identity); };
+  Main.Openers.SelfTest = [this] { MotorTest.ShowModal(); };
+  Main.Desk().AtEnd([this] { MotorTest.StopMotor(); });
 }
 
 // The dialogs whose OK a download presses first, as the user would, where they are open; in this order. Those

@@ -23,6 +23,9 @@
 #include "motor/motor_calculations.h"
 #include "motor/motor_table.h"
 #include "reports/summarizer.h"
+#include "tools/alarm_history.h"
+#include "tools/self_test.h"
+#include "tools/servo_fault.h"
 
 namespace kavr6 {
 
@@ -68,6 +71,9 @@ class Configurator {
   IOdialog IOSetup;
   EncoderDialog EncoderSetup;
   RegenDialog RegenSetup;
+  AlarmHistory LastAlarms;
+  ServoFault FaultPopup;
+  SelfTest MotorTest;
   StartForm Splash;
   About Credits;
 
@@ -76,6 +82,7 @@ class Configurator {
   void WireTransfers();
   void WireFiles();
   void WireSetupDialogs();
+  void WireTools();
   void PressOpenOks();
   void RefillOpenDialogs();
   void TakeMotor(const MotorRecord& motor) { AddMotorIfMissing(motorTable, MotorSetup, motor); }

@@ -45,7 +45,8 @@ struct Scene {
             &program.VelocitySetup, &program.AdvancedSetup,
             &program.VTLSetup,      &program.IOSetup,
             &program.EncoderSetup,  &program.RegenSetup,
-            &program.Credits};
+            &program.LastAlarms,    &program.FaultPopup,
+            &program.MotorTest,     &program.Credits};
   }
 
   /// What must hold whenever the program is at rest.
