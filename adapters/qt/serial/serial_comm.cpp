@@ -38,6 +38,8 @@ void ShareIfPseudoTerminal([[maybe_unused]] QSerialPort& port, [[maybe_unused]] 
 
 SerialComm::SerialComm(Scheduler& scheduler, std::filesystem::path links)
     : MSComm(scheduler), scheduler_(scheduler), names_(std::move(links)) {
+  // Another bit rate would spoil what still is on its way out when the port is closed.
+  port_.setSettingsRestoredOnClose(false);
   QObject::connect(&port_, &QSerialPort::readyRead, [this] { TakeBytes(); });
   QObject::connect(&port_, &QSerialPort::errorOccurred, [this](QSerialPort::SerialPortError error) {
     // The end of a blocking wait is told as an error, too.
