@@ -25,6 +25,9 @@
 #include "motor/motor_table.h"
 #include "reports/summarizer.h"
 #include "tools/vtl_term.h"
+#include "tools/alarm_history.h"
+#include "tools/self_test.h"
+#include "tools/servo_fault.h"
 
 namespace kavr6 {
 
@@ -72,6 +75,9 @@ class Configurator {
   RegenDialog RegenSetup;
   Summary Commands;
   VTLterm Terminal;
+  AlarmHistory LastAlarms;
+  ServoFault FaultPopup;
+  SelfTest MotorTest;
   StartForm Splash;
   About Credits;
 

@@ -10,6 +10,7 @@
 #include "ui_AdvancedSettings.h"
 #include "ui_Calculator.h"
 #include "ui_CodeWindow.h"
+#include "ui_AlarmHistory.h"
 #include "ui_EditMotor.h"
 #include "ui_EncoderDialog.h"
 #include "ui_IOdialog.h"
@@ -18,6 +19,8 @@
 #include "ui_MotorDialog.h"
 #include "ui_PulseDirDialog.h"
 #include "ui_RegenDialog.h"
+#include "ui_SelfTest.h"
+#include "ui_ServoFault.h"
 #include "ui_StartForm.h"
 #include "ui_Summary.h"
 #include "ui_TEQhelp.h"
@@ -67,6 +70,9 @@ const std::array kForms{
     FormRow{"ControlModes", Build<QDialog, Ui::CodeWindow>},
     FormRow{"DefCodes", Build<QDialog, Ui::CodeWindow>},
     FormRow{"Calculator", Build<QDialog, Ui::Calculator>},
+    FormRow{"AlarmHistory", Build<QDialog, Ui::AlarmHistory>},
+    FormRow{"ServoFault", Build<QDialog, Ui::ServoFault>},
+    FormRow{"SelfTest", Build<QDialog, Ui::SelfTest>},
 };
 
 /// What a design marks with "keepsRoom" hides without moving anything around it.
