@@ -29,8 +29,9 @@ class LiveTool : public Form {
 
   /// Writes letters and the carriage return that ends a command.
   void Send(std::string_view letters) { line_.comm.Output(std::string(letters) + '\r'); }
-  /// An answer is due from now on, unless one has been due already.
-  void AnswerDue();
+  /// An answer is due from now on, or from a time that has passed, unless one has been due already.
+  void AnswerDue() { AnswerDue(Desk().Now()); }
+  void AnswerDue(double since);
   /// Something has come from the drive, or nothing is awaited any more.
   void NothingDue();
 

@@ -29,11 +29,13 @@ Configurator::Configurator(const Machine& machine)
       IOSetup(Setup(), machine.comm),
       EncoderSetup(Setup()),
       RegenSetup(Setup()),
+      StatusMonitor(line, machine.desktop, machine.files),
       Splash(machine.desktop, state, Main),
       Credits(machine.desktop, state) {
   WireTransfers();
   WireFiles();
   WireSetupDialogs();
+  WireTools();
   Main.Openers.About = [this] { Credits.Run(); };
   machine.desktop.RescueWork = [this] { Files.RescueSettings(); };
 }
@@ -76,6 +78,14 @@ void Configurator::WireSetupDialogs() {
   IOSetup.Summarize = [this] { summary.SummarizeIO(kIoRow); };
   EncoderSetup.Summarize = [this] { summary.SummarizeEncoder(kEncoderRow); };
   RegenSetup.Summarize = [this] { summary.SummarizeRegen(kRegenRow); };
+}
+
+void Configurator::WireTools() {
+  const auto hear = [this](LiveTool& tool) {
+    receive.AddLiveTool(tool.Name(), [&tool](std::uint8_t byte) { tool.Take(byte); });
+  };
+  hear(StatusMonitor);
+  Main.Openers.IOStatus = [this] { StatusMonitor.ShowModal(); };
 }
 
 // The dialogs whose OK a download presses first, as the user would, where they are open; in this order. Those

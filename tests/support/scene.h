@@ -45,7 +45,7 @@ struct Scene {
             &program.VelocitySetup, &program.AdvancedSetup,
             &program.VTLSetup,      &program.IOSetup,
             &program.EncoderSetup,  &program.RegenSetup,
-            &program.Credits};
+            &program.StatusMonitor, &program.Credits};
   }
 
   /// What must hold whenever the program is at rest.

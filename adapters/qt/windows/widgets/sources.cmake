@@ -1,6 +1,7 @@
 # The program's own widgets and its artwork, relative to the folder above.
 set(WIDGET_SOURCES
     widgets/artwork.cpp
+    widgets/big_number.cpp
     widgets/connector_line.cpp
     widgets/drive_panel.cpp
     widgets/drive_picture.cpp
@@ -13,5 +14,6 @@ set(WIDGET_SOURCES
     widgets/percent_panel.cpp
     widgets/picture.cpp
     widgets/picture_button.cpp
+    widgets/strip_chart.cpp
     widgets/summary_grid.cpp
     ../../../resources/artwork.qrc)
