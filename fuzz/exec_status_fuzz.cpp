@@ -96,7 +96,7 @@ struct Scene : HeadlessDesktop {
       Delay(*this, 1.0);
       if (!comm.PortOpen()) comm.SetPortOpen(true);
     }
-    Delay(*this, 10.0);
+    Delay(*this, 6.0);
   }
 };
 
@@ -116,7 +116,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   scene.monitor.Take(0);
   scene.monitor.Take(0);
   scene.monitor.Show();
-  Delay(scene, 5.0);
+  Delay(scene, 1.5);
   ExecStatus& m = scene.monitor;
   Require(m.INlo[0].Light() == Lamp::State::Green && m.INlo[6].Light() == Lamp::State::Off, "inputs");
   Require(m.INlo[8].Light() == Lamp::State::Green && m.INlo[9].Light() == Lamp::State::Off, "X inputs");

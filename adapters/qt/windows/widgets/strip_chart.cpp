@@ -58,7 +58,8 @@ void StripChart::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const double letters = fontMetrics().height();
-  const QRectF plot = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -letters - kGap);
+  const double scale = fontMetrics().horizontalAdvance(QStringLiteral("-88888.8")) + 2 * kGap;
+  const QRectF plot = QRectF(rect()).adjusted(0.5, 0.5, -0.5 - scale, -letters - kGap);
   double newest = 0.0;
   for (const Strip& strip : strips_)
     if (!strip.values.isEmpty()) newest = std::max(newest, strip.values.last().x());
@@ -75,13 +76,13 @@ void StripChart::PaintTimes(QPainter& painter, const QRectF& plot) const {
   const QColor ink = palette().color(QPalette::WindowText);
   painter.setPen(ink);
   const QRectF below(plot.left(), plot.bottom(), plot.width(), fontMetrics().height() + kGap);
-  painter.drawText(below, Qt::AlignRight | Qt::AlignBottom, held_ ? tr("held") : tr("now"));
+  painter.drawText(below, Qt::AlignRight | Qt::AlignBottom, held_ ? tr("held") : tr("last value"));
   for (double back = kMinute; back <= span_; back += kMinute) {
     const double x = plot.right() - back / span_ * plot.width();
     painter.setPen(QPen(Mixed(ground, ink, 0.25), 1, Qt::DotLine));
     painter.drawLine(QPointF(x, plot.top()), QPointF(x, plot.bottom()));
     painter.setPen(ink);
-    const QString words = tr("%1 min ago").arg(qRound(back / kMinute));
+    const QString words = tr("-%1 min").arg(qRound(back / kMinute));
     const double width = fontMetrics().horizontalAdvance(words);
     const double left = std::max(plot.left(), x - width / 2);
     painter.drawText(QRectF(left, below.top(), width + 1, below.height()), Qt::AlignBottom, words);
@@ -111,10 +112,11 @@ void StripChart::PaintStrip(QPainter& painter, const Strip& strip, const QRectF&
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(Mixed(palette().color(QPalette::Highlight), ink, 0.25), 1.6));
     painter.drawPath(path);
-    painter.setPen(ink);
-    painter.drawText(inside, Qt::AlignRight | Qt::AlignTop, Figures(scale.most));
-    if (scale.least < scale.most)
-      painter.drawText(inside, Qt::AlignRight | Qt::AlignBottom, Figures(scale.least));
+    painter.setPen(palette().color(QPalette::WindowText));
+    const QRectF beside(box.right() + kGap, box.top(), width(), box.height());
+    const bool flat = scale.least == scale.most;
+    painter.drawText(beside, Qt::AlignLeft | (flat ? Qt::AlignVCenter : Qt::AlignTop), Figures(scale.most));
+    if (!flat) painter.drawText(beside, Qt::AlignLeft | Qt::AlignBottom, Figures(scale.least));
   }
   painter.setPen(ink);
   painter.drawText(inside, Qt::AlignLeft | Qt::AlignTop, strip.name + ", " + strip.unit);
