@@ -68,13 +68,6 @@ void FloatBytes(double value, Byte& exponent, Byte& top, Byte& middle, Byte& low
   HexBytes24(ToLong(std::ldexp(value, doublings)), top, middle, low);
 }
 
-Byte ImageReader::Str2Num8() {
-  const auto place = static_cast<std::size_t>(ImagePos);
-  if (place >= buffer_.size()) RaiseSubscript();
-  ++ImagePos;
-  return buffer_[place];
-}
-
 Long ImageReader::Str2Num16() {
   const Long high = Str2Num8();
   return high * 256 + Str2Num8();

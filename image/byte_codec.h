@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "core/settings.h"
+#include "platform/runtime_error.h"
 
 namespace kavr6 {
 
@@ -31,7 +32,12 @@ class ImageReader {
 
   Integer ImagePos = 0;
 
-  Byte Str2Num8();
+  Byte Str2Num8() {
+    const auto place = static_cast<std::size_t>(ImagePos);
+    if (place >= buffer_.size()) RaiseSubscript();
+    ++ImagePos;
+    return buffer_[place];
+  }
   Long Str2Num16();
   /// Two names for one reading; each field keeps the one it has always had.
   Long Str2Num16Signed();

@@ -33,7 +33,7 @@ class Registers {
   double operator[](std::string_view letters) const { return values_.find(letters)->second; }
   void Set(std::string_view letters, double value) { values_.find(letters)->second = value; }
 
-  /// Takes what the image holds.
+  /// Takes what the image holds, brought into the ranges of the language.
   void Load(const DriveImage& image);
   /// Puts into the image what it has a place for, and the sum.
   void StoreIn(DriveImage& image) const;

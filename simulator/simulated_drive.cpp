@@ -101,7 +101,10 @@ void SimulatedDrive::LearnOffset() {
 }
 
 void SimulatedDrive::LearnTextLanguage() {
-  interpreter_.TextLine = [this](const std::string& line) { language_.Take(line); };
+  interpreter_.TextLine = [this](const std::string& line) {
+    language_.Take(line);
+    asked_ = false;
+  };
   TextSession& session = language_.Session();
   session.Leave = [this] { interpreter_.SetTextMode(false); };
   session.PowerUp = [this] { Restart(); };

@@ -126,7 +126,7 @@ class SimulatedDrive {
 
   double announcedAt_ = -kForever;
   double zeroAt_ = -kForever;
-  bool asked_ = false;  // the last line of text did nothing but ask
+  bool asked_ = false;  // the line of text that is being done only asks
 
   bool silent_ = false;
   bool refusing_ = false;

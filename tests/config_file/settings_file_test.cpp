@@ -299,6 +299,7 @@ TEST(SettingsFile, TextsKeepTheirCharacters) {
   const std::pair<const char*, const char*> foreign[] = {{"\"", "\""},
                                                          {"M\xFCller", "M\u00FCller"},
                                                          {"\xC3\xBC\xE4", "\u00C3\u00BC\u00E4"},
+                                                         {"M\x80", "M\u0080"},
                                                          {"\xC0\x80", "\u00C0\u0080"},
                                                          {"\xE0\x80\x80", "\u00E0\u0080\u0080"},
                                                          {"\xF0\x80\x80\x80", "\u00F0\u0080\u0080\u0080"},

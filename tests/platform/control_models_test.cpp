@@ -88,6 +88,7 @@ TEST_F(ControlModels, EventComesOnceAndOnlyForAnotherValue) {
       {[&] { window.slider.SetRange({.min = 0, .max = 3000}); }, ""},
       {[&] { window.area.SetText("RV\r\n"); }, "area=RV\r\n "},
       {[&] { window.area.Append(""); }, ""},
+      {[&] { window.area.Append("x"); }, "area=RV\r\nx area=RV\r\nxx "},
       {[&] { window.text.Type("dirty"), window.ok.Click(); },
        "text=dirty text=clean OK text=dirty text=clean OK "},
   };
@@ -98,6 +99,30 @@ TEST_F(ControlModels, EventComesOnceAndOnlyForAnotherValue) {
     EXPECT_EQ(window.log, events);
   }
   EXPECT_FALSE(window.first.Value());
+}
+
+TEST_F(ControlModels, ViewIsToldOfEveryChange) {
+  const std::tuple<const char*, Control*, Act> changes[] = {
+      {"range", &window.slider, [&] { window.slider.SetRange({.min = 0, .max = 40}); }},
+      {"slider", &window.slider, [&] { window.slider.SetValue(7); }},
+      {"row", &window.list, [&] { window.list.AddItem("d"); }},
+      {"tool tip", &window.list, [&] { window.list.SetItemToolTip(0, "first"); }},
+      {"rows", &window.list, [&] { window.list.SetItems({"x"}); }},
+      {"no rows", &window.list, [&] { window.list.Clear(); }},
+      {"more text", &window.record, [&] { window.record.Append("ab"); }},
+      {"selection", &window.record, [&] { window.record.SetSelection(1, 1); }},
+      {"other text", &window.record, [&] { window.record.SetText("x"); }},
+      {"page", &window.pages, [&] { window.pages.Navigate("a.html"); }},
+      {"enabled", &window.ok, [&] { window.ok.SetEnabled(false); }},
+      {"pictures", &window.image, [&] { window.image.SetPictures("a", "b"); }},
+  };
+  for (const auto& [what, control, change] : changes) {
+    int told = 0;
+    control->SetView([&told] { ++told; });
+    change();
+    control->SetView({});
+    EXPECT_EQ(told, 1) << what;
+  }
 }
 
 TEST_F(ControlModels, UserCannotActOnAWindowThatIsNotShown) {
@@ -229,6 +254,7 @@ TEST_F(ControlModels, PicturesNamesAndPages) {
   }
   const std::pair<const char*, PageAddress> addresses[] = {
       {"C#/help/contact us.html", {"C#/help/contact us.html", "", false}},
+      {"C#/help/contact", {"C#/help/contact", "", false}},
       {"C#\\help\\velocity.html#AdvancedAnalog", {"C#\\help\\velocity.html", "AdvancedAnalog", false}},
       {"https://a.example/#b", {"https://a.example/#b", "", true}},
   };
@@ -245,6 +271,8 @@ TEST_F(ControlModels, TextAreaKeepsItsCaretWhileTextIsAdded) {
   EXPECT_EQ(record.Rewrites(), 0);
   record.SetSelection(1, 99);
   EXPECT_EQ(record.SelLength(), 3U);
+  record.SetSelection(99, 0);
+  EXPECT_EQ(record.SelStart(), 4U);
   record.SetText("x");
   EXPECT_TRUE(record.SelStart() == 1 && record.SelLength() == 0 && record.Rewrites() == 1);
   window.area.Type("RV\r\n");
