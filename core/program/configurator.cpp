@@ -1,5 +1,7 @@
 #include "core/program/configurator.h"
 
+#include "tools/drive_commands.h"
+
 namespace kavr6 {
 
 Configurator::Configurator(const Machine& machine)
@@ -30,6 +32,9 @@ Configurator::Configurator(const Machine& machine)
       EncoderSetup(Setup()),
       RegenSetup(Setup()),
       StatusMonitor(line, machine.desktop, machine.files),
+      LastAlarms(machine.desktop, line),
+      FaultPopup(machine.desktop, line),
+      MotorTest(Main, line),
       Splash(machine.desktop, state, Main),
       Credits(machine.desktop, state) {
   WireTransfers();
@@ -86,6 +91,12 @@ void Configurator::WireTools() {
   };
   hear(StatusMonitor);
   Main.Openers.IOStatus = [this] { StatusMonitor.ShowModal(); };
+  receive.ServoError152 = [this](int alarm) { FaultPopup.ServoError152(alarm); };
+  Main.Openers.History = IOSetup.OpenHistory = [this] { LastAlarms.Run(); };
+  Main.Openers.ClearFault = [this] { MenuClearFault(line, identity); };
+  Main.Openers.Restore = [this] { MenuRestore(line, identity); };
+  Main.Openers.SelfTest = [this] { MotorTest.ShowModal(); };
+  Main.Desk().AtEnd([this] { MotorTest.StopMotor(); });
 }
 
 // The dialogs whose OK a download presses first, as the user would, where they are open; in this order. Those

@@ -23,7 +23,10 @@
 #include "motor/motor_calculations.h"
 #include "motor/motor_table.h"
 #include "reports/summarizer.h"
+#include "tools/alarm_history.h"
 #include "tools/exec_status.h"
+#include "tools/self_test.h"
+#include "tools/servo_fault.h"
 
 namespace kavr6 {
 
@@ -70,6 +73,9 @@ class Configurator {
   EncoderDialog EncoderSetup;
   RegenDialog RegenSetup;
   ExecStatus StatusMonitor;
+  AlarmHistory LastAlarms;
+  ServoFault FaultPopup;
+  SelfTest MotorTest;
   StartForm Splash;
   About Credits;
 

@@ -45,7 +45,9 @@ struct Scene {
             &program.VelocitySetup, &program.AdvancedSetup,
             &program.VTLSetup,      &program.IOSetup,
             &program.EncoderSetup,  &program.RegenSetup,
-            &program.StatusMonitor, &program.Credits};
+            &program.StatusMonitor, &program.LastAlarms,
+            &program.FaultPopup,    &program.MotorTest,
+            &program.Credits};
   }
 
   /// What must hold whenever the program is at rest.

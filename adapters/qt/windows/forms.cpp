@@ -8,6 +8,7 @@
 
 #include "ui_About.h"
 #include "ui_AdvancedSettings.h"
+#include "ui_AlarmHistory.h"
 #include "ui_EditMotor.h"
 #include "ui_EncoderDialog.h"
 #include "ui_ExecStatus.h"
@@ -17,6 +18,8 @@
 #include "ui_MotorDialog.h"
 #include "ui_PulseDirDialog.h"
 #include "ui_RegenDialog.h"
+#include "ui_SelfTest.h"
+#include "ui_ServoFault.h"
 #include "ui_StartForm.h"
 #include "ui_VTLdialog.h"
 #include "ui_VelocityDialog.h"
@@ -52,6 +55,9 @@ const std::array kForms{
     FormRow{"EncoderDialog", Build<QDialog, Ui::EncoderDialog>},
     FormRow{"RegenDialog", Build<QDialog, Ui::RegenDialog>},
     FormRow{"ExecStatus", Build<QDialog, Ui::ExecStatus>},
+    FormRow{"AlarmHistory", Build<QDialog, Ui::AlarmHistory>},
+    FormRow{"ServoFault", Build<QDialog, Ui::ServoFault>},
+    FormRow{"SelfTest", Build<QDialog, Ui::SelfTest>},
 };
 
 /// What a design marks with "keepsRoom" hides without moving anything around it.

@@ -18,6 +18,7 @@ class Lamp : public QWidget {
   /// Its height in lines of text.
   double lines() const { return lines_; }
   void setLines(double lines);
+  int state() const { return state_; }
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
