@@ -77,9 +77,11 @@ struct Scene : HeadlessDesktop {
 
   Scene() {
     RecordRefusals();
+    AnswerAnything();
     comm.SetPortOpen(true);
     comm.SetRThreshold(1);
     path.FrontWindow = [this] { return ActiveFormName(); };
+    monitor.DeliverWaiting = [this] { path.DeliverWaiting(); };
     path.AddLiveTool(monitor.Name(), [this](std::uint8_t byte) { monitor.Take(byte); });
     main.Show();
     comm.Order = [this](unsigned orders) { CallAfter(0.005, [this, orders] { Obey(orders); }); };

@@ -125,7 +125,10 @@ void ExecStatus::Activated() {
 int ExecStatus::GetModelNum() {
   const int turn = turn_;
   const auto overtaken = [this, turn] { return turn != turn_; };
-  if (line_.pump.PumpEventsUntil(overtaken, kBeforeModel)) return 0;
+  line_.pump.PumpEventsUntil(overtaken, kBeforeModel);
+  // Answers of before, had behind another window, are no model.
+  if (!overtaken() && DeliverWaiting) DeliverWaiting();
+  if (overtaken()) return 0;
   ReplyBuffer.clear();
   Send("MN");
   if (AwaitAnswer([this] { return !ReplyBuffer.empty(); }))

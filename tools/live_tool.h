@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,8 @@ class LiveTool : public Form {
   Label Silence{*this, "Silence"};
   Timer SilenceClock{*this, "SilenceClock"};
 
+  /// Hands over what has come in behind another window, which else waits for the next byte.
+  std::function<void()> DeliverWaiting;
   /// A byte of the drive has come in.
   void Take(std::uint8_t byte);
 

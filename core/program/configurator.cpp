@@ -88,6 +88,7 @@ void Configurator::WireSetupDialogs() {
 void Configurator::WireTools() {
   const auto hear = [this](LiveTool& tool) {
     receive.AddLiveTool(tool.Name(), [&tool](std::uint8_t byte) { tool.Take(byte); });
+    tool.DeliverWaiting = [this] { receive.DeliverWaiting(); };
   };
   hear(StatusMonitor);
   Main.Openers.IOStatus = [this] { StatusMonitor.ShowModal(); };
