@@ -113,10 +113,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   scene.other.Hide();
   if (scene.monitor.Visible()) scene.monitor.OK.Click();
   Require(!scene.state.LiveToolActive && scene.comm.RThreshold() == 1, "closing gives the line back");
-  // The rest of an announcement that had begun.
   scene.path.Clear();
-  scene.monitor.Take(0);
-  scene.monitor.Take(0);
   scene.monitor.Show();
   Delay(scene, 1.5);
   ExecStatus& m = scene.monitor;

@@ -207,6 +207,7 @@ void ExecStatus::Close() {
   Send(kQuitText);
   line_.state.LiveToolActive = false;
   ReplyBuffer.clear();
+  capture_.Forget();
   NothingDue();
   HoldChart.SetValue(false);
   StripChart.Clear();
