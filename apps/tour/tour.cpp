@@ -27,6 +27,7 @@ void Tour::Play() {
   SetHostCommands();
   SetPulses();
   SetInputsAndOutputs();
+  WatchDrive();
   LoseTheLine();
   FindItAgain();
   ShowCredits();
@@ -67,6 +68,10 @@ void Tour::LookAtWindows(const std::string& suffix) {
   program_.ModeMenu.Show();
   stage_.Picture(stage_.Window("MotionMenu"), "motion-menu-" + suffix);
   program_.ModeMenu.Hide();
+  program_.StatusMonitor.Show();
+  stage_.Pause(2.0);
+  stage_.Picture(stage_.Window("ExecStatus"), "status-monitor-" + suffix);
+  program_.StatusMonitor.OK.Click();
   for (SetupDialog* dialog : std::initializer_list<SetupDialog*>{
            &program_.MotorSetup, &program_.CustomMotorSetup, &program_.PulseDirSetup, &program_.VelocitySetup,
            &program_.AdvancedSetup, &program_.VTLSetup, &program_.IOSetup, &program_.EncoderSetup,

@@ -48,6 +48,8 @@ class Tour {
   // steps_files.cpp
   void SaveAndReopen();
   void OpenBadFile();
+  // steps_monitor.cpp
+  void WatchDrive();
   // steps_drive.cpp
   void RefuseDownload();
   void Download();

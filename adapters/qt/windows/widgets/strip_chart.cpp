@@ -74,17 +74,20 @@ void StripChart::paintEvent(QPaintEvent*) {
 void StripChart::PaintTimes(QPainter& painter, const QRectF& plot) const {
   const QColor ground = palette().color(QPalette::Window);
   const QColor ink = palette().color(QPalette::WindowText);
-  painter.setPen(ink);
   const QRectF below(plot.left(), plot.bottom(), plot.width(), fontMetrics().height() + kGap);
-  painter.drawText(below, Qt::AlignRight | Qt::AlignBottom, held_ ? tr("held") : tr("last value"));
+  const QString end = held_ ? tr("held") : tr("last value");
+  painter.setPen(ink);
+  painter.drawText(below, Qt::AlignRight | Qt::AlignBottom, end);
+  const double room = below.right() - 2 * kGap - fontMetrics().horizontalAdvance(end);
   for (double back = kMinute; back <= span_; back += kMinute) {
     const double x = plot.right() - back / span_ * plot.width();
     painter.setPen(QPen(Mixed(ground, ink, 0.25), 1, Qt::DotLine));
     painter.drawLine(QPointF(x, plot.top()), QPointF(x, plot.bottom()));
-    painter.setPen(ink);
     const QString words = tr("-%1 min").arg(qRound(back / kMinute));
     const double width = fontMetrics().horizontalAdvance(words);
     const double left = std::max(plot.left(), x - width / 2);
+    if (left + width > room) continue;
+    painter.setPen(ink);
     painter.drawText(QRectF(left, below.top(), width + 1, below.height()), Qt::AlignBottom, words);
   }
 }
