@@ -27,6 +27,9 @@ void Tour::Play() {
   SetHostCommands();
   SetPulses();
   SetInputsAndOutputs();
+  MeetAnAlarm();
+  TestTheMotor();
+  RestoreTheDrive();
   WatchDrive();
   LoseTheLine();
   FindItAgain();
@@ -68,6 +71,12 @@ void Tour::LookAtWindows(const std::string& suffix) {
   program_.ModeMenu.Show();
   stage_.Picture(stage_.Window("MotionMenu"), "motion-menu-" + suffix);
   program_.ModeMenu.Hide();
+  for (Form* form : std::initializer_list<Form*>{&program_.LastAlarms, &program_.FaultPopup}) {
+    form->Show();
+    stage_.Pause(0.05);
+    stage_.Picture(stage_.Window(form->Name()), form->Name() + "-" + suffix);
+    form->Hide();
+  }
   program_.StatusMonitor.Show();
   stage_.Pause(2.0);
   stage_.Picture(stage_.Window("ExecStatus"), "status-monitor-" + suffix);
