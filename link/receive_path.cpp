@@ -61,6 +61,10 @@ void ReceivePath::Clear() {
   ring_.RingClear();
 }
 
+void ReceivePath::DeliverWaiting() {
+  if (state_.LiveToolActive) FeedLiveTool();
+}
+
 void ReceivePath::OnComm() {
   if (state_.LiveToolActive) {
     FeedLiveTool();

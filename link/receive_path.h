@@ -30,6 +30,8 @@ class ReceivePath {
   /// Called with the 14-bit alarm word of an alarm message, unless AlarmPopupOff holds.
   std::function<void(int)> ServoError152;
 
+  /// Hands the live tool in front what has come in while it was not.
+  void DeliverWaiting();
   /// Empties GlobalBuffer and the ring.
   void Clear();
   void HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b3);

@@ -71,6 +71,8 @@ std::string_view KindName(ControlKind kind) {
       return "hot spot";
     case ControlKind::ConnectorLine:
       return "connector line";
+    case ControlKind::Chart:
+      return "chart";
     case ControlKind::MenuItem:
       return "menu item";
   }

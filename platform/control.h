@@ -32,6 +32,7 @@ enum class ControlKind {
   HotSpot,
   ConnectorLine,
   MenuItem,
+  Chart,
 };
 
 /// Word for messages, such as "text box".

@@ -1,12 +1,12 @@
 #include "tools/live_tool.h"
 
-#include <cmath>
 #include <utility>
 
 namespace kavr6 {
 namespace {
 
 constexpr int kSilencePeriod = 1000;  // milliseconds
+constexpr double kTolerance = 0.25;   // seconds by which a full one may be missed
 
 }  // namespace
 
@@ -22,9 +22,9 @@ void LiveTool::Take(std::uint8_t byte) {
   ProcessChar(byte);
 }
 
-void LiveTool::AnswerDue() {
+void LiveTool::AnswerDue(double since) {
   if (SilenceClock.Enabled()) return;
-  dueSince_ = Desk().Now();
+  dueSince_ = since;
   SilenceClock.SetEnabled(true);
 }
 
@@ -34,7 +34,7 @@ void LiveTool::NothingDue() {
 }
 
 void LiveTool::ShowSilence() {
-  const auto seconds = std::lround(Desk().Now() - dueSince_);
+  const auto seconds = static_cast<long>(Desk().Now() - dueSince_ + kTolerance);
   Silence.SetCaption(line_.comm.PortOpen()
                          ? "No answer from the drive since " + std::to_string(seconds) + " s"
                          : "No port is open");

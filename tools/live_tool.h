@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,8 @@ class LiveTool : public Form {
   Label Silence{*this, "Silence"};
   Timer SilenceClock{*this, "SilenceClock"};
 
+  /// Hands over what has come in behind another window, which else waits for the next byte.
+  std::function<void()> DeliverWaiting;
   /// A byte of the drive has come in.
   void Take(std::uint8_t byte);
 
@@ -29,8 +32,9 @@ class LiveTool : public Form {
 
   /// Writes letters and the carriage return that ends a command.
   void Send(std::string_view letters) { line_.comm.Output(std::string(letters) + '\r'); }
-  /// An answer is due from now on, unless one has been due already.
-  void AnswerDue();
+  /// An answer is due from now on, or from a time that has passed, unless one has been due already.
+  void AnswerDue() { AnswerDue(Desk().Now()); }
+  void AnswerDue(double since);
   /// Something has come from the drive, or nothing is awaited any more.
   void NothingDue();
 

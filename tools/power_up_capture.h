@@ -17,6 +17,8 @@ class PowerUpCapture {
   /// DoPowerUp with the third. False: the byte is the tool's.
   bool Take(std::uint8_t byte);
   std::function<void(const std::string& text)> DoPowerUp;
+  /// The rest of one that has begun goes elsewhere.
+  void Forget() { InPowerUp = false; }
 
  private:
   std::string PowerUpText;

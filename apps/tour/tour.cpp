@@ -31,6 +31,7 @@ void Tour::Play() {
   MeetAnAlarm();
   TestTheMotor();
   RestoreTheDrive();
+  WatchDrive();
   LoseTheLine();
   FindItAgain();
   ShowCredits();
@@ -77,6 +78,10 @@ void Tour::LookAtWindows(const std::string& suffix) {
     stage_.Picture(stage_.Window(form->Name()), form->Name() + "-" + suffix);
     form->Hide();
   }
+  program_.StatusMonitor.Show();
+  stage_.Pause(2.0);
+  stage_.Picture(stage_.Window("ExecStatus"), "status-monitor-" + suffix);
+  program_.StatusMonitor.OK.Click();
   for (SetupDialog* dialog : std::initializer_list<SetupDialog*>{
            &program_.MotorSetup, &program_.CustomMotorSetup, &program_.PulseDirSetup, &program_.VelocitySetup,
            &program_.AdvancedSetup, &program_.VTLSetup, &program_.IOSetup, &program_.EncoderSetup,

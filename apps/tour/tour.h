@@ -54,6 +54,8 @@ class Tour {
   void MeetAnAlarm();
   void TestTheMotor();
   void RestoreTheDrive();
+  // steps_monitor.cpp
+  void WatchDrive();
   // steps_drive.cpp
   void RefuseDownload();
   void Download();

@@ -33,6 +33,7 @@ Configurator::Configurator(const Machine& machine)
       RegenSetup(Setup()),
       Commands(machine.desktop),
       Terminal(line, machine.desktop, machine.files),
+      StatusMonitor(line, machine.desktop, machine.files),
       LastAlarms(machine.desktop, line),
       FaultPopup(machine.desktop, line),
       MotorTest(Main, line),
@@ -87,12 +88,18 @@ void Configurator::WireSetupDialogs() {
 }
 
 void Configurator::WireTools() {
-  receive.AddLiveTool(Terminal.Name(), [this](std::uint8_t byte) { Terminal.Take(byte); });
   Terminal.ShowCommandList = [this] {
     if (!Commands.Visible()) PlaceBeside(Terminal, Commands);
     Commands.Show();
   };
   Main.Openers.Terminal = [this] { Terminal.Show(); };
+  const auto hear = [this](LiveTool& tool) {
+    receive.AddLiveTool(tool.Name(), [&tool](std::uint8_t byte) { tool.Take(byte); });
+    tool.DeliverWaiting = [this] { receive.DeliverWaiting(); };
+  };
+  hear(StatusMonitor);
+  hear(Terminal);
+  Main.Openers.IOStatus = [this] { StatusMonitor.ShowModal(); };
   receive.ServoError152 = [this](int alarm) { FaultPopup.ServoError152(alarm); };
   Main.Openers.History = IOSetup.OpenHistory = [this] { LastAlarms.Run(); };
   Main.Openers.ClearFault = [this] { MenuClearFault(line, identity); };

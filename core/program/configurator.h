@@ -26,6 +26,7 @@
 #include "reports/summarizer.h"
 #include "tools/vtl_term.h"
 #include "tools/alarm_history.h"
+#include "tools/exec_status.h"
 #include "tools/self_test.h"
 #include "tools/servo_fault.h"
 
@@ -75,6 +76,7 @@ class Configurator {
   RegenDialog RegenSetup;
   Summary Commands;
   VTLterm Terminal;
+  ExecStatus StatusMonitor;
   AlarmHistory LastAlarms;
   ServoFault FaultPopup;
   SelfTest MotorTest;

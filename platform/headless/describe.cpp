@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 
+#include "platform/chart.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/grid.h"
@@ -56,6 +57,14 @@ void Describe(const Slider& slider, Properties& found) {
   found[""] = std::to_string(slider.Value());
   found["range"] = Printed("%d to %d by %d, %d, ticks %d", range.min, range.max, range.smallStep,
                            range.largeStep, range.tickSpacing);
+}
+
+/// The newest row stands for all.
+void Describe(const Chart& chart, Properties& found) {
+  std::string& text = found[""];
+  text = std::to_string(chart.Shown().size()) + (chart.Held() ? " rows, held" : " rows");
+  if (chart.Shown().empty()) return;
+  for (const double value : chart.Shown().back().values) text += " | " + NumberOf(value);
 }
 
 std::string LightOf(Lamp::State light) {
@@ -112,6 +121,9 @@ void DescribeKind(const Control& control, Properties& found) {
       break;
     case ControlKind::ConnectorLine:
       found[""] = Colour6(As<ConnectorLine>(control).BorderColor());
+      break;
+    case ControlKind::Chart:
+      Describe(As<Chart>(control), found);
       break;
     case ControlKind::MenuItem:
       found[""] = Quoted(As<MenuItem>(control).Caption());

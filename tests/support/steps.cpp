@@ -312,6 +312,8 @@ const std::map<std::string, StepDone> kSteps{
     {"release", [](S s, W w) { s.The<ImageButton>(w.Next()).MouseUp(); }},
     {"key", Key},
     {"close", [](S s, W w) { s.Window(w.Next()).RequestClose(); }},
+    {"bring", [](S s, W w) { s.Window(w.Next()).Show(); }},  // without a user
+    {"away", [](S s, W w) { s.Window(w.Next()).Hide(); }},
     {"small", [](S s, W w) { s.Window(w.Next()).Resize(100, 100); }},
     {"wait", [](S s, W w) { Delay(s.scene.desktop, w.Number()); }},
     {"later", Later},
@@ -343,6 +345,11 @@ const std::map<std::string, StepDone> kSteps{
     {"identity", Identity},
     {"image", Image},
     {"sends", DriveSends},
+    {"answers",  // a line of text, and all that comes back
+     [](S s, W w) {
+       const std::string line = w.Next() + '\r';
+       s.scene.comm.Script(line, w.Next());
+     }},
     {"restart", [](S s, W) { s.scene.drive.Restart(); }},
     {"silent", [](S s, W w) { s.scene.drive.SetSilent(w.YesNo()); }},
     {"alarm", [](S s, W w) { s.scene.drive.RaiseAlarm(w.Whole()); }},

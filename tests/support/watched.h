@@ -1,6 +1,7 @@
 // Desktop and serial port of a scene, with somebody who watches what passes through them.
 #pragma once
 
+#include <map>
 #include <span>
 #include <string>
 #include <utility>
@@ -69,8 +70,12 @@ class WatchedDesktop : public HeadlessDesktop {
 
 class WatchedComm : public SimulatedComm {
  public:
-  using SimulatedComm::SimulatedComm;
+  WatchedComm(Scheduler& program, LineScheduler& line) : SimulatedComm(program, line), line_(line) {}
   Watcher* watcher = nullptr;
+
+  /// From now on whoever writes just this is answered so, and nothing of it reaches the drive. Question and
+  /// answer take their time on the line; the answer comes in one piece.
+  void Script(const std::string& written, const std::string& answer) { script_[written] = answer; }
 
  protected:
   void OpenDevice(int number) override {
@@ -89,12 +94,22 @@ class WatchedComm : public SimulatedComm {
   }
   void Send(std::span<const std::uint8_t> bytes) override {
     if (watcher != nullptr) watcher->Wire(true, bytes);
-    SimulatedComm::Send(bytes);
+    const auto found = script_.find({bytes.begin(), bytes.end()});
+    if (found == script_.end()) return SimulatedComm::Send(bytes);
+    const std::string& answer = found->second;
+    const auto length = static_cast<double>(bytes.size() + answer.size());
+    line_.CallAfter(length * SimulatedDrive::kByteTime, [this, answer] {
+      if (PortOpen() && !answer.empty()) HandOut({answer.begin(), answer.end()});
+    });
   }
   void HandOut(const Bytes& bytes) override {
     if (watcher != nullptr) watcher->Wire(false, bytes);
     SimulatedComm::HandOut(bytes);
   }
+
+ private:
+  LineScheduler& line_;
+  std::map<std::string, std::string> script_;
 };
 
 }  // namespace kavr6

@@ -39,6 +39,7 @@ constexpr std::array kKinds{
     KindRow{ControlKind::Picture, BindPicture},
     KindRow{ControlKind::Lamp, BindLamp},
     KindRow{ControlKind::PercentPanel, BindPercentPanel},
+    KindRow{ControlKind::Chart, BindChart},
     KindRow{ControlKind::ConnectorLine, BindConnectorLine},
 };
 

@@ -45,6 +45,7 @@ RefreshView BindFrame(Control& control, QObject& target, const UserAction& act);
 RefreshView BindPicture(Control& control, QObject& target, const UserAction& act);
 RefreshView BindLamp(Control& control, QObject& target, const UserAction& act);
 RefreshView BindPercentPanel(Control& control, QObject& target, const UserAction& act);
+RefreshView BindChart(Control& control, QObject& target, const UserAction& act);
 RefreshView BindConnectorLine(Control& control, QObject& target, const UserAction& act);
 
 /// Whether a person can put something into the widget or set something off with it.

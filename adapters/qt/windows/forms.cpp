@@ -13,6 +13,7 @@
 #include "ui_AlarmHistory.h"
 #include "ui_EditMotor.h"
 #include "ui_EncoderDialog.h"
+#include "ui_ExecStatus.h"
 #include "ui_IOdialog.h"
 #include "ui_MainForm.h"
 #include "ui_MotionMenu.h"
@@ -70,6 +71,7 @@ const std::array kForms{
     FormRow{"ControlModes", Build<QDialog, Ui::CodeWindow>},
     FormRow{"DefCodes", Build<QDialog, Ui::CodeWindow>},
     FormRow{"Calculator", Build<QDialog, Ui::Calculator>},
+    FormRow{"ExecStatus", Build<QDialog, Ui::ExecStatus>},
     FormRow{"AlarmHistory", Build<QDialog, Ui::AlarmHistory>},
     FormRow{"ServoFault", Build<QDialog, Ui::ServoFault>},
     FormRow{"SelfTest", Build<QDialog, Ui::SelfTest>},

@@ -35,8 +35,13 @@ void Lamp::setState(int state) {
   update();
 }
 
+void Lamp::setLines(double lines) {
+  lines_ = lines;
+  updateGeometry();
+}
+
 QSize Lamp::sizeHint() const {
-  const int side = std::max(14, fontMetrics().height());
+  const int side = std::max(14, qRound(lines_ * fontMetrics().height()));
   return {side, side};
 }
 

@@ -9,11 +9,15 @@ namespace kavr6::widgets {
 /// its corner: the shape alone tells the state. A screen reader hears the state as the description.
 class Lamp : public QWidget {
   Q_OBJECT
+  Q_PROPERTY(double lines READ lines WRITE setLines)
 
  public:
   explicit Lamp(QWidget* parent = nullptr);
   /// 0 off, 1 green, 2 yellow, 3 red, 4 orange.
   void setState(int state);
+  /// Its height in lines of text.
+  double lines() const { return lines_; }
+  void setLines(double lines);
   int state() const { return state_; }
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
@@ -23,6 +27,7 @@ class Lamp : public QWidget {
 
  private:
   int state_ = 0;
+  double lines_ = 1.0;
 };
 
 }  // namespace kavr6::widgets

@@ -1,6 +1,7 @@
 # The program's own widgets and its artwork, relative to the folder above.
 set(WIDGET_SOURCES
     widgets/artwork.cpp
+    widgets/big_number.cpp
     widgets/connector_line.cpp
     widgets/drive_panel.cpp
     widgets/drive_picture.cpp
@@ -14,6 +15,7 @@ set(WIDGET_SOURCES
     widgets/picture.cpp
     widgets/picture_button.cpp
     widgets/square_lamp.cpp
+    widgets/strip_chart.cpp
     widgets/summary_grid.cpp
     widgets/table_ground.cpp
     ../../../resources/artwork.qrc)
