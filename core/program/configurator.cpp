@@ -29,11 +29,14 @@ Configurator::Configurator(const Machine& machine)
       IOSetup(Setup(), machine.comm),
       EncoderSetup(Setup()),
       RegenSetup(Setup()),
+      SmoothingWizard(line, {CustomMotorSetup, CustomMotorSetup.SliderGain, CustomMotorSetup.SliderPhase,
+                             MotorSetup.txtDriveCurrent}),
       Splash(machine.desktop, state, Main),
       Credits(machine.desktop, state) {
   WireTransfers();
   WireFiles();
   WireSetupDialogs();
+  WireTools();
   Main.Openers.About = [this] { Credits.Run(); };
   machine.desktop.RescueWork = [this] { Files.RescueSettings(); };
 }
@@ -76,6 +79,11 @@ void Configurator::WireSetupDialogs() {
   IOSetup.Summarize = [this] { summary.SummarizeIO(kIoRow); };
   EncoderSetup.Summarize = [this] { summary.SummarizeEncoder(kEncoderRow); };
   RegenSetup.Summarize = [this] { summary.SummarizeRegen(kRegenRow); };
+}
+
+void Configurator::WireTools() {
+  receive.AddLiveTool(SmoothingWizard.Name(), [this](std::uint8_t byte) { SmoothingWizard.Take(byte); });
+  CustomMotorSetup.OpenWizard = [this] { SmoothingWizard.ShowModal(); };
 }
 
 // The dialogs whose OK a download presses first, as the user would, where they are open; in this order. Those

@@ -23,6 +23,7 @@
 #include "motor/motor_calculations.h"
 #include "motor/motor_table.h"
 #include "reports/summarizer.h"
+#include "tools/harmonizer.h"
 
 namespace kavr6 {
 
@@ -68,6 +69,7 @@ class Configurator {
   IOdialog IOSetup;
   EncoderDialog EncoderSetup;
   RegenDialog RegenSetup;
+  Harmonizer SmoothingWizard;
   StartForm Splash;
   About Credits;
 
@@ -76,6 +78,7 @@ class Configurator {
   void WireTransfers();
   void WireFiles();
   void WireSetupDialogs();
+  void WireTools();
   void PressOpenOks();
   void RefillOpenDialogs();
   void TakeMotor(const MotorRecord& motor) { AddMotorIfMissing(motorTable, MotorSetup, motor); }

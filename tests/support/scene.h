@@ -44,7 +44,7 @@ struct Scene {
             &program.ModeMenu,      &program.PulseDirSetup,
             &program.VelocitySetup, &program.AdvancedSetup,
             &program.VTLSetup,      &program.IOSetup,
-            &program.EncoderSetup,  &program.RegenSetup,
+            &program.EncoderSetup,  &program.RegenSetup, &program.SmoothingWizard,
             &program.Credits};
   }
 

@@ -10,6 +10,7 @@
 #include "ui_AdvancedSettings.h"
 #include "ui_EditMotor.h"
 #include "ui_EncoderDialog.h"
+#include "ui_Harmonizer.h"
 #include "ui_IOdialog.h"
 #include "ui_MainForm.h"
 #include "ui_MotionMenu.h"
@@ -50,6 +51,7 @@ const std::array kForms{
     FormRow{"IOdialog", Build<QDialog, Ui::IOdialog>},
     FormRow{"EncoderDialog", Build<QDialog, Ui::EncoderDialog>},
     FormRow{"RegenDialog", Build<QDialog, Ui::RegenDialog>},
+    FormRow{"Harmonizer", Build<QDialog, Ui::Harmonizer>},
 };
 
 /// What a design marks with "keepsRoom" hides without moving anything around it.

@@ -1,6 +1,7 @@
 # The program's own widgets and its artwork, relative to the folder above.
 set(WIDGET_SOURCES
     widgets/artwork.cpp
+    widgets/big_slider.cpp
     widgets/connector_line.cpp
     widgets/drive_panel.cpp
     widgets/drive_picture.cpp
