@@ -110,10 +110,14 @@ DriveImage FactoryImage() {
   std::size_t position = 0;
   for (const Field& field : kFactoryFields)
     for (std::size_t i = 0; i < field.width; ++i) image[position++] = ByteOf(field, i);
-  const int sum = DriveImageSum(image);
-  image[position++] = static_cast<std::uint8_t>(sum >> 8);
-  image[position] = static_cast<std::uint8_t>(sum & 0xFF);
+  SealDriveImage(image);
   return image;
+}
+
+void SealDriveImage(DriveImage& image) {
+  const int sum = DriveImageSum(image);
+  image[image.size() - 2] = static_cast<std::uint8_t>(sum >> 8);
+  image[image.size() - 1] = static_cast<std::uint8_t>(sum & 0xFF);
 }
 
 int DriveImageSum(std::span<const std::uint8_t> image) {

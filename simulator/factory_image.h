@@ -17,7 +17,9 @@ DriveImage FactoryImage();
 
 /// Sum over all bytes but the last two, modulo 65536.
 int DriveImageSum(std::span<const std::uint8_t> image);
-/// The last two bytes, high one first, hold the sum.
+/// Puts the sum into the last two bytes, high one first.
+void SealDriveImage(DriveImage& image);
+/// The last two bytes hold the sum.
 bool DriveImageSumHolds(std::span<const std::uint8_t> image);
 
 }  // namespace kavr6

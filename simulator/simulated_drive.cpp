@@ -3,9 +3,6 @@
 #include <algorithm>
 #include <string_view>
 
-#include "core/alarms.h"
-#include "core/status_word.h"
-
 namespace kavr6 {
 namespace {
 
@@ -17,6 +14,9 @@ constexpr std::uint8_t kRevisionHeader = 0xF1;
 
 constexpr std::uint8_t kStatusWordRequest = 128;
 constexpr std::uint8_t kLetterRequest = 142;
+
+/// For how long after its announcement a drive waits for a live tool's answer, in seconds.
+constexpr double kAnnounced = 2.0;
 
 /// What the analog input shows at zero volts, in half millivolts.
 constexpr int kAnalogOffset = -25;
@@ -44,15 +44,21 @@ SimulatedDrive::SimulatedDrive(Scheduler& scheduler)
               const auto transmit = Transmit;  // it may be taken away from within the call
               if (transmit) transmit(byte);
             }),
-      interpreter_(scheduler) {
-  interpreter_.TextLine = [this](const std::string& line) { TextLine(line); };
+      interpreter_(scheduler),
+      works_(scheduler),
+      language_(works_, [this](const std::string& bytes) {
+        Send({DriveEvent::Kind::Answer, bytes, "text", asked_}, replyDelay_);
+      }) {
   interpreter_.Heard = [this](std::string_view bytes, bool known) {
-    if (bytes != "0") announced_ = false;
-    Tell(known ? DriveEvent::Kind::Command : DriveEvent::Kind::Unknown, std::string(bytes), {});
+    asked_ = interpreter_.TextMode() && TextLanguage::Asks(std::string(bytes.substr(0, bytes.find('\r'))));
+    Tell({known ? DriveEvent::Kind::Command : DriveEvent::Kind::Unknown, std::string(bytes), {}, asked_});
   };
+  works_.motor.AlarmRaised = [this](int word) { TellAlarm(word); };
+  works_.registers.Load(image_);
   LearnCommands();
   LearnMaintenance();
   LearnOffset();
+  LearnTextLanguage();
 }
 
 void SimulatedDrive::LearnCommands() {
@@ -64,6 +70,7 @@ void SimulatedDrive::LearnCommands() {
   interpreter_.Add("S", 0, nothing);
   interpreter_.Add("0", 0, [this](Arguments) { TakeZero(); });
   interpreter_.Add("QT", 0, nothing);
+  interpreter_.Add("HM", 0, nothing);
   interpreter_.Add("HR", 0, textMode);
   interpreter_.Add("d", kImageBytes, [this](Arguments image) { TakeImage(image); });
   interpreter_.Add("u", 0, [this](Arguments) { Answer(std::string(image_.begin(), image_.end()), "image"); });
@@ -74,19 +81,18 @@ void SimulatedDrive::LearnMaintenance() {
   interpreter_.Add("a", 0, [this](Arguments) { AnswerHistory(); });
   interpreter_.Add("o", 0, [this](Arguments) { history_.fill(0); });
   // "zzn" needs no row of its own: clearing twice and enabling is what its letters do.
-  interpreter_.Add("z", 0, [this](Arguments) {
-    if (!alarmSticking_) alarm_ = 0;
-  });
-  interpreter_.Add("n", 0, [this](Arguments) { enabled_ = (alarm_ & kDisablingAlarms) == 0; });
+  interpreter_.Add("z", 0, [this](Arguments) { works_.motor.ClearAlarm(); });
+  interpreter_.Add("n", 0, [this](Arguments) { works_.motor.Enable(); });
   interpreter_.Add("i4071", 0, [this](Arguments) {
     image_ = FactoryImage();
-    if (ImageChanged) ImageChanged();
+    ImageHasChanged();
   });
 }
 
 // Later firmware wants a guard code with the command that measures the analog input.
 void SimulatedDrive::LearnOffset() {
-  const bool early = (revision_ == 0 && letter_ < 'k') || (revision_ == 1 && letter_ == 'A');
+  const bool early =
+      (works_.revision == 0 && works_.letter < 'k') || (works_.revision == 1 && works_.letter == 'A');
   const std::string_view guard = early ? "" : "4071";
   interpreter_.Add("O", guard.size(), [this, guard](std::span<const std::uint8_t> code) {
     if (!std::equal(code.begin(), code.end(), guard.begin())) return;
@@ -94,27 +100,43 @@ void SimulatedDrive::LearnOffset() {
   });
 }
 
-void SimulatedDrive::TextLine(const std::string& line) {
-  if (line == "QT" || line == "HM") interpreter_.SetTextMode(false);
+void SimulatedDrive::LearnTextLanguage() {
+  interpreter_.TextLine = [this](const std::string& line) {
+    language_.Take(line);
+    asked_ = false;
+  };
+  TextSession& session = language_.Session();
+  session.Leave = [this] { interpreter_.SetTextMode(false); };
+  session.PowerUp = [this] { Restart(); };
+  session.Save = [this] {
+    works_.registers.Keep();
+    works_.registers.StoreIn(image_);
+    if (ImageChanged) ImageChanged();
+  };
 }
 
 void SimulatedDrive::SetIdentity(int revisionByte, int modelCode, char letter) {
-  revision_ = revisionByte;
-  model_ = modelCode;
-  letter_ = letter;
+  works_.revision = revisionByte;
+  works_.model = modelCode;
+  works_.letter = letter;
   LearnOffset();
 }
 
-int SimulatedDrive::StatusWord() const {
-  return (enabled_ ? kStatusEnabled : 0) | ((alarm_ & kDisablingAlarms) != 0 ? kStatusFault : 0) |
-         (alarm_ != 0 ? kStatusAlarm : 0);
+void SimulatedDrive::StoreImage(const Image& image) {
+  image_ = image;
+  works_.registers.Load(image_);
 }
 
-void SimulatedDrive::Identify() { Answer(BytesOf({revision_, model_}), "identity"); }
+void SimulatedDrive::ImageHasChanged() {
+  works_.registers.Load(image_);
+  if (ImageChanged) ImageChanged();
+}
+
+void SimulatedDrive::Identify() { Answer(BytesOf({works_.revision, works_.model}), "identity"); }
 
 void SimulatedDrive::AnswerWord(std::uint8_t which) {
   if (which == kStatusWordRequest) Answer(HexWord(StatusWord()), "status word");
-  if (which == kLetterRequest) Answer(HexWord(static_cast<std::uint8_t>(letter_)), "sub-revision");
+  if (which == kLetterRequest) Answer(HexWord(static_cast<std::uint8_t>(works_.letter)), "sub-revision");
 }
 
 void SimulatedDrive::TakeImage(std::span<const std::uint8_t> bytes) {
@@ -124,7 +146,7 @@ void SimulatedDrive::TakeImage(std::span<const std::uint8_t> bytes) {
   }
   std::copy(bytes.begin(), bytes.end(), image_.begin());
   Answer(BytesOf({kAccepted}), "image stored");
-  if (ImageChanged) ImageChanged();
+  ImageHasChanged();
 }
 
 void SimulatedDrive::AnswerHistory() {
@@ -133,33 +155,44 @@ void SimulatedDrive::AnswerHistory() {
   Answer(bytes, "alarm history");
 }
 
-// A single "0" means nothing. Two in a row right after the power-up announcement are a live tool's answer to
-// it, and take up the text session again.
+// A single "0" means nothing. Two in a row soon after the power-up announcement are a live tool's answer to
+// it, and take up the text session again. What the tool was saying in the moment of the restart may be heard
+// between announcement and answer.
 void SimulatedDrive::TakeZero() {
-  if (announced_ && scheduler_.Now() - zeroAt_ <= CommandInterpreter::kPause) interpreter_.SetTextMode(true);
-  zeroAt_ = scheduler_.Now();
+  const double now = scheduler_.Now();
+  if (now - announcedAt_ <= kAnnounced && now - zeroAt_ <= CommandInterpreter::kPause)
+    interpreter_.SetTextMode(true);
+  zeroAt_ = now;
 }
 
 void SimulatedDrive::Restart() {
   interpreter_.Reset();
   line_.Clear();
-  alarm_ = 0;
-  enabled_ = true;
-  announced_ = true;
+  language_.Kill();
+  works_.registers.Recall();
+  works_.registers.Load(image_);
+  works_.terminals.ReleaseOutputs();
+  works_.motor.Restart();
+  announcedAt_ = scheduler_.Now();
   zeroAt_ = -kForever;
-  Send(BytesOf({kPowerUpHeader, revision_, model_}), 0.0, DriveEvent::Kind::Message, "power-up");
+  Message(BytesOf({kPowerUpHeader, works_.revision, works_.model}), "power-up");
 }
 
-void SimulatedDrive::RaiseAlarm(int alarmWord) {
-  alarm_ = alarmWord & 0xFFFF;
+void SimulatedDrive::TellAlarm(int alarmWord) {
   std::rotate(history_.begin(), history_.end() - 1, history_.end());
-  history_[0] = alarm_;
-  if ((alarm_ & kDisablingAlarms) != 0) enabled_ = false;
-  Send(BytesOf({kAlarmHeader, alarm_ >> 7 & 0x7F, alarm_ & 0x7F}), 0.0, DriveEvent::Kind::Message, "alarm");
+  history_[0] = alarmWord;
+  Message(BytesOf({kAlarmHeader, alarmWord >> 7 & 0x7F, alarmWord & 0x7F}), "alarm");
+}
+
+void SimulatedDrive::SetInput(std::size_t input, bool high) {
+  if (works_.terminals.High(input) == high) return;
+  works_.terminals.SetInput(input, high);
+  works_.motor.InputChanged(input);
+  language_.InputChanged(input);
 }
 
 void SimulatedDrive::ReportRevision() {
-  Send(BytesOf({kRevisionHeader, revision_, letter_}), 0.0, DriveEvent::Kind::Message, "revision");
+  Message(BytesOf({kRevisionHeader, works_.revision, works_.letter}), "revision");
 }
 
 void SimulatedDrive::SetSilent(bool silent) {
@@ -167,11 +200,11 @@ void SimulatedDrive::SetSilent(bool silent) {
   if (silent) line_.Clear();
 }
 
-void SimulatedDrive::Send(const std::string& bytes, double delay, DriveEvent::Kind kind,
-                          const std::string& meaning) {
+void SimulatedDrive::Send(const DriveEvent& event, double delay) {
   if (silent_) return;
+  const std::string& bytes = event.bytes;
   line_.Put(std::span(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()), delay,
-            [this, bytes, kind, meaning] { Tell(kind, bytes, meaning); });
+            [this, event] { Tell(event); });
 }
 
 }  // namespace kavr6

@@ -64,6 +64,8 @@ const Option kOptions[] = {
     {"--image", "FILE", "keep the drive's configuration in this file from run to run",
      [](SimulatorOptions& o, const std::string& v) { o.imageFile = v; }},
     {"--quiet", "", "print no traffic", [](SimulatorOptions& o, const std::string&) { o.quiet = true; }},
+    {"--trace-queries", "", "print what the live tools ask without end, and the answers",
+     [](SimulatorOptions& o, const std::string&) { o.queries = true; }},
     {"--unpaced", "", "pass bytes as fast as they come instead of at 9600 baud",
      [](SimulatorOptions& o, const std::string&) { o.unpaced = true; }},
     {"--help", "", "print this and end", [](SimulatorOptions& o, const std::string&) { o.help = true; }},

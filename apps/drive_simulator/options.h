@@ -18,6 +18,7 @@ struct SimulatorOptions {
   char letter = 'k';
   std::optional<std::filesystem::path> imageFile = {};
   bool quiet = false;
+  bool queries = false;  ///< prints the queries of the text language and their answers too
   bool unpaced = false;
   bool help = false;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <iterator>
 #include <sstream>
 #include <stdexcept>
@@ -68,6 +69,12 @@ double Seconds(const std::string& text) {
 int Number(const std::string& text, int base, int limit) {
   const int value = Parse<int>(text, base);
   if (value < 0 || value > limit) throw std::runtime_error("'" + text + "' is out of range");
+  return value;
+}
+
+double Signed(const std::string& text, double limit) {
+  const auto value = Parse<double>(text);
+  if (!(std::abs(value) <= limit)) throw std::runtime_error("'" + text + "' is out of range");
   return value;
 }
 

@@ -35,5 +35,7 @@ bool OnOff(const std::string& text);
 double Seconds(const std::string& text);
 /// `limit` is the largest value allowed.
 int Number(const std::string& text, int base, int limit);
+/// From -`limit` to `limit`.
+double Signed(const std::string& text, double limit);
 
 }  // namespace kavr6

@@ -71,13 +71,18 @@ SimulatorProgram::SimulatorProgram(const SimulatorOptions& options)
   SetUpDrive();
   SetUpLine();
   AddEventOrders();
+  AddWiringOrders();
   AddMisbehaviourOrders();
   AddLineOrders();
 }
 
 void SimulatorProgram::SetUpDrive() {
   drive_.SetIdentity(options_.revisionByte, options_.modelCode, options_.letter);
-  if (!options_.quiet) drive_.Observe = [this](const DriveEvent& event) { Print(Describe(event)); };
+  if (!options_.quiet) {
+    drive_.Observe = [this](const DriveEvent& event) {
+      if (!event.query || options_.queries) Print(Describe(event));
+    };
+  }
   if (!options_.imageFile) return;
   if (const auto image = LoadImageFile(*options_.imageFile)) drive_.StoreImage(*image);
   drive_.ImageChanged = [this] {
@@ -112,7 +117,29 @@ void SimulatorProgram::AddEventOrders() {
       bytes += static_cast<char>(Number(w[0].substr(i, 2), 16, 0xFF));
     drive_.SendRaw(bytes);
   });
+  orders_.Add("queries", "on|off", "print what the live tools ask without end, and the answers", 1,
+              [this](const Words& w) { options_.queries = OnOff(w[0]); });
   orders_.Add("quit", "", "end the program", 0, [this](const Words&) { running_ = false; });
+}
+
+void SimulatorProgram::AddWiringOrders() {
+  using Words = Orders::Words;
+  orders_.Add("input", "NAME low|high", "set an input, IN1 to IN8 or X0 to X7; low is closed", 2,
+              [this](const Words& w) { SetInput(w[0], w[1]); });
+  orders_.Add("volts", "VOLTS|auto", "set the analog input, or let it wander", 1, [this](const Words& w) {
+    drive_.SetVolts(w[0] == "auto" ? std::nullopt : std::optional(Signed(w[0], 100)));
+  });
+  orders_.Add("encoder", "N", "set the encoder count", 1,
+              [this](const Words& w) { drive_.SetEncoder(std::lround(Signed(w[0], 2e9))); });
+  orders_.Add("stall", "on|off", "hold the motor's shaft", 1,
+              [this](const Words& w) { drive_.SetStalled(OnOff(w[0])); });
+}
+
+void SimulatorProgram::SetInput(const std::string& name, const std::string& level) {
+  const auto input = DriveTerminals::InputOf(name);
+  if (!input) throw std::runtime_error("no input '" + name + "' among IN1 to IN8 and X0 to X7");
+  if (level != "low" && level != "high") throw std::runtime_error("it is low or high, not '" + level + "'");
+  drive_.SetInput(*input, level == "high");
 }
 
 void SimulatorProgram::AddMisbehaviourOrders() {

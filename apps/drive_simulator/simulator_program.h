@@ -26,8 +26,10 @@ class SimulatorProgram {
   void SetUpDrive();
   void SetUpLine();
   void AddEventOrders();
+  void AddWiringOrders();
   void AddMisbehaviourOrders();
   void AddLineOrders();
+  void SetInput(const std::string& name, const std::string& level);
   void ArmFault(const Orders::Words& words);
   void Sleep();
   void ReadPort();

@@ -64,6 +64,7 @@ std::string Describe(const DriveEvent& event) {
     default:
       break;
   }
+  if (event.meaning == "text") return "<- " + CommandText(event.bytes);
   const std::string detail = Detail(event);
   return "<- " + HexText(event.bytes) + "  " + event.meaning + (detail.empty() ? "" : " " + detail);
 }

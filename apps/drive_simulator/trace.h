@@ -7,7 +7,7 @@
 
 namespace kavr6 {
 
-/// One line without its end, such as "-> C" or "<- 34 29  identity 1.52 KAVR6-Bx".
+/// One line without its end, such as "-> C", "<- SC=0001<CR>" or "<- 34 29  identity 1.52 KAVR6-Bx".
 std::string Describe(const DriveEvent& event);
 /// "1.52" for 52.
 std::string RevisionText(int revisionByte);

@@ -36,6 +36,8 @@ TEST(Drive, TellsAndRemembersAlarmsUntilTheyAreCleared) {
       {"y\x80", "0204"},
       {"ny\x80", "0204"},  // nobody enables a motor with a fault
       {"zny\x80", "0001"},
+      {"HRMD\rSC\rAL\rQT\ry\x80", "SC=0000\rAL=0000\r0000"},
+      {"nHRSC\rHM\ry\x80", "SC=0001\r0001"},
       {"a", "\x40\x80"s + std::string(14, '\0')},
       {"oa", std::string(16, '\0')}};
   for (const auto& [command, reply] : kSteps) EXPECT_EQ(bench.Say(command), reply) << command;
@@ -60,7 +62,7 @@ TEST(Drive, IsDisabledByHeatRegenVoltagesCurrentsAndEncoderAndByNoOtherAlarm) {
 
 TEST(Drive, HearsNoSingleLetterCommandsInTextMode) {
   Bench bench;
-  EXPECT_EQ(bench.Say("HR\rC\rCQ\ry\x8E\r"), "");
+  EXPECT_EQ(bench.Say("HR\rC\rCQ\ry\x8E\r"), "?\r?\r?\r");
   EXPECT_EQ(bench.Say("C", 0.6), "");  // an unfinished line does not spoil the next one
   EXPECT_EQ(bench.Say("QT\r\nC"), "4)");
   EXPECT_EQ(bench.Say("HRHM\rC00C"), "4)4)") << "two zeros mean something after the announcement only";

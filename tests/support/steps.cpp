@@ -178,6 +178,12 @@ void DriveSends(S s, W w) {
   s.scene.drive.SendRaw(bytes);
 }
 
+/// "input X3 low"
+void Input(S s, W w) {
+  const std::size_t input = DriveTerminals::InputOf(w.Next()).value();
+  s.scene.drive.SetInput(input, w.Next() == "high");
+}
+
 /// The byte's place and what stands there, in turn; the sum fits again.
 void Image(S s, W w) {
   SimulatedDrive::Image image = s.scene.drive.StoredImage();
@@ -307,6 +313,10 @@ const std::map<std::string, StepDone> kSteps{
     {"restart", [](S s, W) { s.scene.drive.Restart(); }},
     {"silent", [](S s, W w) { s.scene.drive.SetSilent(w.YesNo()); }},
     {"alarm", [](S s, W w) { s.scene.drive.RaiseAlarm(w.Whole()); }},
+    {"input", Input},
+    {"volts", [](S s, W w) { s.scene.drive.SetVolts(w.Number()); }},
+    {"encoder", [](S s, W w) { s.scene.drive.SetEncoder(w.Whole()); }},
+    {"stall", [](S s, W w) { s.scene.drive.SetStalled(w.YesNo()); }},
     {"screen",
      [](S s, W w) {
        s.scene.desktop.SetScreen({w.Whole(), w.Whole()});
