@@ -19,6 +19,12 @@ inline constexpr std::string_view kDownload = "d";
 inline constexpr std::string_view kUpload = "u";
 inline constexpr std::string_view kMeasureOffset = "O";
 inline constexpr std::string_view kMeasureOffsetGuarded = "O4071";
+inline constexpr std::string_view kReadHistory = "a";
+inline constexpr std::string_view kClearHistory = "o";
+inline constexpr std::string_view kClearAlarm = "z";
+inline constexpr std::string_view kEnableMotor = "n";
+inline constexpr std::string_view kClearAlarmAndEnable = "zzn";
+inline constexpr std::string_view kRestoreFactory = "i4071";  ///< the drive acts on the whole text alone
 
 /// Words that kReadWord asks for.
 inline constexpr std::uint8_t kStatusWord = 128;
@@ -36,7 +42,7 @@ struct WireCommand {
   double limit;  ///< seconds for which the reply is awaited, 0 where none is
 };
 
-inline constexpr std::array<WireCommand, 11> kWireCommands{{
+inline constexpr std::array<WireCommand, 17> kWireCommands{{
     {kIdentify, -1, "which drive is it", "revision byte, model byte", 0.5},
     {kReadWord, kSubRevision, "letter of the revision", "4 hexadecimal digits, the last two are its code",
      0.5},
@@ -50,6 +56,12 @@ inline constexpr std::array<WireCommand, 11> kWireCommands{{
     {kMeasureOffset, -1, "measure the analog input, firmware up to 1.00j and 1.01A", "signed word, 1/2 mV",
      0.5},
     {kMeasureOffsetGuarded, -1, "measure the analog input, later firmware", "signed word, 1/2 mV", 0.5},
+    {kReadHistory, -1, "the last alarms", "8 alarm words, the most recent first", 0.5},
+    {kClearHistory, -1, "forget the last alarms", "", 0},
+    {kClearAlarm, -1, "clear the alarm", "", 0},
+    {kEnableMotor, -1, "enable the motor", "", 0},
+    {kClearAlarmAndEnable, -1, "both of these, from the window that tells of the alarm", "", 0},
+    {kRestoreFactory, -1, "forget all settings and take the factory values", "", 0},
 }};
 
 /// Seconds for which the reply to a command is awaited.

@@ -1,6 +1,7 @@
 #include "platform/desktop.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <iterator>
 #include <memory>
@@ -14,7 +15,10 @@ void Desktop::ShowForm(Form& form, bool modal) {
   if (std::erase(shown_, &form) == 0) {
     opened_.push_back({&form, modal});
   } else if (modal) {
-    std::ranges::find(opened_, &form, &Opened::form)->modal = true;
+    // What has opened above it stands behind it from now on.
+    const auto place = std::ranges::find(opened_, &form, &Opened::form);
+    place->modal = true;
+    std::rotate(place, place + 1, opened_.end());
   }
   shown_.push_back(&form);
   OpenWindow(form, modal);
@@ -120,7 +124,24 @@ void Desktop::ReportError(const RuntimeError& error) {
     // There is nothing left to try.
   }
   EndProgram(1);
+}
+
+void Desktop::EndProgram(int exitCode) {
+  DoAtEnd();
+  EndProcess(exitCode);
   std::abort();  // not reached: the compiler does not trust a virtual function that never returns
+}
+
+void Desktop::DoAtEnd() {
+  while (!atEnd_.empty()) {
+    const Task task = std::move(atEnd_.back());
+    atEnd_.pop_back();
+    try {
+      task();
+    } catch (const std::exception& fault) {
+      std::fprintf(stderr, "At the program's end: %s\n", fault.what());
+    }
+  }
 }
 
 }  // namespace kavr6

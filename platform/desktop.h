@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/event_pump.h"
@@ -45,8 +46,11 @@ class Desktop : public EventPump, public Boxes {
   virtual TwipSize ScreenSize() const = 0;
   virtual std::filesystem::path ProgramDirectory() const = 0;
   virtual ProgramVersion Version() const = 0;
-  /// Ends the process at once, from whatever depth. Does not return.
-  [[noreturn]] virtual void EndProgram(int exitCode) = 0;
+  /// Ends the process at once, from whatever depth, when what AtEnd was told is done. Does not return.
+  [[noreturn]] void EndProgram(int exitCode);
+  /// `task` is to be done when the program ends. The tasks given last come first: a drive is told what it has
+  /// to hear before the port is let go. None of them waits, and what one throws does not stop the others.
+  void AtEnd(Task task) { atEnd_.push_back(std::move(task)); }
 
   /// Shows a form that is not shown, or brings a shown one to the front. Used by Form.
   void ShowForm(Form& form, bool modal);
@@ -82,6 +86,10 @@ class Desktop : public EventPump, public Boxes {
   virtual void DropWindow(Form& /*form*/) {}
   virtual BoxAnswer ShowBox(const MessageBox& box) = 0;
   virtual std::string ShowFileDialog(const FileDialog& dialog) = 0;
+  /// The last act of EndProgram.
+  [[noreturn]] virtual void EndProcess(int exitCode) = 0;
+  /// For a process that ends in another way than by EndProgram.
+  void DoAtEnd();
 
  private:
   struct Opened {
@@ -93,6 +101,7 @@ class Desktop : public EventPump, public Boxes {
   void TellFront();
   Form* Front() const { return shown_.empty() ? nullptr : shown_.back(); }
 
+  std::vector<Task> atEnd_;
   bool reporting_ = false;
   std::vector<Form*> shown_;
   std::vector<Opened> opened_;  // in the order of opening, whatever came to the front since

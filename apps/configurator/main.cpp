@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <clocale>
 
+#include "adapters/qt/base/end_signals.h"
 #include "adapters/qt/base/file_store.h"
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/qt/windows/forms.h"
@@ -30,5 +31,6 @@ int main(int argc, char** argv) {
   // Drawing the icon costs milliseconds; the main screen comes first.
   desktop.CallAfter(0.3, [] { QApplication::setWindowIcon(QIcon(":/artwork/kavr6.svg")); });
   desktop.Post([&configurator] { configurator.Start(); });
-  return QApplication::exec();
+  const EndSignals endSignals([&desktop] { desktop.EndProgram(0); });
+  desktop.EndProgram(QApplication::exec());
 }

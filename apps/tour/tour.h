@@ -16,7 +16,7 @@ class TourDesktop : public QtDesktop {
   TourDesktop(WindowBuilder build, Stage& stage) : QtDesktop(std::move(build)), stage_(stage) {}
   std::filesystem::path ProgramDirectory() const override { return stage_.Folder(); }
   void Refused(const std::string& what) override { stage_.Fail("the user cannot do this: " + what); }
-  [[noreturn]] void EndProgram(int exitCode) override {
+  [[noreturn]] void EndProcess(int exitCode) override {
     stage_.Fail("the program has ended with exit code " + std::to_string(exitCode));
   }
 

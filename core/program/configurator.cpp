@@ -1,5 +1,7 @@
 #include "core/program/configurator.h"
 
+#include "tools/drive_commands.h"
+
 namespace kavr6 {
 
 Configurator::Configurator(const Machine& machine)
@@ -29,6 +31,9 @@ Configurator::Configurator(const Machine& machine)
       IOSetup(Setup(), machine.comm),
       EncoderSetup(Setup()),
       RegenSetup(Setup()),
+      LastAlarms(machine.desktop, line),
+      FaultPopup(machine.desktop, line),
+      MotorTest(Main, line),
       SmoothingWizard(line, {CustomMotorSetup, CustomMotorSetup.SliderGain, CustomMotorSetup.SliderPhase,
                              MotorSetup.txtDriveCurrent}),
       Splash(machine.desktop, state, Main),
@@ -82,6 +87,13 @@ void Configurator::WireSetupDialogs() {
 }
 
 void Configurator::WireTools() {
+  receive.ServoError152 = [this](int alarm) { FaultPopup.ServoError152(alarm); };
+  Main.Openers.History = IOSetup.OpenHistory = [this] { LastAlarms.Run(); };
+  Main.Openers.ClearFault = [this] { MenuClearFault(line, identity); };
+  Main.Openers.Restore = [this] { MenuRestore(line, identity); };
+  Main.Openers.SelfTest = [this] { MotorTest.ShowModal(); };
+  Main.Desk().AtEnd([this] { MotorTest.StopMotor(); });
+  Main.Desk().AtEnd([this] { SmoothingWizard.StopMotor(); });
   receive.AddLiveTool(SmoothingWizard.Name(), [this](std::uint8_t byte) { SmoothingWizard.Take(byte); });
   CustomMotorSetup.OpenWizard = [this] { SmoothingWizard.ShowModal(); };
 }

@@ -23,6 +23,9 @@
 #include "motor/motor_calculations.h"
 #include "motor/motor_table.h"
 #include "reports/summarizer.h"
+#include "tools/alarm_history.h"
+#include "tools/self_test.h"
+#include "tools/servo_fault.h"
 #include "tools/harmonizer.h"
 
 namespace kavr6 {
@@ -69,6 +72,9 @@ class Configurator {
   IOdialog IOSetup;
   EncoderDialog EncoderSetup;
   RegenDialog RegenSetup;
+  AlarmHistory LastAlarms;
+  ServoFault FaultPopup;
+  SelfTest MotorTest;
   Harmonizer SmoothingWizard;
   StartForm Splash;
   About Credits;

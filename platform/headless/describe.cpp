@@ -168,8 +168,11 @@ std::string NumberOf(double value) { return Printed("%.15g", value); }
 std::string NumberOf(float value) { return Printed("%.7g", static_cast<double>(value)); }
 
 std::string BytesInWords(std::span<const std::uint8_t> bytes) {
-  const bool printable = std::ranges::all_of(bytes, [](std::uint8_t b) { return b >= ' ' && b <= '~'; });
-  return printable ? Quoted({bytes.begin(), bytes.end()}) : Hex(bytes);
+  const auto printable = [](std::uint8_t b) { return b >= ' ' && b <= '~'; };
+  // A line of text has something before its end.
+  const bool text = (bytes.empty() || printable(bytes.front())) &&
+                    std::ranges::all_of(bytes, [&](std::uint8_t b) { return printable(b) || b == '\r'; });
+  return text ? Quoted({bytes.begin(), bytes.end()}) : Hex(bytes);
 }
 
 std::string Hex(std::span<const std::uint8_t> bytes) {

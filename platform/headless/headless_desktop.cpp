@@ -82,7 +82,7 @@ void HeadlessDesktop::Refused(const std::string& what) {
   refusals_.push_back(what);
 }
 
-void HeadlessDesktop::EndProgram(int exitCode) { throw ProgramEnded{exitCode}; }
+void HeadlessDesktop::EndProcess(int exitCode) { throw ProgramEnded{exitCode}; }
 
 void HeadlessDesktop::CheckNothingLeft() const {
   if (!expected_.empty()) {

@@ -59,9 +59,6 @@ class HeadlessDesktop : public Desktop {
   TwipSize ScreenSize() const override { return screen_; }
   std::filesystem::path ProgramDirectory() const override { return directory_; }
   ProgramVersion Version() const override { return version_; }
-  /// Throws ProgramEnded.
-  [[noreturn]] void EndProgram(int exitCode) override;
-
   /// A HeadlessFault that says what was refused, unless refusals are recorded.
   void Refused(const std::string& what) override;
   /// From now on what a user cannot do is no fault: it is recorded, as it is on a real screen forgotten.
@@ -96,6 +93,8 @@ class HeadlessDesktop : public Desktop {
   BoxAnswer ShowBox(const MessageBox& box) override;
   /// Answered by the next expected file dialog; without one, or with another purpose, a HeadlessFault.
   std::string ShowFileDialog(const FileDialog& dialog) override;
+  /// Throws ProgramEnded.
+  [[noreturn]] void EndProcess(int exitCode) override;
 
  private:
   class LineView : public LineScheduler {

@@ -88,11 +88,12 @@ void Transcript::Write(const Run& run) {
   const std::string until = end == begin ? "" : " until" + end.substr(end.rfind(' '));
   // What the tool sends is mostly a command's letter with its data.
   const std::span<const std::uint8_t> all = run.bytes;
-  const std::size_t letter = run.toDrive && all.size() > 1 && !BytesInWords(all).starts_with('"') ? 1 : 0;
+  const bool text = BytesInWords(all).starts_with('"');
+  const std::size_t letter = run.toDrive && all.size() > 1 && !text ? 1 : 0;
   std::string line = run.toDrive ? "tool  " : "drive ";
   if (letter == 1) line += BytesInWords(all.first(1)) + " ";
   const auto data = all.subspan(letter);
-  if (data.size() <= kRow) {
+  if (text || data.size() <= kRow) {
     line += BytesInWords(data) + until;
     if (!run.progress.empty()) line += " | " + std::to_string(run.progress.rbegin()->second) + " %";
     Line(run.begin, line);

@@ -58,7 +58,7 @@ struct TestForm : Form {
 struct EndingDesktop : QtDesktop {
   struct Ended {};
   EndingDesktop() : QtDesktop(BuildTestWindow) {}
-  [[noreturn]] void EndProgram(int) override { throw Ended(); }
+  [[noreturn]] void EndProcess(int) override { throw Ended(); }
 };
 
 class QtDesktopTest : public testing::Test {

@@ -141,9 +141,6 @@ void Scenario::Do(Words steps) {
 void Scenario::Record(const std::string& likeThere) {
   likeThere_ = likeThere;
   recorder = std::make_unique<Recorder>(scene);
-  scene.program.receive.ServoError152 = [this](int code) {
-    recorder->Note("ServoError152 " + std::to_string(code));
-  };
 }
 
 Form& Scenario::Window(const std::string& name) {

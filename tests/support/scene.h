@@ -44,7 +44,9 @@ struct Scene {
             &program.ModeMenu,      &program.PulseDirSetup,
             &program.VelocitySetup, &program.AdvancedSetup,
             &program.VTLSetup,      &program.IOSetup,
-            &program.EncoderSetup,  &program.RegenSetup, &program.SmoothingWizard,
+            &program.EncoderSetup,  &program.RegenSetup,
+            &program.LastAlarms,    &program.FaultPopup,
+            &program.MotorTest,     &program.SmoothingWizard,
             &program.Credits};
   }
 

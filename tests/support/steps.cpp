@@ -98,6 +98,16 @@ void Later(S s, W w) {
   });
 }
 
+/// What the user cannot do, and why.
+void InVain(S s, W w) {
+  try {
+    s.Do(Words(w.Rest()));
+  } catch (const HeadlessFault& fault) {
+    return s.recorder->Note(fault.what());
+  }
+  throw std::runtime_error("the user can do this");
+}
+
 void TellOpeners(S s, W) {
   using O = MainFormOpeners;
   static const std::pair<std::function<void()> O::*, std::string> kOpeners[] = {
@@ -286,6 +296,7 @@ const std::map<std::string, StepDone> kSteps{
     {"small", [](S s, W w) { s.Window(w.Next()).Resize(100, 100); }},
     {"wait", [](S s, W w) { Delay(s.scene.desktop, w.Number()); }},
     {"later", Later},
+    {"vain", InVain},
     {"meanwhile", [](S s, W w) { s.meanwhile = [&s, steps = w.Rest()] { s.Do(Words(steps)); }; }},
     {"answer", Answer},
     {"file", File},
@@ -320,6 +331,8 @@ const std::map<std::string, StepDone> kSteps{
     {"volts", [](S s, W w) { s.scene.drive.SetVolts(w.Number()); }},
     {"encoder", [](S s, W w) { s.scene.drive.SetEncoder(w.Whole()); }},
     {"stall", [](S s, W w) { s.scene.drive.SetStalled(w.YesNo()); }},
+    {"sticking", [](S s, W w) { s.scene.drive.SetAlarmSticking(w.YesNo()); }},
+    {"quit", [](S s, W) { s.scene.desktop.EndProgram(0); }},
     {"screen",
      [](S s, W w) {
        s.scene.desktop.SetScreen({w.Whole(), w.Whole()});

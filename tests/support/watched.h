@@ -37,12 +37,12 @@ class WatchedDesktop : public HeadlessDesktop {
     HeadlessDesktop::Beep();
     Note("beep");
   }
-  [[noreturn]] void EndProgram(int exitCode) override {
-    Note("program ends with " + std::to_string(exitCode));
-    HeadlessDesktop::EndProgram(exitCode);
-  }
 
  protected:
+  [[noreturn]] void EndProcess(int exitCode) override {
+    Note("program ends with " + std::to_string(exitCode));
+    HeadlessDesktop::EndProcess(exitCode);
+  }
   BoxAnswer ShowBox(const MessageBox& box) override {
     if (watcher != nullptr) watcher->Asked(box);
     const BoxAnswer answer = HeadlessDesktop::ShowBox(box);

@@ -116,8 +116,11 @@ RefreshView BindPicture(Control& control, QObject& target, const UserAction& /*a
 RefreshView BindLamp(Control& control, QObject& target, const UserAction& /*act*/) {
   auto* const view = qobject_cast<widgets::Lamp*>(&target);
   if (view == nullptr) return {};
-  return
-      [&lamp = static_cast<const Lamp&>(control), view] { view->setState(static_cast<int>(lamp.Light())); };
+  return [&lamp = static_cast<const Lamp&>(control), view] {
+    view->setState(static_cast<int>(lamp.Light()));
+    // A lamp with words of its own is known by them.
+    if (!lamp.ToolTip().empty()) view->setAccessibleName(kavr6::ToQt(lamp.ToolTip()));
+  };
 }
 
 RefreshView BindPercentPanel(Control& control, QObject& target, const UserAction& /*act*/) {

@@ -1,7 +1,6 @@
 #include "adapters/qt/windows/entry.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 namespace kavr6 {
 
@@ -17,7 +16,6 @@ void ReportFault(Desktop& desktop, const std::string& what) {
   std::fprintf(stderr, "Internal error: %s\n", what.c_str());
   desktop.Ask({.text = "Internal error:\n\n" + what, .icon = BoxIcon::Critical});
   desktop.EndProgram(1);
-  std::abort();  // not reached: the compiler does not trust a virtual function that never returns
 }
 
 }  // namespace kavr6

@@ -91,6 +91,8 @@ FormWindow::~FormWindow() {
 
 void FormWindow::Open(bool modal) {
   const Qt::WindowModality modality = modal ? Qt::ApplicationModal : Qt::NonModal;
+  // The toolkit takes notice of modality, and of its order, only when a window is shown.
+  if (modal && window_->isVisible() && QApplication::activeModalWidget() != window_) window_->hide();
   if (!window_->isVisible() && window_->windowModality() != modality) window_->setWindowModality(modality);
   if (window_->isMinimized()) window_->showNormal();
   window_->show();

@@ -8,6 +8,7 @@
 
 #include "ui_About.h"
 #include "ui_AdvancedSettings.h"
+#include "ui_AlarmHistory.h"
 #include "ui_EditMotor.h"
 #include "ui_EncoderDialog.h"
 #include "ui_Harmonizer.h"
@@ -17,6 +18,8 @@
 #include "ui_MotorDialog.h"
 #include "ui_PulseDirDialog.h"
 #include "ui_RegenDialog.h"
+#include "ui_SelfTest.h"
+#include "ui_ServoFault.h"
 #include "ui_StartForm.h"
 #include "ui_VTLdialog.h"
 #include "ui_VelocityDialog.h"
@@ -51,6 +54,9 @@ const std::array kForms{
     FormRow{"IOdialog", Build<QDialog, Ui::IOdialog>},
     FormRow{"EncoderDialog", Build<QDialog, Ui::EncoderDialog>},
     FormRow{"RegenDialog", Build<QDialog, Ui::RegenDialog>},
+    FormRow{"AlarmHistory", Build<QDialog, Ui::AlarmHistory>},
+    FormRow{"ServoFault", Build<QDialog, Ui::ServoFault>},
+    FormRow{"SelfTest", Build<QDialog, Ui::SelfTest>},
     FormRow{"Harmonizer", Build<QDialog, Ui::Harmonizer>},
 };
 

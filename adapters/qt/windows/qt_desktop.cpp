@@ -27,6 +27,9 @@ constexpr double kSplashWaitSeconds = 0.25;
 // A window that has not become the active one by then is not going to.
 constexpr double kActivationSeconds = 0.5;
 
+/// The desktop whose tasks of the end are still to be done when the process exits.
+QtDesktop* exiting = nullptr;
+
 }  // namespace
 
 QtDesktop::QtDesktop(WindowBuilder build)
@@ -35,9 +38,13 @@ QtDesktop::QtDesktop(WindowBuilder build)
   QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
   // The logic decides when the program ends.
   QApplication::setQuitOnLastWindowClosed(false);
+  [[maybe_unused]] static const int told = std::atexit(ProcessExits);
+  exiting = this;
 }
 
-QtDesktop::~QtDesktop() = default;
+QtDesktop::~QtDesktop() {
+  if (exiting == this) exiting = nullptr;
+}
 
 BoxAnswer QtDesktop::ShowBox(const MessageBox& box) {
   const BoxAnswer answer = ShowMessageBox(box, BoxParent());
@@ -73,16 +80,14 @@ ProgramVersion QtDesktop::Version() const {
   return {version.majorVersion(), version.minorVersion(), version.microVersion()};
 }
 
-void QtDesktop::EndProgram(int exitCode) {
-  for (const Task& task : std::exchange(atEnd_, {})) {
-    try {
-      task();
-    } catch (const std::exception& fault) {
-      std::fprintf(stderr, "At the program's end: %s\n", fault.what());
-    }
-  }
+void QtDesktop::EndProcess(int exitCode) {
   std::fflush(nullptr);
   std::_Exit(exitCode);
+}
+
+// The toolkit ends the process by itself when the window system has gone.
+void QtDesktop::ProcessExits() {
+  if (exiting != nullptr) exiting->DoAtEnd();
 }
 
 QWidget* QtDesktop::WindowOf(const Form& form) const {

@@ -42,13 +42,6 @@ class QtDesktop : public Desktop {
   TwipSize ScreenSize() const override;
   std::filesystem::path ProgramDirectory() const override;
   ProgramVersion Version() const override;
-  /// Runs no destructors.
-  [[noreturn]] void EndProgram(int exitCode) override;
-
-  /// `task` is to be done when the program ends by EndProgram: what other programs would stumble over is put
-  /// away there.
-  void AtEnd(Task task) { atEnd_.push_back(std::move(task)); }
-
   /// The window of a form; null before it has first been shown.
   QWidget* WindowOf(const Form& form) const;
 
@@ -58,8 +51,11 @@ class QtDesktop : public Desktop {
   void DropWindow(Form& form) override;
   BoxAnswer ShowBox(const MessageBox& box) override;
   std::string ShowFileDialog(const FileDialog& dialog) override;
+  /// Runs no destructors.
+  [[noreturn]] void EndProcess(int exitCode) override;
 
  private:
+  static void ProcessExits();
   FormWindow& Built(Form& form);
   void UserActivated(Form& form);
   QWidget* FrontWindow() const;
@@ -69,7 +65,6 @@ class QtDesktop : public Desktop {
 
   WindowBuilder build_;
   QtEventPump pump_;
-  std::vector<Task> atEnd_;
   std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
   std::vector<FormWindow*> lifted_;  // modal only until what would have blocked them has gone
   QWidget* mainWindow_ = nullptr;

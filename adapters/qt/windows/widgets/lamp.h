@@ -14,6 +14,7 @@ class Lamp : public QWidget {
   explicit Lamp(QWidget* parent = nullptr);
   /// 0 off, 1 green, 2 yellow, 3 red, 4 orange.
   void setState(int state);
+  int state() const { return state_; }
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 

@@ -14,5 +14,7 @@ set(WIDGET_SOURCES
     widgets/percent_panel.cpp
     widgets/picture.cpp
     widgets/picture_button.cpp
+    widgets/square_lamp.cpp
     widgets/summary_grid.cpp
+    widgets/table_ground.cpp
     ../../../resources/artwork.qrc)
