@@ -83,8 +83,7 @@ constexpr Harmonizer::Step kPhase{
 Harmonizer::Harmonizer(const DriveLine& line, const HarmonizerParts& parts)
     : LiveTool(line, parts.over.Desk(), "Harmonizer"),
       ParamSlider(*this, "ParamSlider", kSpeed.range),
-      parts_(parts),
-      SavedControlMode(kControlPointToPoint) {
+      parts_(parts) {
   SetCaption("Waveform Smoothing Wizard");
   SliderFrame.Hold({&ParamSlider, &lblParam, &RPSlabel});
   SliderFrame.SetCaption(kSpeed.caption);
@@ -110,6 +109,7 @@ void Harmonizer::Begin() {
     control->SetVisible(false);
   SliderFrame.SetCaption(kSpeed.caption);
   StepSpeed = StepGain = StepPhase = false;
+  SavedControlMode.reset();
 
   const int visit = ++visit_;
   Send("HR");
@@ -254,7 +254,9 @@ void Harmonizer::SaveCM() {
   Send("CM" + NumberText(kControlPointToPoint));
 }
 
-void Harmonizer::RestoreCM() { Send("CM" + NumberText(Long{SavedControlMode})); }
+void Harmonizer::RestoreCM() {
+  if (SavedControlMode) Send("CM" + NumberText(Long{*SavedControlMode}));
+}
 
 std::optional<Long> Harmonizer::ReadNumber(std::string_view letters) {
   Send(letters);

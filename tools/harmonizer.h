@@ -76,7 +76,7 @@ class Harmonizer : public LiveTool {
   bool StepPhase = false;
   Long HarmonicGainValue = 0;
   Long HarmonicPhaseValue = 0;
-  Integer SavedControlMode;
+  std::optional<Integer> SavedControlMode;  // none before the drive has been switched over
   int visit_ = 0;  // grows whenever the wizard takes or gives back the line
 };
 
