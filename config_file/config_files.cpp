@@ -1,7 +1,5 @@
 #include "config_file/config_files.h"
 
-#include <filesystem>
-
 #include "config_file/settings_file.h"
 #include "core/drive_models.h"
 #include "core/numbers.h"
@@ -9,12 +7,6 @@
 
 namespace kavr6 {
 namespace {
-
-std::string FolderOf(const std::string& name) {
-  const std::u8string folder =
-      std::filesystem::path(std::u8string(name.begin(), name.end())).parent_path().u8string();
-  return {folder.begin(), folder.end()};
-}
 
 void CheckRow(int row, int count, const std::string& what) {
   if (row < -1 || row >= count)

@@ -13,4 +13,7 @@ struct FileDialog {
   std::string folder;            ///< where the dialog begins, UTF-8
 };
 
+/// The folder that a file is in; full paths in UTF-8.
+std::string FolderOf(const std::string& name);
+
 }  // namespace kavr6

@@ -84,7 +84,8 @@ void Form::SetMinSize(int width, int height) {
   Resize(width_, height_);
 }
 
-void Form::Move(int left, int top) {
+void Form::Move(int left, int top, bool centred) {
+  centred_ = centred;
   if (left_ == left && top_ == top) return;
   left_ = left;
   top_ = top;
@@ -134,12 +135,20 @@ bool Form::PressKey(char character) { return UserReaches(nullptr) && KeyPressed(
 
 void CenterOn(const Form& main, Form& dialog) {
   dialog.Move(main.Left() + (main.Width() - dialog.Width()) / 2,
-              main.Top() + (main.Height() - dialog.Height()) / 2);
+              main.Top() + (main.Height() - dialog.Height()) / 2, true);
 }
 
 void CenterOnScreen(Form& form) {
   const TwipSize screen = form.Desk().ScreenSize();
-  form.Move((screen.width - form.Width()) / 2, (screen.height - form.Height()) / 2);
+  form.Move((screen.width - form.Width()) / 2, (screen.height - form.Height()) / 2, true);
+}
+
+void PlaceBeside(const Form& parent, Form& form) {
+  constexpr int kGap = 150;
+  const int right = parent.Left() + parent.Width() + kGap;
+  const int left = parent.Left() - form.Width() - kGap;
+  const bool fits = right + form.Width() <= form.Desk().ScreenSize().width;
+  form.Move(fits || left < 0 ? right : left, parent.Top());
 }
 
 }  // namespace kavr6

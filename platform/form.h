@@ -37,7 +37,9 @@ class Form {
   /// False until the form has been given another size than it began with; its window's design decides then.
   bool Sized() const { return sized_; }
   void SetMinSize(int width, int height);
-  void Move(int left, int top);
+  void Move(int left, int top, bool centred = false);
+  /// It was last moved to the middle of something: its window stays there when it turns out larger.
+  bool Centred() const { return centred_; }
   void Resize(int width, int height);
 
   /// Runs the load step of this window unless it has run before. Showing loads as well.
@@ -99,6 +101,7 @@ class Form {
   int minWidth_ = 0;
   int minHeight_ = 0;
   bool sized_ = false;
+  bool centred_ = false;
   bool loaded_ = false;
   bool visible_ = false;
   bool inFront_ = false;
@@ -109,5 +112,7 @@ class Form {
 void CenterOn(const Form& main, Form& dialog);
 /// Places `form` in the middle of the screen.
 void CenterOnScreen(Form& form);
+/// Places `form` beside `parent`: to the right of it, or to the left where only there is room.
+void PlaceBeside(const Form& parent, Form& form);
 
 }  // namespace kavr6

@@ -9,6 +9,7 @@ namespace kavr6 {
 void TextArea::SetText(const std::string& text) {
   if (text_ == text) return;
   text_ = text;
+  standingOut_.clear();
   ++rewrites_;
   selStart_ = std::min(selStart_, text_.size());
   selLength_ = std::min(selLength_, text_.size() - selStart_);
@@ -16,9 +17,25 @@ void TextArea::SetText(const std::string& text) {
   Change.Raise();
 }
 
-void TextArea::Append(const std::string& text) {
+void TextArea::Append(const std::string& text, bool standsOut) {
   if (text.empty()) return;
+  if (standsOut) standingOut_.push_back({text_.size(), text_.size() + text.size()});
   text_ += text;
+  Refresh();
+  Change.Raise();
+}
+
+void TextArea::DropFront(std::size_t count) {
+  count = std::min(count, text_.size());
+  if (count == 0) return;
+  const auto moved = [count](std::size_t place) { return std::max(place, count) - count; };
+  text_.erase(0, count);
+  dropped_ += count;
+  const std::size_t selEnd = moved(selStart_ + selLength_);
+  selStart_ = moved(selStart_);
+  selLength_ = selEnd - selStart_;
+  for (Stretch& stretch : standingOut_) stretch = {moved(stretch.start), moved(stretch.end)};
+  std::erase_if(standingOut_, [](const Stretch& stretch) { return stretch.end == 0; });
   Refresh();
   Change.Raise();
 }
@@ -42,6 +59,10 @@ void TextArea::Type(const std::string& text) {
 
 void TextArea::ReleaseKey(int code) {
   if (UserFocuses()) KeyUp.Raise(code);
+}
+
+void TextArea::PressCtrlArrow(int direction) {
+  if (UserFocuses()) CtrlArrow.Raise(direction);
 }
 
 }  // namespace kavr6

@@ -207,7 +207,6 @@ void MotorControl::SetStalled(bool stalled) {
   } else {
     slip_ = profile_.At(Now()).position - *stalledAt_;
     stalledAt_.reset();
-    scheduler_.Cancel(stall_);
   }
 }
 
@@ -215,7 +214,7 @@ void MotorControl::WatchForStall() {
   if (!stalledAt_) return;
   scheduler_.Cancel(stall_);
   stall_ = scheduler_.CallAfter(kStallTime, [this] {
-    if (!Moving()) return;
+    if (!stalledAt_ || !Moving()) return;
     Abort();
     AddAlarm(kStallAlarm);
   });

@@ -1,5 +1,6 @@
 #include "simulator/registers.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace kavr6 {
@@ -17,7 +18,7 @@ constexpr Register kRegisters[] = {
     {"JS", 10, 0.025, 50, false, false, 3, 2, 240},
     {"CS", 0, -50, 50, false},
     {"DI", 20000, -16e6, 16e6, true, true},
-    {kStepsPerTurn, 20000, 0, 0, true, false, 47},
+    {kStepsPerTurn, 20000, 1, 65535, true, false, 47},
     {"ER", 4000, 200, 65535, true, false, 22},
     {"ED", 0, 0, 255},
     {"EF", 0, 0, 3},
@@ -28,7 +29,7 @@ constexpr Register kRegisters[] = {
     {"PP", 4, 0, 20, false},
     {"CM", 7, 1, 22, true, false, 44, 1},
     {"PM", 7, 1, 22, true, false, 44, 1},
-    {"HG", 960, 0, 32767, true, false, 8},
+    {"HG", 960, 0, 65535, true, false, 8},
     {"HP", -4, -32768, 32767, true, false, 10},
 
     {"SI", 3, 1, 3, true, false, 50, 1},
@@ -42,7 +43,7 @@ constexpr Register kRegisters[] = {
 
     {"PR", 1, 0, 255, true, false, 62},
     {"BR", 1, 1, 5, true, false, 64},
-    {kAddress, '!', 0, 0, true, false, 49, 1},
+    {kAddress, '!', 0, 255, true, false, 49, 1},
 
     {"KD", 2000, 0, 32767},
     {"KF", 10000, 0, 32767},
@@ -77,7 +78,7 @@ const Register* Registers::Find(std::string_view letters) {
 
 void Registers::Load(const DriveImage& image) {
   for (const Register& row : kRegisters)
-    if (row.place >= 0) Set(row.letters, Stored(image, row) / row.scale);
+    if (row.place >= 0) Set(row.letters, std::clamp(Stored(image, row) / row.scale, row.least, row.most));
 }
 
 void Registers::StoreIn(DriveImage& image) const {

@@ -30,10 +30,10 @@ class Registers {
   /// Null for letters that name no number.
   static const Register* Find(std::string_view letters);
   /// Of letters that are known.
-  double operator[](std::string_view letters) const { return values_.find(letters)->second; }
-  void Set(std::string_view letters, double value) { values_.find(letters)->second = value; }
+  double operator[](std::string_view letters) const { return values_.at(std::string(letters)); }
+  void Set(std::string_view letters, double value) { values_.at(std::string(letters)) = value; }
 
-  /// Takes what the image holds.
+  /// Takes what the image holds, brought into the ranges of the language.
   void Load(const DriveImage& image);
   /// Puts into the image what it has a place for, and the sum.
   void StoreIn(DriveImage& image) const;

@@ -29,9 +29,16 @@ bool Positions(const TextSession& s) {
   return mode == kControlPointToPoint || mode == kAnalogPositionMode;
 }
 
+/// A whole number of 32 bits, for steps and counts.
+std::optional<double> CountOf(Text text) {
+  const auto value = NumberOf(text);
+  if (!value || std::abs(*value) > 2147483647.0 || *value != std::round(*value)) return {};
+  return value;
+}
+
 /// The distance that a move is given, or the one that is set.
 std::optional<double> Distance(const TextSession& s, Text argument) {
-  return argument.empty() ? s.works.registers["DI"] : NumberOf(argument);
+  return argument.empty() ? s.works.registers["DI"] : CountOf(argument);
 }
 
 std::string Feed(TextSession& s, Text argument) {
@@ -90,7 +97,7 @@ std::string StopAndKill(TextSession& s, Text argument) {
 
 std::string Position(TextSession& s, Text argument) {
   if (argument.empty()) return "SP=" + NumberText(s.works.motor.CommandedSteps());
-  const auto steps = NumberOf(argument);
+  const auto steps = CountOf(argument);
   if (!steps) return Refusal();
   s.works.motor.SetPosition(*steps);
   return {};
@@ -98,7 +105,7 @@ std::string Position(TextSession& s, Text argument) {
 
 std::string EncoderPosition(TextSession& s, Text argument) {
   if (argument.empty()) return "EP=" + NumberText(s.works.motor.EncoderCount());
-  const auto count = NumberOf(argument);
+  const auto count = CountOf(argument);
   if (!count) return Refusal();
   s.works.motor.SetEncoderCount(*count);
   return {};

@@ -41,7 +41,7 @@ struct TextCommand {
   std::string_view end = "\r";  ///< of the answer
 };
 
-inline constexpr std::string_view kNothing = "";
+inline constexpr std::string_view kNothing{};
 inline constexpr std::string_view kRefusal = "?";
 
 /// The whole of a text as a number.

@@ -87,7 +87,10 @@ TextLanguage::Answer TextLanguage::Execute(const Line& line) {
 }
 
 std::string TextLanguage::Value(const Register& row, const std::string& argument) {
-  if (argument.empty()) return std::string(row.letters) + "=" + NumberText(works_.registers[row.letters]);
+  if (argument.empty()) {
+    const double told = std::round(works_.registers[row.letters] * 1000) / 1000;
+    return std::string(row.letters) + "=" + NumberText(told);
+  }
   const auto value = NumberOf(argument);
   if (!value || *value < row.least || *value > row.most || (row.whole && *value != std::round(*value)))
     return std::string(kRefusal);

@@ -36,6 +36,8 @@ Configurator::Configurator(const Machine& machine)
       MotorTest(Main, line),
       SmoothingWizard(line, {CustomMotorSetup, CustomMotorSetup.SliderGain, CustomMotorSetup.SliderPhase,
                              MotorSetup.txtDriveCurrent}),
+      Commands(machine.desktop),
+      Terminal(line, machine.desktop, machine.files),
       Splash(machine.desktop, state, Main),
       Credits(machine.desktop, state) {
   WireTransfers();
@@ -96,6 +98,9 @@ void Configurator::WireTools() {
   Main.Desk().AtEnd([this] { SmoothingWizard.StopMotor(); });
   receive.AddLiveTool(SmoothingWizard.Name(), [this](std::uint8_t byte) { SmoothingWizard.Take(byte); });
   CustomMotorSetup.OpenWizard = [this] { SmoothingWizard.ShowModal(); };
+  receive.AddLiveTool(Terminal.Name(), [this](std::uint8_t byte) { Terminal.Take(byte); });
+  Terminal.ShowCommandList = [this] { Commands.Show(); };
+  Main.Openers.Terminal = [this] { Terminal.Show(); };
 }
 
 // The dialogs whose OK a download presses first, as the user would, where they are open; in this order. Those

@@ -14,6 +14,7 @@
 #include "dialogs/io_dialog.h"
 #include "dialogs/motion_menu.h"
 #include "dialogs/regen_dialog.h"
+#include "help/summary.h"
 #include "image/transfers.h"
 #include "link/comm_ports.h"
 #include "link/drive_identity.h"
@@ -27,6 +28,7 @@
 #include "tools/self_test.h"
 #include "tools/servo_fault.h"
 #include "tools/harmonizer.h"
+#include "tools/vtl_term.h"
 
 namespace kavr6 {
 
@@ -76,6 +78,8 @@ class Configurator {
   ServoFault FaultPopup;
   SelfTest MotorTest;
   Harmonizer SmoothingWizard;
+  Summary Commands;
+  VTLterm Terminal;
   StartForm Splash;
   About Credits;
 

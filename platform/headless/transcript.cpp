@@ -19,6 +19,15 @@ std::string Seconds(double time) {
   return text.data();
 }
 
+/// Whole, unless it is so long that nobody would read it.
+std::string Readable(const std::string& text) {
+  constexpr std::size_t kLongest = 1500;
+  constexpr std::size_t kShown = 100;
+  if (text.size() <= kLongest) return text;
+  return text.substr(0, kShown) + " ... " + text.substr(text.size() - kShown) + ", " +
+         std::to_string(text.size()) + " characters with the quotes";
+}
+
 }  // namespace
 
 void Transcript::Step(const std::string& what) {
@@ -65,6 +74,12 @@ void Transcript::Change(const std::string& name, const std::string& before, cons
   changing_ = {clock_.Now(), name, before, after};
 }
 
+void Transcript::Growth(const std::string& name, const std::string& more) {
+  if (changing_ || (growing_ && growing_->name != name)) Close();
+  if (!growing_) growing_ = {clock_.Now(), name, {}};
+  growing_->more += more;
+}
+
 std::string Transcript::Text() {
   Close();
   return text_;
@@ -72,6 +87,8 @@ std::string Transcript::Text() {
 
 void Transcript::Close() {
   if (const auto run = std::exchange(run_, std::nullopt)) Write(*run);
+  if (const auto growth = std::exchange(growing_, std::nullopt))
+    Line(growth->time, growth->name + ": + " + Readable(Quoted(growth->more)));
   if (const auto change = std::exchange(changing_, std::nullopt); change && change->before != change->after)
     Line(change->time, change->name + ": " + change->before + " -> " + change->after);
 }
@@ -94,7 +111,7 @@ void Transcript::Write(const Run& run) {
   if (letter == 1) line += BytesInWords(all.first(1)) + " ";
   const auto data = all.subspan(letter);
   if (text || data.size() <= kRow) {
-    line += BytesInWords(data) + until;
+    line += Readable(BytesInWords(data)) + until;
     if (!run.progress.empty()) line += " | " + std::to_string(run.progress.rbegin()->second) + " %";
     Line(run.begin, line);
     return;

@@ -30,6 +30,8 @@ class Transcript {
   /// A progress of this many percent is shown; false when it does not belong to bytes that are passing.
   bool Progress(int percent);
   void Change(const std::string& name, const std::string& before, const std::string& after);
+  /// A text has got more at its end. What comes to it while bytes pass stands below them in one line.
+  void Growth(const std::string& name, const std::string& more);
   std::string Text();
 
  private:
@@ -44,6 +46,10 @@ class Transcript {
     double time = 0.0;
     std::string name, before, after;
   };
+  struct Growing {
+    double time = 0.0;
+    std::string name, more;
+  };
   void Line(double time, const std::string& text);
   void Close();
   void Write(const Run& run);
@@ -55,6 +61,7 @@ class Transcript {
   std::string lastTime_;
   std::set<std::string> written_;  // rows
   std::optional<Run> run_;
+  std::optional<Growing> growing_;
   std::optional<Changing> changing_;
 };
 

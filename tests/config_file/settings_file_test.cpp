@@ -304,6 +304,7 @@ TEST(SettingsFile, TextsKeepTheirCharacters) {
                                                          {"\xE0\x80\x80", "\u00E0\u0080\u0080"},
                                                          {"\xF0\x80\x80\x80", "\u00F0\u0080\u0080\u0080"},
                                                          {"\xED\xA0\x80", "\u00ED\u00A0\u0080"},
+                                                         {"\xE2\x82x", "\u00E2\u0082x"},
                                                          {"\xE2\x82", "\u00E2\u0082"},
                                                          {"\xF4\x90\x80\x80", "\u00F4\u0090\u0080\u0080"}};
   const Reading plain(File().text);

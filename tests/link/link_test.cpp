@@ -86,6 +86,14 @@ TEST(ReceivePathStreams, InOneReadAreHeldByAHeaderAndLoseWhatStandsBehindABadOne
 
 using ReceivePathTest = LinkTest;
 
+TEST_F(ReceivePathTest, PortThatIsClosedCannotBeClosedOnceMore) {
+  int told = 0;
+  comm.StateChanged.Set([&told] { ++told; });
+  comm.SetPortOpen(false);
+  comm.SetPortOpen(false);
+  EXPECT_EQ(told, 1);
+}
+
 TEST_F(ReceivePathTest, TransferOrToolThatBeginsDuringAPauseKeepsItsBytes) {
   for (const bool tool : {false, true}) {
     comm.SetRThreshold(1);

@@ -55,6 +55,8 @@ TEST(MotorUnits, PictureFollowsTheMagnitude) {
   EXPECT_EQ(texts, "1235 1000 12.3 10.0 1.0 .5 .09 .001 .0001234 .00000 -12.50000 ");
 }
 
+TEST(MotorRows, EmptyColumnsAreNothingInARecord) { EXPECT_EQ(RecordOf({}), MotorRecord()); }
+
 TEST(MotorCalculations, LimitIsTheLowerOfDriveAndOneAndAHalfTimesTheMotor) {
   const std::tuple<int, double, float> cases[] = {{0, 8, 7.0F},    {0, 4, 6.0F},   {1, 5, 6.0F},
                                                   {1, 1.7, 2.55F}, {3, 2.2, 3.2F}, {-1, 2, 0.0F}};

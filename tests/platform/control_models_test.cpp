@@ -116,6 +116,11 @@ TEST_F(ControlModels, ViewIsToldOfEveryChange) {
       {"enabled", &window.ok, [&] { window.ok.SetEnabled(false); }},
       {"pictures", &window.image, [&] { window.image.SetPictures("a", "b"); }},
   };
+  int shown = 0;
+  window.SetView([&shown] { ++shown; });
+  window.SetMinSize(10, 10);
+  EXPECT_EQ(shown, 1);
+  window.SetView({});
   for (const auto& [what, control, change] : changes) {
     int told = 0;
     control->SetView([&told] { ++told; });
@@ -278,7 +283,11 @@ TEST_F(ControlModels, TextAreaKeepsItsCaretWhileTextIsAdded) {
   window.area.Type("RV\r\n");
   window.area.ReleaseKey(kEnterKey);
   EXPECT_EQ(window.log, "area=RV\r\n key13 ");
-  EXPECT_TRUE(window.area.SelStart() == 4 && window.FocusedControl() == &window.area);
+  EXPECT_TRUE(window.area.SelStart() == 4 && window.area.SelLength() == 0);
+  EXPECT_EQ(window.FocusedControl(), &window.area);
+  window.text.Type("dirty");
+  window.text.SetText("d");
+  EXPECT_TRUE(window.text.SelStart() == 1 && window.text.SelLength() == 0);
 }
 
 TEST_F(ControlModels, TimerNeverRunsInsideItself) {
@@ -289,10 +298,14 @@ TEST_F(ControlModels, TimerNeverRunsInsideItself) {
     Delay(desktop, 0.5);  // five intervals
     --depth;
   });
+  Control& timer = window.timer;
+  timer.SetEnabled(true);
+  Delay(desktop, 1.0);
+  EXPECT_EQ(runs, 0) << "a timer without an interval does not run";
+  timer.SetEnabled(false);
   window.timer.SetInterval(100);
   Delay(desktop, 1.0);
   EXPECT_EQ(runs, 0) << "a timer begins disabled";
-  Control& timer = window.timer;
   timer.SetEnabled(true);
   Delay(desktop, 2.0);
   timer.SetEnabled(false);

@@ -70,6 +70,59 @@ TEST(Drive, HearsNoSingleLetterCommandsInTextMode) {
   EXPECT_EQ(bench.Say("00C"), kPowerUp);
 }
 
+TEST(Drive, SpeaksOfTheImageThatItHolds) {
+  Bench bench;
+  DriveImage image = FactoryImage();
+  image[8] = 1;  // harmonic gain
+  image[9] = 2;
+  image[53] = 2;  // brake output
+  SealDriveImage(image);
+  EXPECT_EQ(bench.Say("d" + std::string(image.begin(), image.end())), "\6");
+  EXPECT_EQ(bench.Say("HRHG\rHG7\rBO\rIOY\rQT\r"), "HG=258\rBO=2\rIO=11111111\r");
+  EXPECT_EQ(bench.drive.StoredImage(), image);
+  bench.Say("HRHP-3\rSA\rQT\r");
+  image[9] = 7;
+  image[8] = 0;
+  image[11] = 0xFD;  // phase
+  SealDriveImage(image);
+  EXPECT_EQ(bench.drive.StoredImage(), image);
+  EXPECT_EQ(bench.Say("i4071HRHG\rBO\r"), "HG=960\rBO=3\r");
+}
+
+TEST(Drive, TellsItsObserverWhatOnlyAsks) {
+  Bench bench;
+  std::string log;
+  bench.drive.Observe = [&](const DriveEvent& event) {
+    log += event.bytes.substr(0, event.bytes.find('\r')) + (event.query ? "?" : "") + " ";
+  };
+  for (const char* line : {"SC", "HRRV\rVE2", "VE", "IFD", "IF", "MN", "WT.2", "SSdone", "SC", "", "QT"})
+    bench.Say(std::string(line) + "\r", 0.1);
+  EXPECT_EQ(log,
+            "S C  4) HR RV? VE2 RV=1.52k? VE? VE=2? IFD IF? IF=D? MN? Y? WT.2 SSdone SC? SC=0801? done QT ");
+}
+
+TEST(Drive, AsksTheSchedulerForNothingButEndsAndWaits) {
+  HeadlessDesktop desktop;
+  std::optional<SimulatedDrive> drive(desktop.Line());
+  const auto say = [&](std::string_view text) {
+    for (const char c : text) drive->Receive(static_cast<std::uint8_t>(c));
+  };
+  const auto runsDryAt = [&] {
+    EXPECT_THROW(Delay(desktop, kForever), HeadlessFault);
+    return desktop.Now();
+  };
+  say("HRCM21\rCJ\r");
+  EXPECT_EQ(runsDryAt(), 0.0) << "a motor that jogs needs no clock";
+  desktop.CallAfter(1.0, [] {});
+  EXPECT_EQ(runsDryAt(), 1.0);
+  say("SJ\rVE2\rFL\r");  // from 10 rev/s in 0.1 s, then 1 turn at 2 rev/s and 100 rev/s/s
+  EXPECT_NEAR(runsDryAt(), 1.0 + 0.1 + 0.52, 1e-9);
+  drive->SetStalled(true);
+  say("FL\rWT1\r");
+  drive.reset();
+  EXPECT_NEAR(runsDryAt(), 1.62, 1e-9) << "a drive that has gone still waited";
+}
+
 /// A bench whose program writes down what reaches it.
 struct LoggingBench : Bench {
   LoggingBench() {

@@ -95,9 +95,28 @@ void Recorder::Watch(Form& form) {
         known_[control] = PropertiesOf(*control);
         return;
       }
+      const std::string name = form.Name() + "." + control->Name();
       Look();
-      Follow(form.Name() + "." + control->Name(), known_[control], PropertiesOf(*control));
+      const auto* const area = dynamic_cast<const TextArea*>(control);
+      if (area != nullptr && area->ReadOnly()) return FollowRecord(name, *area);
+      Follow(name, known_[control], PropertiesOf(*control));
     });
+  }
+}
+
+// A long text is told by what comes to it and goes from it.
+void Recorder::FollowRecord(const std::string& name, const TextArea& area) {
+  const std::string before = std::exchange(records_[&area], area.Text());
+  const std::string& text = area.Text();
+  if (text == before) return;
+  const bool own = !area.StandingOut().empty() && area.StandingOut().back().end == text.size();
+  if (text.starts_with(before)) {
+    transcript_.Growth(name + (own ? ", own" : ""), text.substr(before.size()));
+  } else if (before.ends_with(text)) {
+    transcript_.Note(name + " loses its first " + std::to_string(before.size() - text.size()) +
+                     " bytes and keeps " + std::to_string(text.size()));
+  } else {
+    transcript_.Change(name, Quoted(before), Quoted(text));
   }
 }
 

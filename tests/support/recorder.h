@@ -6,6 +6,7 @@
 
 #include "platform/headless/describe.h"
 #include "platform/headless/transcript.h"
+#include "platform/text_area.h"
 #include "tests/support/scene.h"
 
 namespace kavr6 {
@@ -36,6 +37,7 @@ class Recorder : public Watcher {
 
  private:
   void Watch(Form& form);
+  void FollowRecord(const std::string& name, const TextArea& area);
   void Follow(const std::string& name, Properties& known, const Properties& found);
   Properties SharedValues() const;
   Properties RestValues() const;
@@ -44,6 +46,7 @@ class Recorder : public Watcher {
   Scene& scene_;
   Transcript transcript_;
   std::map<const void*, Properties> known_;  // by form or control
+  std::map<const TextArea*, std::string> records_;  // texts for reading
   Properties shared_;
   Properties rest_;
   Settings settings_;

@@ -39,6 +39,8 @@ struct Scene {
 
   /// All windows of the program.
   std::vector<Form*> Forms() {
+    Summary& list = program.Commands;
+    TEQhelp& servo = list.ServoCommands;
     return {&program.Splash,        &main,
             &program.MotorSetup,    &program.CustomMotorSetup,
             &program.ModeMenu,      &program.PulseDirSetup,
@@ -47,7 +49,13 @@ struct Scene {
             &program.EncoderSetup,  &program.RegenSetup,
             &program.LastAlarms,    &program.FaultPopup,
             &program.MotorTest,     &program.SmoothingWizard,
-            &program.Credits};
+            &program.Credits,       &program.Terminal,
+            &list,                  &list.EFcodes,
+            &list.LimCodes,         &list.IOcodes,
+            &list.RScodes,          &list.MRcodes,
+            &list.BRcodes,          &list.ServoCommands,
+            &servo.ControlModes,    &servo.DefCodes,
+            &list.MoveCalculator};
   }
 
   /// What must hold whenever the program is at rest.

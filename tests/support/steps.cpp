@@ -6,6 +6,7 @@
 
 #include "core/settings_fields.h"
 #include "platform/grid.h"
+#include "platform/text_area.h"
 #include "tests/support/scenario.h"
 
 namespace kavr6 {
@@ -33,6 +34,19 @@ void Start(S s, W w) {
     s.Record(w.Take("like") ? w.Next() : "");
     s.scene.program.Start();
   }
+}
+
+void Type(S s, W w) {
+  const std::string name = w.Next();
+  if (auto* const area = dynamic_cast<TextArea*>(&s.The<Control>(name))) return area->Type(w.Next());
+  s.The<TextBox>(name).Type(w.Next());
+}
+
+/// Types a line, with its end, and lets Enter go.
+void Line(S s, W w) {
+  auto& area = s.The<TextArea>(w.Next());
+  area.Type(w.Next() + "\r\n");
+  area.ReleaseKey(kEnterKey);
 }
 
 /// Each number or text that follows is typed and left in turn.
@@ -181,10 +195,15 @@ void State(S s, W w) {
 
 // The drive, the line and the machine.
 
-/// Bytes in hexadecimal, texts in quotes.
+/// Bytes in hexadecimal, texts in quotes; at the end perhaps "times 200".
 void DriveSends(S s, W w) {
   std::string bytes;
   while (w.More()) {
+    if (w.Take("times")) {
+      const std::string once = bytes;
+      for (int more = w.Whole(); more > 1; --more) bytes += once;
+      break;
+    }
     const bool text = Words(w).Rest().starts_with('"');
     bytes += text ? w.Next() : std::string(1, static_cast<char>(w.Byte()));
   }
@@ -284,7 +303,10 @@ const std::map<std::string, StepDone> kSteps{
     {"start", Start},  // "unseen", up to what is clicked then, or "like" another transcript
     {"click", Click},
     {"doubleclick", [](S s, W w) { s.The<Grid>(w.Next()).DoubleClick(w.Whole()); }},
-    {"type", [](S s, W w) { s.The<TextBox>(w.Next()).Type(w.Next()); }},
+    {"type", Type},
+    {"enterkey", [](S s, W w) { s.The<TextArea>(w.Next()).ReleaseKey(kEnterKey); }},
+    {"arrow", [](S s, W w) { s.The<TextArea>(w.Next()).PressCtrlArrow(w.Next() == "up" ? -1 : 1); }},
+    {"line", Line},
     {"enter", Enter},
     {"select", [](S s, W w) { s.The<ListBox>(w.Next()).Select(w.Whole()); }},
     {"scroll", [](S s, W w) { s.The<Slider>(w.Next()).Scroll(w.Whole()); }},

@@ -1,56 +1,56 @@
+#include <QFontDatabase>
+#include <QHash>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
-#include <QSet>
 #include <QSignalBlocker>
 #include <QTextCursor>
 #include <utility>
 
 #include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/bind_kinds.h"
+#include "adapters/qt/windows/record_view.h"
 #include "platform/form.h"
 #include "platform/text_area.h"
 
 namespace kavr6 {
 namespace {
 
-/// The widget ends lines with LF alone. A CR of its own shows as nothing, so that a line's end whose halves
-/// come one after the other is one line's end.
-QString Shown(const std::string& text) { return ToQt(text).remove('\r'); }
 std::string Told(const QString& shown) { return FromQt(QString(shown).replace("\n", "\r\n")); }
 
 int CodeOf(const QKeyEvent& key) {
-  if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) return kEnterKey;
+  // With these keys Enter types no line's end.
+  const bool changed = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+  if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) return changed ? 0 : kEnterKey;
   const bool named = (key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z) ||
                      (key.key() >= Qt::Key_0 && key.key() <= Qt::Key_9);
   return named ? key.key() : 0;
 }
 
-/// Text and selection of one text area, both ways. Lives as long as its widget.
+/// -1 and 1 for Ctrl with the arrows up and down.
+int CtrlArrowOf(const QKeyEvent& key) {
+  if (!key.modifiers().testFlag(Qt::ControlModifier)) return 0;
+  return key.key() == Qt::Key_Up ? -1 : key.key() == Qt::Key_Down ? 1 : 0;
+}
+
+/// Text and selection of a text area for typing, both ways. Lives as long as its widget.
 class PlainTextTie : public QObject {
  public:
   PlainTextTie(TextArea& area, QPlainTextEdit& edit, UserAction act)
       : QObject(&edit), area_(area), edit_(edit), act_(std::move(act)) {
-    edit.setReadOnly(area.ReadOnly());
-    edit.setTabChangesFocus(true);
-    if (area.ReadOnly()) {
-      edit.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-      edit.setUndoRedoEnabled(false);
-    } else {
-      connect(&edit, &QPlainTextEdit::textChanged, &edit, [this] { act_([this] { Typed(); }); });
-      connect(&edit, &QPlainTextEdit::cursorPositionChanged, &edit, [this] { TakeSelection(); });
-      connect(&edit, &QPlainTextEdit::selectionChanged, &edit, [this] { TakeSelection(); });
-    }
+    connect(&edit, &QPlainTextEdit::textChanged, &edit, [this] { act_([this] { Typed(); }); });
+    connect(&edit, &QPlainTextEdit::cursorPositionChanged, &edit, [this] { TakeSelection(); });
+    connect(&edit, &QPlainTextEdit::selectionChanged, &edit, [this] { TakeSelection(); });
     edit.installEventFilter(this);
   }
 
   void Refresh() {
     if (telling_) return;
     const QSignalBlocker silence(edit_);
-    const bool changed = ShowText();
+    const bool changed = Told(edit_.toPlainText()) != area_.Text();
+    if (changed) edit_.setPlainText(ShownLines(area_.Text()));
     const std::pair selection(area_.SelStart(), area_.SelLength());
-    if (std::exchange(shownSelection_, selection) != selection || (changed && !area_.ReadOnly()))
-      ShowSelection();
+    if (std::exchange(shownSelection_, selection) != selection || changed) ShowSelection();
   }
 
  protected:
@@ -58,29 +58,21 @@ class PlainTextTie : public QObject {
     if (event->type() == QEvent::FocusOut) pressed_.clear();
     if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) return false;
     const auto& key = static_cast<const QKeyEvent&>(*event);
-    if (key.isAutoRepeat()) return false;
-    if (event->type() == QEvent::KeyPress) {
-      pressed_.insert(key.key());
-      return !area_.ReadOnly() && IsMissedMnemonic(key);
-    }
+    if (event->type() == QEvent::KeyPress) return Pressed(key);
     // A key that was pressed elsewhere, to open this window for one, is not released here.
-    if (pressed_.remove(key.key())) act_([this, code = CodeOf(key)] { area_.ReleaseKey(code); });
+    if (!key.isAutoRepeat() && pressed_.contains(key.key()))
+      act_([this, code = pressed_.take(key.key())] { area_.ReleaseKey(code); });
     return false;
   }
 
  private:
-  bool ShowText() {
-    const std::string& text = area_.Text();
-    const std::size_t size = std::exchange(shownSize_, text.size());
-    if (std::exchange(shownRewrites_, area_.Rewrites()) != area_.Rewrites()) {
-      edit_.setPlainText(Shown(text));
+  bool Pressed(const QKeyEvent& key) {
+    if (const int direction = CtrlArrowOf(key); direction != 0) {
+      act_([this, direction] { area_.PressCtrlArrow(direction); });
       return true;
     }
-    if (size == text.size()) return false;
-    QTextCursor end(edit_.document());
-    end.movePosition(QTextCursor::End);
-    end.insertText(Shown(text.substr(size)));
-    return true;
+    if (!key.isAutoRepeat()) pressed_.insert(key.key(), CodeOf(key));
+    return IsMissedMnemonic(key);
   }
 
   void ShowSelection() {
@@ -91,8 +83,7 @@ class PlainTextTie : public QObject {
     edit_.setTextCursor(cursor);
   }
   int Position(std::size_t codeUnits) const {
-    if (codeUnits == area_.Text().size()) return edit_.document()->characterCount() - 1;
-    return static_cast<int>(Shown(area_.Text().substr(0, codeUnits)).size());
+    return static_cast<int>(ShownLines(area_.Text().substr(0, codeUnits)).size());
   }
 
   // The widget already shows what the user has just typed: the model has to follow, not the widget.
@@ -100,8 +91,6 @@ class PlainTextTie : public QObject {
     const QScopedValueRollback telling(telling_, true);
     const std::string text = Told(edit_.toPlainText());
     area_.Type(text);
-    shownRewrites_ = area_.Text() == text ? area_.Rewrites() : kNothingShown;
-    shownSize_ = text.size();
     if (area_.SelStart() == text.size() && area_.SelLength() == 0) TakeSelection();
   }
 
@@ -116,15 +105,11 @@ class PlainTextTie : public QObject {
     area_.SetSelection(start, end - start);
   }
 
-  static constexpr int kNothingShown = -1;
-
   TextArea& area_;
   QPlainTextEdit& edit_;
   UserAction act_;
-  int shownRewrites_ = kNothingShown;
-  std::size_t shownSize_ = 0;
   std::pair<std::size_t, std::size_t> shownSelection_{};
-  QSet<int> pressed_;
+  QHash<int, int> pressed_;  // codes by keys
   bool telling_ = false;
 };
 
@@ -133,7 +118,14 @@ class PlainTextTie : public QObject {
 RefreshView BindTextArea(Control& control, QObject& target, const UserAction& act) {
   auto* const edit = qobject_cast<QPlainTextEdit*>(&target);
   if (edit == nullptr) return {};
-  auto* const tie = new PlainTextTie(static_cast<TextArea&>(control), *edit, act);
+  edit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  edit->setTabChangesFocus(true);
+  auto& area = static_cast<TextArea&>(control);
+  if (area.ReadOnly()) {
+    auto* const view = new RecordView(area, *edit);
+    return [view] { view->Refresh(); };
+  }
+  auto* const tie = new PlainTextTie(area, *edit, act);
   return [tie] { tie->Refresh(); };
 }
 

@@ -112,7 +112,7 @@ FormWindow::Place FormWindow::PlaceOfForm() const {
 }
 
 // A form without a size of its own takes that of the design; both give way to what the contents need and to
-// the screen. What is centred stays so.
+// the screen. What is centred stays so; nothing begins outside of the screen.
 void FormWindow::SettleFirstPlace() {
   QRect screen = QGuiApplication::primaryScreen()->availableGeometry().translated(-Origin());
   if (!window_->windowFlags().testFlag(Qt::FramelessWindowHint))
@@ -128,8 +128,11 @@ void FormWindow::SettleFirstPlace() {
   const bool placed = form_.Left() != 0 || form_.Top() != 0;
   if (wider != 0 || higher != 0) form_.Resize(ToTwips(size.width()), ToTwips(size.height()));
   if (!placed) return;
-  form_.Move(std::max(form_.Left() - wider / 2, ToTwips(screen.left())),
-             std::max(form_.Top() - higher / 2, ToTwips(screen.top())));
+  const int left = form_.Left() - (form_.Centred() ? wider / 2 : 0);
+  const int top = form_.Top() - (form_.Centred() ? higher / 2 : 0);
+  const QRect places = screen.adjusted(0, 0, -size.width(), -size.height());
+  form_.Move(std::max(std::min(left, ToTwips(places.right())), ToTwips(places.left())),
+             std::max(std::min(top, ToTwips(places.bottom())), ToTwips(places.top())));
 }
 
 void FormWindow::ShowPlace() {

@@ -9,6 +9,8 @@
 #include "ui_About.h"
 #include "ui_AdvancedSettings.h"
 #include "ui_AlarmHistory.h"
+#include "ui_Calculator.h"
+#include "ui_CodeWindow.h"
 #include "ui_EditMotor.h"
 #include "ui_EncoderDialog.h"
 #include "ui_Harmonizer.h"
@@ -21,7 +23,10 @@
 #include "ui_SelfTest.h"
 #include "ui_ServoFault.h"
 #include "ui_StartForm.h"
+#include "ui_Summary.h"
+#include "ui_TEQhelp.h"
 #include "ui_VTLdialog.h"
+#include "ui_VTLterm.h"
 #include "ui_VelocityDialog.h"
 
 namespace kavr6 {
@@ -58,6 +63,18 @@ const std::array kForms{
     FormRow{"ServoFault", Build<QDialog, Ui::ServoFault>},
     FormRow{"SelfTest", Build<QDialog, Ui::SelfTest>},
     FormRow{"Harmonizer", Build<QDialog, Ui::Harmonizer>},
+    FormRow{"VTLterm", Build<QDialog, Ui::VTLterm>},
+    FormRow{"Summary", Build<QDialog, Ui::Summary>},
+    FormRow{"TEQhelp", Build<QDialog, Ui::TEQhelp>},
+    FormRow{"EFcodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"LimCodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"IOcodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"RScodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"MRcodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"BRcodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"ControlModes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"DefCodes", Build<QDialog, Ui::CodeWindow>},
+    FormRow{"Calculator", Build<QDialog, Ui::Calculator>},
 };
 
 /// What a design marks with "keepsRoom" hides without moving anything around it.
@@ -77,6 +94,7 @@ std::unique_ptr<QWidget> BuildWindow(const std::string& formName) {
       std::find_if(kForms.begin(), kForms.end(), [&](const FormRow& r) { return r.name == formName; });
   if (row == kForms.end()) return nullptr;
   std::unique_ptr<QWidget> window = row->build();
+  window->setObjectName(QString::fromStdString(formName));  // forms may share a design
   KeepRoom(*window);
   if (row->flags != Qt::WindowFlags()) window->setWindowFlags(row->flags);
   return window;
