@@ -27,6 +27,9 @@ void Tour::Play() {
   SetHostCommands();
   SetPulses();
   SetInputsAndOutputs();
+  MeetAnAlarm();
+  TestTheMotor();
+  RestoreTheDrive();
   LoseTheLine();
   FindItAgain();
   ShowCredits();
@@ -67,6 +70,12 @@ void Tour::LookAtWindows(const std::string& suffix) {
   program_.ModeMenu.Show();
   stage_.Picture(stage_.Window("MotionMenu"), "motion-menu-" + suffix);
   program_.ModeMenu.Hide();
+  for (Form* form : std::initializer_list<Form*>{&program_.LastAlarms, &program_.FaultPopup}) {
+    form->Show();
+    stage_.Pause(0.05);
+    stage_.Picture(stage_.Window(form->Name()), form->Name() + "-" + suffix);
+    form->Hide();
+  }
   for (SetupDialog* dialog : std::initializer_list<SetupDialog*>{
            &program_.MotorSetup, &program_.CustomMotorSetup, &program_.PulseDirSetup, &program_.VelocitySetup,
            &program_.AdvancedSetup, &program_.VTLSetup, &program_.IOSetup, &program_.EncoderSetup,

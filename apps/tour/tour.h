@@ -48,6 +48,10 @@ class Tour {
   // steps_files.cpp
   void SaveAndReopen();
   void OpenBadFile();
+  // steps_alarms.cpp
+  void MeetAnAlarm();
+  void TestTheMotor();
+  void RestoreTheDrive();
   // steps_drive.cpp
   void RefuseDownload();
   void Download();

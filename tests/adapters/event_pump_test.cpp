@@ -1,12 +1,14 @@
 // Waiting without windows, on whichever loop the toolkit has.
 #include <QEventLoop>
 #include <QTimer>
+#include <csignal>
 #include <ctime>
 #include <stdexcept>
 #include <string>
 
 #include <gtest/gtest.h>
 
+#include "adapters/qt/base/end_signals.h"
 #include "adapters/qt/base/qt_event_pump.h"
 
 namespace kavr6 {
@@ -43,6 +45,19 @@ TEST_F(EventPumpTest, TasksRunInOrderOfTimeAndEntryAtAnyDepth) {
   pump.Post([&] { log += "c "; });
   pump.PumpEventsUntil([&] { return log.ends_with("late "); }, 1.0);
   EXPECT_EQ(log, "a( b( c )b soon )a late ");
+}
+
+TEST_F(EventPumpTest, RequestToEndComesThroughTheLoopUnlessItWasIgnoredFromTheStart) {
+  const auto before = std::signal(SIGHUP, SIG_IGN);
+  std::string log;
+  const EndSignals endSignals([&log] { log += "end "; });
+  for (const auto& [signal, name] : {std::pair(SIGTERM, "term "), {SIGINT, "int "}, {SIGHUP, "hup "}}) {
+    std::raise(signal);
+    log += name;
+    pump.PumpEventsUntil([&] { return log.ends_with("end "); }, 0.1);
+  }
+  EXPECT_EQ(log, "term end int end hup ");
+  std::signal(SIGHUP, before);
 }
 
 TEST_F(EventPumpTest, WaitEndsAtItsLimit) {

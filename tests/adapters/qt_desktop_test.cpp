@@ -116,8 +116,32 @@ TEST_F(QtDesktopTest, UnhandledErrorIsReportedAndEndsTheProgram) {
 
 TEST_F(QtDesktopTest, EndOfTheProgramPutsThingsAway) {
   QtDesktop ending(BuildTestWindow);
-  ending.AtEnd([] { std::fputs("put away", stderr); });
-  EXPECT_EXIT(ending.EndProgram(3), testing::ExitedWithCode(3), "^put away$");
+  ending.AtEnd([] { std::fputs("port", stderr); });
+  ending.AtEnd([] { RaiseOverflow(); });
+  ending.AtEnd([] { std::fputs("drive, ", stderr); });
+  EXPECT_EXIT(ending.EndProgram(3), testing::ExitedWithCode(3),
+              "^drive, At the program's end: Overflow\nport$");
+  EXPECT_EXIT(std::exit(4), testing::ExitedWithCode(4), "^drive, .*\nport$")
+      << "as the toolkit does when the window system has gone";
+}
+
+TEST_F(QtDesktopTest, WindowShownModallyOnceMoreComesOutOfTheShadowOfWhatOpenedAboveIt) {
+  TestForm fault(desktop, "Fault");
+  TestForm above(desktop, "Above");
+  desktop.Post([&] {
+    desktop.Post([&] {
+      desktop.Post([&] {
+        EXPECT_EQ(QApplication::activeModalWidget(), desktop.WindowOf(fault));
+        Key(fault, Qt::Key_Escape);
+        Key(above, Qt::Key_Escape);
+      });
+      fault.ShowModal();
+    });
+    above.ShowModal();
+  });
+  fault.ShowModal();
+  EXPECT_EQ(fault.log, "load front behind front Cancel behind ");
+  EXPECT_EQ(above.log, "load front behind front Cancel behind ");
 }
 
 TEST_F(QtDesktopTest, KeysAndCloseRequestOfAWindow) {

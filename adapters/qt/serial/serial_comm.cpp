@@ -2,7 +2,9 @@
 
 #include <QFileInfo>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <thread>
 
 #include "adapters/qt/serial/line_settings.h"
 #include "adapters/qt/serial/open_failure.h"
@@ -10,6 +12,7 @@
 #ifdef Q_OS_UNIX
 #include <poll.h>
 #include <sys/ioctl.h>
+#include <termios.h>
 #endif
 
 namespace kavr6 {
@@ -34,6 +37,20 @@ void ShareIfPseudoTerminal([[maybe_unused]] QSerialPort& port, [[maybe_unused]] 
 #endif
 }
 
+/// Closing puts back the bit rate that the device had before, which would spoil what is still on its way out.
+/// Some devices never send it: they are not waited for.
+void LetBytesLeave([[maybe_unused]] const QSerialPort& port) {
+#ifdef Q_OS_UNIX
+  constexpr int kMostMs = 200;
+  int left = 0;
+  for (int waited = 0; waited < kMostMs; ++waited) {
+    if (ioctl(port.handle(), TIOCOUTQ, &left) != 0 || left == 0) break;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  if (left == 0) tcdrain(port.handle());  // the last few are in the device
+#endif
+}
+
 }  // namespace
 
 SerialComm::SerialComm(Scheduler& scheduler, std::filesystem::path links)
@@ -48,6 +65,10 @@ SerialComm::SerialComm(Scheduler& scheduler, std::filesystem::path links)
 
 void SerialComm::Release() {
   port_.disconnect();
+  if (port_.isOpen()) {
+    port_.flush();
+    LetBytesLeave(port_);
+  }
   CloseDevice();
 }
 
