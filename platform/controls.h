@@ -34,6 +34,12 @@ class Frame : public Control {
   void Hold(std::initializer_list<Control*> controls) {
     for (Control* control : controls) control->frame_ = this;
   }
+  /// Empty: the design's own heading, if it has one, stays.
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(const std::string& caption) { Assign(caption_, caption); }
+
+ private:
+  std::string caption_;
 };
 
 class TextBox : public Control {

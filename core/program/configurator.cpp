@@ -37,6 +37,8 @@ Configurator::Configurator(const Machine& machine)
       LastAlarms(machine.desktop, line),
       FaultPopup(machine.desktop, line),
       MotorTest(Main, line),
+      SmoothingWizard(line, {CustomMotorSetup, CustomMotorSetup.SliderGain, CustomMotorSetup.SliderPhase,
+                             MotorSetup.txtDriveCurrent}),
       Splash(machine.desktop, state, Main),
       Credits(machine.desktop, state) {
   WireTransfers();
@@ -88,24 +90,24 @@ void Configurator::WireSetupDialogs() {
 }
 
 void Configurator::WireTools() {
+  for (LiveTool* tool : std::initializer_list<LiveTool*>{&Terminal, &StatusMonitor, &SmoothingWizard}) {
+    receive.AddLiveTool(tool->Name(), [tool](std::uint8_t byte) { tool->Take(byte); });
+    tool->DeliverWaiting = [this] { receive.DeliverWaiting(); };
+  }
   Terminal.ShowCommandList = [this] {
     if (!Commands.Visible()) PlaceBeside(Terminal, Commands);
     Commands.Show();
   };
   Main.Openers.Terminal = [this] { Terminal.Show(); };
-  const auto hear = [this](LiveTool& tool) {
-    receive.AddLiveTool(tool.Name(), [&tool](std::uint8_t byte) { tool.Take(byte); });
-    tool.DeliverWaiting = [this] { receive.DeliverWaiting(); };
-  };
-  hear(StatusMonitor);
-  hear(Terminal);
   Main.Openers.IOStatus = [this] { StatusMonitor.ShowModal(); };
+  CustomMotorSetup.OpenWizard = [this] { SmoothingWizard.ShowModal(); };
   receive.ServoError152 = [this](int alarm) { FaultPopup.ServoError152(alarm); };
   Main.Openers.History = IOSetup.OpenHistory = [this] { LastAlarms.Run(); };
   Main.Openers.ClearFault = [this] { MenuClearFault(line, identity); };
   Main.Openers.Restore = [this] { MenuRestore(line, identity); };
   Main.Openers.SelfTest = [this] { MotorTest.ShowModal(); };
   Main.Desk().AtEnd([this] { MotorTest.StopMotor(); });
+  Main.Desk().AtEnd([this] { SmoothingWizard.StopMotor(); });
 }
 
 // The dialogs whose OK a download presses first, as the user would, where they are open; in this order. Those

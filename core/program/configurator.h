@@ -24,11 +24,12 @@
 #include "motor/motor_calculations.h"
 #include "motor/motor_table.h"
 #include "reports/summarizer.h"
-#include "tools/vtl_term.h"
 #include "tools/alarm_history.h"
 #include "tools/exec_status.h"
+#include "tools/harmonizer.h"
 #include "tools/self_test.h"
 #include "tools/servo_fault.h"
+#include "tools/vtl_term.h"
 
 namespace kavr6 {
 
@@ -80,6 +81,7 @@ class Configurator {
   AlarmHistory LastAlarms;
   ServoFault FaultPopup;
   SelfTest MotorTest;
+  Harmonizer SmoothingWizard;
   StartForm Splash;
   About Credits;
 

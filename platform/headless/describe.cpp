@@ -136,6 +136,9 @@ void DescribeKind(const Control& control, Properties& found) {
       found["can go back"] = YesNo(As<PageView>(control).CanGoBack());
       break;
     case ControlKind::Frame:
+      if (const std::string& caption = As<Frame>(control).Caption(); !caption.empty())
+        found[""] = Quoted(caption);
+      break;
     case ControlKind::HotSpot:
       break;
   }

@@ -48,7 +48,7 @@ struct Scene {
             &program.VTLSetup,      &program.IOSetup,
             &program.EncoderSetup,  &program.RegenSetup,
             &program.LastAlarms,    &program.FaultPopup,
-            &program.MotorTest,     &program.StatusMonitor, &program.Credits,  &program.Terminal,
+            &program.MotorTest,     &program.StatusMonitor, &program.SmoothingWizard, &program.Credits,  &program.Terminal,
             &list,                  &list.EFcodes,
             &list.LimCodes,         &list.IOcodes,
             &list.RScodes,          &list.MRcodes,

@@ -17,22 +17,23 @@ using W = Words&;
 
 // The program and its user.
 
-void Start(S s, W w) {
-  if (w.Take("unseen")) {
-    s.scene.program.Start();
-    Delay(s.scene.desktop, 0.5);  // the names of the devices come a little later
-    s.Record();
-  } else {
-    s.Record(w.Take("like") ? w.Next() : "");
-    s.scene.program.Start();
-  }
-}
-
 void Click(S s, W w) {
   const std::string name = w.Next();
   Control& control = s.The<Control>(name);
   if (auto* const item = dynamic_cast<MenuItem*>(&control)) return item->Click();
   s.The<ClickableControl>(name).Click();
+}
+
+void Start(S s, W w) {
+  if (w.Take("unseen")) {
+    s.scene.program.Start();
+    Delay(s.scene.desktop, 0.5);  // the names of the devices come a little later
+    while (w.More()) Click(s, w);
+    s.Record();
+  } else {
+    s.Record(w.Take("like") ? w.Next() : "");
+    s.scene.program.Start();
+  }
 }
 
 void Type(S s, W w) {
@@ -101,9 +102,11 @@ void File(S s, W w) {
   s.scene.desktop.Expect({.purpose = purpose, .name = w.Next(), .during = std::exchange(s.meanwhile, {})});
 }
 
+/// "later line 0.1 unplug": also while the program is blocked.
 void Later(S s, W w) {
+  Scheduler& clock = w.Take("line") ? static_cast<Scheduler&>(s.scene.desktop.Line()) : s.scene.desktop;
   const double seconds = w.Number();
-  s.scene.desktop.CallAfter(seconds, [&s, steps = w.Rest()] {
+  clock.CallAfter(seconds, [&s, steps = w.Rest()] {
     s.recorder->Note("# " + steps);
     s.Do(Words(steps));
   });
@@ -297,7 +300,7 @@ void Focus(S s, W) {
 
 // clang-format off: one line for a word
 const std::map<std::string, StepDone> kSteps{
-    {"start", Start},  // "unseen", or "like" another transcript
+    {"start", Start},  // "unseen", up to what is clicked then, or "like" another transcript
     {"click", Click},
     {"doubleclick", [](S s, W w) { s.The<Grid>(w.Next()).DoubleClick(w.Whole()); }},
     {"type", Type},

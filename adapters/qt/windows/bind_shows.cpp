@@ -1,5 +1,6 @@
 // What mostly shows: labels, frames, pictures, lamps, bars, lines and the grid.
 #include <QColor>
+#include <QGroupBox>
 #include <QLabel>
 #include <utility>
 #include <vector>
@@ -95,9 +96,13 @@ RefreshView BindLabel(Control& control, QObject& target, const UserAction& /*act
   };
 }
 
-RefreshView BindFrame(Control& /*control*/, QObject& target, const UserAction& /*act*/) {
+RefreshView BindFrame(Control& control, QObject& target, const UserAction& /*act*/) {
   if (IsInput(static_cast<const QWidget&>(target))) return {};
-  return [] {};
+  auto* const box = qobject_cast<QGroupBox*>(&target);
+  if (box == nullptr) return [] {};
+  return [&frame = static_cast<const Frame&>(control), box] {
+    if (!frame.Caption().empty()) box->setTitle(ShownCaption(kavr6::ToQt(frame.Caption())));
+  };
 }
 
 RefreshView BindPicture(Control& control, QObject& target, const UserAction& /*act*/) {

@@ -8,12 +8,13 @@
 
 #include "ui_About.h"
 #include "ui_AdvancedSettings.h"
+#include "ui_AlarmHistory.h"
 #include "ui_Calculator.h"
 #include "ui_CodeWindow.h"
-#include "ui_AlarmHistory.h"
 #include "ui_EditMotor.h"
 #include "ui_EncoderDialog.h"
 #include "ui_ExecStatus.h"
+#include "ui_Harmonizer.h"
 #include "ui_IOdialog.h"
 #include "ui_MainForm.h"
 #include "ui_MotionMenu.h"
@@ -71,6 +72,7 @@ const std::array kForms{
     FormRow{"ControlModes", Build<QDialog, Ui::CodeWindow>},
     FormRow{"DefCodes", Build<QDialog, Ui::CodeWindow>},
     FormRow{"Calculator", Build<QDialog, Ui::Calculator>},
+    FormRow{"Harmonizer", Build<QDialog, Ui::Harmonizer>},
     FormRow{"ExecStatus", Build<QDialog, Ui::ExecStatus>},
     FormRow{"AlarmHistory", Build<QDialog, Ui::AlarmHistory>},
     FormRow{"ServoFault", Build<QDialog, Ui::ServoFault>},

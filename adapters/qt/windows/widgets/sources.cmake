@@ -2,6 +2,7 @@
 set(WIDGET_SOURCES
     widgets/artwork.cpp
     widgets/big_number.cpp
+    widgets/big_slider.cpp
     widgets/connector_line.cpp
     widgets/drive_panel.cpp
     widgets/drive_picture.cpp

@@ -1,0 +1,35 @@
+#include "adapters/qt/windows/widgets/big_slider.h"
+
+#include <QApplication>
+#include <QProxyStyle>
+#include <QStyleFactory>
+
+namespace kavr6::widgets {
+namespace {
+
+/// The program's style with larger sliders.
+class BigSliderStyle : public QProxyStyle {
+ public:
+  BigSliderStyle() : QProxyStyle(QStyleFactory::create(QApplication::style()->name())) {}
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+    switch (metric) {
+      case PM_SliderThickness:
+      case PM_SliderControlThickness:
+      case PM_SliderLength:
+        return 2 * usual;
+      default:
+        return usual;
+    }
+  }
+};
+
+}  // namespace
+
+BigSlider::BigSlider(QWidget* parent) : QSlider(parent) {
+  auto* const style = new BigSliderStyle;
+  style->setParent(this);
+  setStyle(style);
+}
+
+}  // namespace kavr6::widgets
