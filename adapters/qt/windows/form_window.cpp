@@ -114,6 +114,8 @@ FormWindow::Place FormWindow::PlaceOfForm() const {
 // A form without a size of its own takes that of the design; both give way to what the contents need and to
 // the screen. What is centred stays so; nothing begins outside of the screen.
 void FormWindow::SettleFirstPlace() {
+  // What the controls have put into the design makes itself felt outside of scrolled parts by these alone.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
   QRect screen = QGuiApplication::primaryScreen()->availableGeometry().translated(-Origin());
   if (!window_->windowFlags().testFlag(Qt::FramelessWindowHint))
     screen.setTop(screen.top() + window_->style()->pixelMetric(QStyle::PM_TitleBarHeight));
