@@ -79,11 +79,11 @@ void StripChart::PaintTimes(QPainter& painter, const QRectF& plot) const {
   painter.setPen(ink);
   painter.drawText(below, Qt::AlignRight | Qt::AlignBottom, end);
   const double room = below.right() - 2 * kGap - fontMetrics().horizontalAdvance(end);
-  for (double back = kMinute; back <= span_; back += kMinute) {
-    const double x = plot.right() - back / span_ * plot.width();
+  for (int minute = 1; minute * kMinute <= span_; ++minute) {
+    const double x = plot.right() - minute * kMinute / span_ * plot.width();
     painter.setPen(QPen(Mixed(ground, ink, 0.25), 1, Qt::DotLine));
     painter.drawLine(QPointF(x, plot.top()), QPointF(x, plot.bottom()));
-    const QString words = tr("-%1 min").arg(qRound(back / kMinute));
+    const QString words = tr("-%1 min").arg(minute);
     const double width = fontMetrics().horizontalAdvance(words);
     const double left = std::max(plot.left(), x - width / 2);
     if (left + width > room) continue;
