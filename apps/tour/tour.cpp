@@ -29,6 +29,7 @@ void Tour::Play() {
   SetInputsAndOutputs();
   MeetAnAlarm();
   TestTheMotor();
+  TuneTheMotor();
   RestoreTheDrive();
   LoseTheLine();
   FindItAgain();
@@ -85,6 +86,11 @@ void Tour::LookAtWindows(const std::string& suffix) {
     stage_.Picture(stage_.Window(dialog->Name()), dialog->Name() + "-" + suffix);
     dialog->Cancel.Click();
   }
+  program_.SmoothingWizard.Show();
+  program_.SmoothingWizard.Start.Click();
+  stage_.Pause(0.05);
+  stage_.Picture(stage_.Window("Harmonizer"), "Harmonizer-" + suffix);
+  program_.SmoothingWizard.Cancel.Click();
 }
 
 }  // namespace kavr6

@@ -52,6 +52,9 @@ class Tour {
   void MeetAnAlarm();
   void TestTheMotor();
   void RestoreTheDrive();
+  // steps_wizard.cpp
+  void TuneTheMotor();
+  void WalkThroughWizard();
   // steps_drive.cpp
   void RefuseDownload();
   void Download();
