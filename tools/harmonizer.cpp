@@ -66,7 +66,8 @@ namespace {
 constexpr Harmonizer::Step kSpeed{
     "Motor Speed",
     {.min = 0, .max = 500, .smallStep = 1, .largeStep = 25, .tickSpacing = 100},
-    "Move the slider until you find the speed where the motor makes the most noise or vibration.  Usually this "
+    "Move the slider until you find the speed where the motor makes the most noise or vibration.  Usually "
+    "this "
     "is around 1 rev/sec.  It helps to have to motor resting on a table top as that will amplify the sound.  "
     "Press NEXT when you find the loudest speed."};
 constexpr Harmonizer::Step kGain{
@@ -170,8 +171,7 @@ void Harmonizer::Done() {
   GiveBack();
   parts_.SliderGain.SetValue(HarmonicGainValue);
   parts_.SliderPhase.SetValue(HarmonicPhaseValue);
-  Desk().Ask(
-      {.text = "Don't forget to download the new settings to the drive to make them permanent."});
+  Desk().Ask({.text = "Don't forget to download the new settings to the drive to make them permanent."});
   // An alarm window that has opened and closed beside the box has brought the wizard to the front once more.
   StopMotor();
   Hide();
@@ -261,7 +261,8 @@ void Harmonizer::RestoreCM() {
 std::optional<Long> Harmonizer::ReadNumber(std::string_view letters) {
   Send(letters);
   AnswerDue();
-  // The whole time, however early an answer comes: what else the drive says then does not reach the next read.
+  // The whole time, however early an answer comes: what else the drive says then does not reach the next
+  // read.
   line_.comm.WaitBlocking(std::numeric_limits<int>::max(), kReplyPause);
   const Bytes reply = line_.comm.Input();
   if (!reply.empty()) NothingDue();

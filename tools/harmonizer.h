@@ -20,7 +20,8 @@ struct HarmonizerParts {
 
 /// Window "Harmonizer", shown modally. While the motor jogs slowly the user finds its loudest speed, then the
 /// harmonic gain and phase at which it runs quietest, all with one slider; Done hands both to the sliders of
-/// the parts. Every way out stops the motor, puts the drive back into its control mode and gives the line back.
+/// the parts. Every way out stops the motor, puts the drive back into its control mode and gives the line
+/// back.
 class Harmonizer : public LiveTool {
  public:
   /// What the user sees of one use of the slider.
@@ -77,7 +78,7 @@ class Harmonizer : public LiveTool {
   Long HarmonicGainValue = 0;
   Long HarmonicPhaseValue = 0;
   std::optional<Integer> SavedControlMode;  // none before the drive has been switched over
-  int visit_ = 0;  // grows whenever the wizard takes or gives back the line
+  int visit_ = 0;                           // grows whenever the wizard takes or gives back the line
 };
 
 }  // namespace kavr6

@@ -18,7 +18,8 @@ void Tour::TalkToTheDrive() {
   QWidget& list = stage_.Window("Summary");
   stage_.Check(!program_.state.LiveToolActive, "the list has taken the front and ended the session");
   stage_.Picture(list, "commands");
-  for (const char* button : {"cmdMRcodes", "cmdRScodes", "cmdBRcodes", "cmdLimitCodes", "cmdIOcodes_0", "btnEF"})
+  for (const char* button :
+       {"cmdMRcodes", "cmdRScodes", "cmdBRcodes", "cmdLimitCodes", "cmdIOcodes_0", "btnEF"})
     stage_.Click(list, button);
   for (const char* codes : {"MRcodes", "RScodes", "BRcodes", "LimCodes", "IOcodes", "EFcodes"})
     stage_.Picture(stage_.Window(codes), codes);

@@ -30,6 +30,7 @@ void Tour::Play() {
   TalkToTheDrive();
   MeetAnAlarm();
   TestTheMotor();
+  TuneTheMotor();
   RestoreTheDrive();
   WatchDrive();
   LoseTheLine();
@@ -99,6 +100,11 @@ void Tour::LookAtWindows(const std::string& suffix) {
     stage_.Picture(stage_.Window(form->Name()), form->Name() + "-" + suffix);
     form->Hide();
   }
+  program_.SmoothingWizard.Show();
+  program_.SmoothingWizard.Start.Click();
+  stage_.Pause(0.05);
+  stage_.Picture(stage_.Window("Harmonizer"), "Harmonizer-" + suffix);
+  program_.SmoothingWizard.Cancel.Click();
 }
 
 }  // namespace kavr6

@@ -56,6 +56,9 @@ class Tour {
   void RestoreTheDrive();
   // steps_monitor.cpp
   void WatchDrive();
+  // steps_wizard.cpp
+  void TuneTheMotor();
+  void WalkThroughWizard();
   // steps_drive.cpp
   void RefuseDownload();
   void Download();

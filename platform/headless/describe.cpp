@@ -182,8 +182,9 @@ std::string NumberOf(float value) { return Printed("%.7g", static_cast<double>(v
 std::string BytesInWords(std::span<const std::uint8_t> bytes) {
   const auto printable = [](std::uint8_t b) { return b >= ' ' && b <= '~'; };
   // A line of text has something before its end.
-  const bool text = (bytes.empty() || printable(bytes.front())) &&
-                    std::ranges::all_of(bytes, [&](std::uint8_t b) { return printable(b) || b == '\r' || b == '\n'; });
+  const bool text =
+      (bytes.empty() || printable(bytes.front())) &&
+      std::ranges::all_of(bytes, [&](std::uint8_t b) { return printable(b) || b == '\r' || b == '\n'; });
   return text ? Quoted({bytes.begin(), bytes.end()}) : Hex(bytes);
 }
 

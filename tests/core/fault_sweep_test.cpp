@@ -69,9 +69,8 @@ class FaultSweep : public testing::Test {
     scene = std::make_unique<Scene>();
     scene->desktop.AnswerAnything();
     // Torn images can read as alarms.
-    scene->program.FaultPopup.Activate.Set([this] {
-      scene->desktop.Post([&fault = scene->program.FaultPopup] { fault.Hide(); });
-    });
+    scene->program.FaultPopup.Activate.Set(
+        [this] { scene->desktop.Post([&fault = scene->program.FaultPopup] { fault.Hide(); }); });
     scene->Start();
     scene->state.InertiaSet = true;
     scene->main.Upload.Click();

@@ -16,13 +16,14 @@ void ConnectClick(ClickableControl& control, QAbstractButton& button, const User
                    [&control, act] { act([&control] { control.Click(); }); });
 }
 
-/// Shows a caption on what has mnemonics. The design's own text, with its mnemonic, stays while it reads the
-/// same; so does its shortcut column in a menu.
+/// Shows a caption on what has mnemonics. The design's own text, with its mnemonic and in a menu with its
+/// shortcut column, is taken wherever it reads the same.
 template <class W>
-void ShowCaption(W& widget, const std::string& caption) {
+void ShowCaption(W& widget, const QString& design, const std::string& caption) {
   if (caption.empty()) return;
+  const auto reads = [](const QString& text) { return ShownCaption(text.section('\t', 0, 0)); };
   const QString shown = ShownCaption(ToQt(caption));
-  if (ShownCaption(widget.text().section('\t', 0, 0)) != shown) widget.setText(WithoutMnemonic(shown));
+  if (reads(widget.text()) != shown) widget.setText(reads(design) == shown ? design : WithoutMnemonic(shown));
 }
 
 }  // namespace
@@ -35,7 +36,7 @@ RefreshView BindButton(Control& control, QObject& target, const UserAction& act)
   view->setAutoDefault(false);
   view->setDefault(button.ButtonRole() == Button::Role::Default);
   ConnectClick(button, *view, act);
-  return [&button, view] { ShowCaption(*view, button.Caption()); };
+  return [&button, view, design = view->text()] { ShowCaption(*view, design, button.Caption()); };
 }
 
 RefreshView BindImageButton(Control& control, QObject& target, const UserAction& act) {
@@ -62,7 +63,7 @@ RefreshView BindMenuItem(Control& control, QObject& target, const UserAction& ac
   if (action == nullptr) return {};
   auto& item = static_cast<MenuItem&>(control);
   QObject::connect(action, &QAction::triggered, action, [&item, act] { act([&item] { item.Click(); }); });
-  return [&item, action] { ShowCaption(*action, item.Caption()); };
+  return [&item, action, design = action->text()] { ShowCaption(*action, design, item.Caption()); };
 }
 
 }  // namespace kavr6
