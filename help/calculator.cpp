@@ -30,8 +30,7 @@ Calculator::Calculator(Desktop& desktop) : Form(desktop, "Calculator") {
 
 void Calculator::DoCalc() {
   const double velocity = PrefixNumber(VE.Text());
-  const double steps =
-      velocity * velocity / 2 / PrefixNumber(DE.Text()) * PrefixNumber(MR.Text()) + 0.5;
+  const double steps = velocity * velocity / 2 / PrefixNumber(DE.Text()) * PrefixNumber(MR.Text()) + 0.5;
   DI.SetCaption(std::isfinite(steps) ? NumberText(std::max(std::floor(steps), 1.0)) : "N/A");
 }
 
