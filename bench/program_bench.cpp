@@ -16,6 +16,7 @@
 #include <sys/resource.h>
 
 #include "adapters/qt/base/file_store.h"
+#include "adapters/qt/print/qt_print_job.h"
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/qt/windows/forms.h"
 #include "adapters/qt/windows/qt_desktop.h"
@@ -69,11 +70,14 @@ class BenchDesktop : public QtDesktop {
 
 struct Program {
   explicit Program(const std::filesystem::path& folder)
-      : desktop(folder), comm(desktop, folder / "ports"), configurator({desktop, comm, table, files}) {}
+      : desktop(folder),
+        comm(desktop, folder / "ports"),
+        configurator({desktop, comm, table, files, print}) {}
   BenchDesktop desktop;
   SerialComm comm;
   SqliteTable table;
   DiskFiles files;
+  QtPrintJob print{[this] { return desktop.BoxParent(); }};
   Configurator configurator;
 };
 
