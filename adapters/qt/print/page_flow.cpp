@@ -48,7 +48,7 @@ std::vector<PageTexts> FlowPages(const std::vector<PrintedLine>& lines, const QR
         y = area.top();
       }
       if (!piece.isEmpty()) pages.back().push_back({{x, y + metrics.ascent()}, piece, line.font});
-      y += metrics.lineSpacing();
+      y += std::max(metrics.lineSpacing(), metrics.height());
     }
   }
   return pages;
