@@ -39,7 +39,9 @@ struct User {
   QObject context;
 
   User() { ActSoon(); }
-  void ActSoon() { QTimer::singleShot(5, &context, [this] { Act(); }); }
+  void ActSoon() {
+    QTimer::singleShot(5, &context, [this] { Act(); });
+  }
   void Act() {
     ActSoon();  // first: what is done here may open the next dialog
     QWidget* const window = QApplication::activeModalWidget();

@@ -15,7 +15,7 @@ constexpr QMarginsF kMargins(22, 24, 15, 20);
 constexpr QMarginsF kLeastMargins(8, 16, 8, 16);
 // In points.
 constexpr int kMarginFont = 8;
-constexpr int kGap = 6;
+constexpr int kGap = 10;
 constexpr int kPointsPerInch = 72;
 constexpr qreal kMmPerInch = 25.4;
 

@@ -66,6 +66,7 @@ void PreviewWindow::Turn(int pages) {
 void PreviewWindow::ShowPage() {
   const int page = pages_.currentPage();
   number_.setText(QString("Page %1 of %2").arg(page).arg(pages_.pageCount()));
+  for (QPushButton* turn : {previous_, next_}) turn->setVisible(pages_.pageCount() > 1);
   previous_->setEnabled(page > 1);
   next_->setEnabled(page < pages_.pageCount());
 }
