@@ -48,8 +48,9 @@ struct User {
     QWidget* const window = QApplication::activeModalWidget();
     if (window == nullptr) return;
     if (window == seen) {
-      if (!looking) QTest::keyClick(window, Qt::Key_Escape);
-      return;
+      if (looking) return;
+      log += "left ";
+      return void(QTest::keyClick(window, Qt::Key_Escape));
     }
     if (qobject_cast<QMessageBox*>(window) == nullptr) seen = window;
     if (auto* const box = qobject_cast<QMessageBox*>(window)) {
