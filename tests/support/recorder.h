@@ -45,7 +45,7 @@ class Recorder : public Watcher {
 
   Scene& scene_;
   Transcript transcript_;
-  std::map<const void*, Properties> known_;  // by form or control
+  std::map<const void*, Properties> known_;         // by form or control
   std::map<const TextArea*, std::string> records_;  // texts for reading
   Properties shared_;
   Properties rest_;
