@@ -65,10 +65,11 @@ TEST_F(Places, ButtonOfCodesIsOnTheLineOfItsCommand) {
       if (button->text() == "Codes")
         commands += button->objectName().toStdString() + " " + Beside(*button, -1, "cmd") + ", ";
   }
-  EXPECT_EQ(commands,
-            "cmdLimitCodes DL, cmdIOcodes_0 FS, cmdMRcodes MR, cmdRScodes RS, cmdIOcodes_1 SH, cmdIOcodes_2 SO, "
-            "cmdIOcodes_3 WI, cmdBRcodes BR, btnEF EF, cmdLimitCodes_0 AI, cmdLimitCodes_1 SI, "
-            "cmdLimitCodes_2 BO, cmdControlModes CM, cmdLimitCodes_3 MO, cmdLimitCodes_4 AO, ");
+  EXPECT_EQ(
+      commands,
+      "cmdLimitCodes DL, cmdIOcodes_0 FS, cmdMRcodes MR, cmdRScodes RS, cmdIOcodes_1 SH, cmdIOcodes_2 SO, "
+      "cmdIOcodes_3 WI, cmdBRcodes BR, btnEF EF, cmdLimitCodes_0 AI, cmdLimitCodes_1 SI, "
+      "cmdLimitCodes_2 BO, cmdControlModes CM, cmdLimitCodes_3 MO, cmdLimitCodes_4 AO, ");
 }
 
 }  // namespace
