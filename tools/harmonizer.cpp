@@ -173,7 +173,7 @@ void Harmonizer::Done() {
   parts_.SliderPhase.SetValue(HarmonicPhaseValue);
   Desk().Ask({.text = "Don't forget to download the new settings to the drive to make them permanent."});
   // An alarm window that has opened and closed beside the box has brought the wizard to the front once more.
-  StopMotor();
+  LeaveLine();
   Hide();
 }
 
@@ -185,10 +185,6 @@ void Harmonizer::CancelClick() {
 bool Harmonizer::MayClose() {
   CancelClick();
   return false;  // it is hidden
-}
-
-void Harmonizer::StopMotor() {
-  if (Visible() && line_.state.LiveToolActive) GiveBack();
 }
 
 void Harmonizer::GiveBack() {

@@ -22,6 +22,10 @@ void LiveTool::Take(std::uint8_t byte) {
   ProcessChar(byte);
 }
 
+void LiveTool::LeaveLine() {
+  if (line_.state.LiveToolActive && Desk().ActiveFormName() == Name()) GiveBack();
+}
+
 void LiveTool::AnswerDue(double since) {
   if (SilenceClock.Enabled()) return;
   dueSince_ = since;
