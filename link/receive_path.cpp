@@ -83,10 +83,11 @@ void ReceivePath::FeedLiveTool() {
   ring_.RingPush(line_.comm.Input());
   const auto tool = FrontWindow ? tools_.find(FrontWindow()) : tools_.end();
   if (tool == tools_.end()) return;
-  while (ring_.RingCount() > 0) {
+  while (state_.LiveToolActive && ring_.RingCount() > 0) {
     tool->second(ring_.RingPop());
     line_.pump.PumpEvents();
   }
+  ScanRing();  // the rest of a piece in the middle of which the tool has given the line back
 }
 
 void ReceivePath::ScanRing() {

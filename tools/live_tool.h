@@ -26,9 +26,13 @@ class LiveTool : public Form {
   std::function<void()> DeliverWaiting;
   /// A byte of the drive has come in.
   void Take(std::uint8_t byte);
+  /// For the end of the program: where this window has the line, it gives it back; the window stays.
+  void Leave();
 
  protected:
   virtual void ProcessChar(std::uint8_t byte) = 0;
+  /// Leaves the drive as a closing window does, and lowers LiveToolActive.
+  virtual void GiveBack() = 0;
 
   /// Writes letters and the carriage return that ends a command.
   void Send(std::string_view letters) { line_.comm.Output(std::string(letters) + '\r'); }
