@@ -56,7 +56,7 @@ class WizardSweep : public testing::Test {
     Run();
     scene.comm.ClearFault();
     Delay(scene.desktop, 2.0);  // what was held back comes, and the motor has the time to stop
-    if (stops) EXPECT_EQ(scene.drive.StatusWord() & StatusMask("Jogging"), 0);
+    EXPECT_TRUE(!stops || (scene.drive.StatusWord() & StatusMask("Jogging")) == 0);
     if (!scene.comm.PortOpen()) scene.comm.SetPortOpen(true);
     scene.drive.Restart();
     Delay(scene.desktop, 0.5);
