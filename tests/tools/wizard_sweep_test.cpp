@@ -50,8 +50,8 @@ class WizardSweep : public testing::Test {
 
   /// A fault during one run; afterwards the drive is switched off and on, and the next run has none.
   void Try(const FaultAt& fault, bool stops) {
-    SCOPED_TRACE(testing::PrintToString(
-        std::tuple(static_cast<int>(fault.direction), static_cast<int>(fault.fault), fault.byte, int{fault.value})));
+    SCOPED_TRACE(testing::PrintToString(std::tuple(
+        static_cast<int>(fault.direction), static_cast<int>(fault.fault), fault.byte, int{fault.value})));
     scene.comm.Arm(fault);
     Run();
     scene.comm.ClearFault();
@@ -80,8 +80,8 @@ TEST_F(WizardSweep, AFaultAtAnyByteIsOverWithTheNextRunAndLeavesNoMotorRunning) 
   const int toDrive = static_cast<int>(wholeWritten.size());
   const int end = static_cast<int>(wholeWritten.rfind("\rSJ\r"));
   constexpr int kToTool = 7 + 6 + 6;
-  const std::pair<LineFault, int> kinds[] = {{Lost, 0},     {Doubled, 0},  {Late, 0},     {Silence, 0},
-                                             {HangUp, 0},   {Restart, 0},  {Swapped, 0},  {Flipped, 1},
+  const std::pair<LineFault, int> kinds[] = {{Lost, 0},      {Doubled, 0},   {Late, 0},      {Silence, 0},
+                                             {HangUp, 0},    {Restart, 0},   {Swapped, 0},   {Flipped, 1},
                                              {Flipped, 128}, {Inserted, 13}, {Inserted, 255}};
   for (const auto& [kind, value] : kinds) {
     for (int at = 0; at < toDrive && !HasFailure(); ++at) {
