@@ -71,6 +71,7 @@ class ExecStatus : public LiveTool {
  protected:
   void Load() override { OK.Focus(); }
   void ProcessChar(std::uint8_t byte) override;
+  void GiveBack() override;
   bool MayClose() override;
   void GiveBack() override;
 

@@ -190,6 +190,7 @@ bool Harmonizer::MayClose() {
 void Harmonizer::GiveBack() {
   ++visit_;
   PowerUpPause.SetEnabled(false);
+  PowerUpText.clear();  // the rest of an announcement goes elsewhere
   NothingDue();
   Send("SJ");
   RestoreCM();
@@ -212,8 +213,6 @@ void Harmonizer::SliderScroll() {
 }
 
 void Harmonizer::ProcessChar(std::uint8_t byte) {
-  // The rest of a piece may still come in when the line has been given back in the middle of it.
-  if (!line_.state.LiveToolActive) return;
   PowerUpText += static_cast<char>(byte);
   while (PowerUpText.size() >= kAnnouncementSize) {
     if (PowerUpText[0] != kAnnouncement) PowerUpText.erase(0, 1);

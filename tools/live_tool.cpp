@@ -23,7 +23,7 @@ void LiveTool::Take(std::uint8_t byte) {
 }
 
 void LiveTool::LeaveLine() {
-  if (line_.state.LiveToolActive && Desk().ActiveFormName() == Name()) GiveBack();
+  if (Visible() && line_.state.LiveToolActive) GiveBack();
 }
 
 void LiveTool::AnswerDue(double since) {

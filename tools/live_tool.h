@@ -32,7 +32,7 @@ class LiveTool : public Form {
 
  protected:
   virtual void ProcessChar(std::uint8_t byte) = 0;
-  /// Ends the session with the drive and lowers LiveToolActive. It does not wait.
+  /// Leaves the drive as a closing window does, and lowers LiveToolActive. It does not wait.
   virtual void GiveBack() = 0;
 
   /// Writes letters and the carriage return that ends a command.
