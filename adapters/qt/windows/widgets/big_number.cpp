@@ -4,10 +4,12 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "adapters/qt/windows/widgets/large_label.h"
+
 namespace kavr6::widgets {
 namespace {
 
-constexpr double kTimes = 2.4;  // the size of the letters around it
+constexpr double kTimes = 3.2;  // the size of the letters around it
 constexpr int kUsualLength = 9;
 constexpr int kLeastLength = 6;
 
@@ -30,15 +32,7 @@ double WidthOf(const QString& text, const QFontMetricsF& metrics) {
 
 }  // namespace
 
-QFont BigNumber::Large(double times) const {
-  QFont large = font();
-  if (large.pointSizeF() > 0) {
-    large.setPointSizeF(large.pointSizeF() * times);
-  } else {
-    large.setPixelSize(qRound(large.pixelSize() * times));
-  }
-  return large;
-}
+QFont BigNumber::Large(double times) const { return Enlarged(font(), times); }
 
 QSize BigNumber::sizeHint() const {
   const QFontMetricsF metrics(Large(kTimes));
