@@ -166,6 +166,8 @@ void Stage::Picture(QWidget& window, const std::string& name) {
   ++pictures_;
   const std::string number = (pictures_ < 10 ? "0" : "") + std::to_string(pictures_);
   const std::filesystem::path file = folder_ / (number + "-" + name + ".png");
+  // A window that has only just opened may not know yet how large its parts are.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
   if (!window.grab().save(QString::fromStdString(file.string()))) Fail("cannot write " + file.string());
   Note("   picture: " + file.filename().string());
 }
