@@ -76,6 +76,8 @@ QWidget& Stage::Window(const std::string& form) {
         return found != nullptr;
       },
       kWindowSeconds, "window " + form);
+  // One that has only just opened does not know yet how large its parts are.
+  QTest::qWait(kPollMs);
   return *found;
 }
 
@@ -166,8 +168,6 @@ void Stage::Picture(QWidget& window, const std::string& name) {
   ++pictures_;
   const std::string number = (pictures_ < 10 ? "0" : "") + std::to_string(pictures_);
   const std::filesystem::path file = folder_ / (number + "-" + name + ".png");
-  // A window that has only just opened may not know yet how large its parts are.
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
   if (!window.grab().save(QString::fromStdString(file.string()))) Fail("cannot write " + file.string());
   Note("   picture: " + file.filename().string());
 }

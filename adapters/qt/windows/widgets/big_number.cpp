@@ -12,6 +12,7 @@ namespace {
 constexpr double kTimes = 3.2;  // the size of the letters around it
 constexpr int kUsualLength = 9;
 constexpr int kLeastLength = 6;
+constexpr double kLeastHeight = 0.7;
 
 double FigureWidth(const QFontMetricsF& metrics) {
   double widest = 0;
@@ -40,7 +41,7 @@ QSize BigNumber::sizeHint() const {
 }
 
 QSize BigNumber::minimumSizeHint() const {
-  return {sizeHint().width() * kLeastLength / kUsualLength, sizeHint().height()};
+  return {sizeHint().width() * kLeastLength / kUsualLength, qRound(sizeHint().height() * kLeastHeight)};
 }
 
 void BigNumber::paintEvent(QPaintEvent*) {
@@ -48,6 +49,8 @@ void BigNumber::paintEvent(QPaintEvent*) {
   double times = kTimes;
   if (const double width = WidthOf(text(), QFontMetricsF(Large(times))); width > box.width())
     times *= box.width() / width;
+  if (const double height = QFontMetricsF(Large(times)).height(); height > box.height())
+    times *= box.height() / height;
   QPainter painter(this);
   painter.setFont(Large(times));
   painter.setPen(palette().color(foregroundRole()));
