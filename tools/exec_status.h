@@ -71,6 +71,7 @@ class ExecStatus : public LiveTool {
  protected:
   void Load() override { OK.Focus(); }
   void ProcessChar(std::uint8_t byte) override;
+  void GiveBack() override;
   bool MayClose() override;
 
  private:
@@ -89,7 +90,6 @@ class ExecStatus : public LiveTool {
   void RestoreOutSettings();
   void Arrange();
   void ShowPlay(bool enabled, bool known);
-  void Close();
   void DoPowerUp(const std::string& text);
   void SaveWhenIdle();
   void AskForFile();
