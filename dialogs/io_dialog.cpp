@@ -7,14 +7,14 @@
 namespace kavr6 {
 
 IOdialog::IOdialog(const SetupParts& parts, MSComm& comm)
-    : SetupDialog(parts, {"IOdialog", "I/O Configuration", "ConfigSoftware_InputsOutputs.html"}),
+    : SetupDialog(parts, {"IOdialog", "I/O Configuration"}),
       comm_(comm) {
   for (TextBox* box : {&txtBrakeDelay, &txtBrakeEngage, &txtMaxAccel}) LimitEntry(*box);
   optBrakeClose.SetValue(true);
   ShowHistory.Clicked.Set([this] {
     if (comm_.PortOpen()) OpenHistory();
   });
-  Wiring.Clicked.Set([this] { ShowHelp("Connecting_IO_to_InOut1.html"); });
+  Wiring.Clicked.Set([this] { ShowHelp(Wiring); });
 }
 
 void IOdialog::FillLimitList() {

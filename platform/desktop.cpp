@@ -65,6 +65,7 @@ void Desktop::TellFront() {
 }
 
 std::string Desktop::WhatBlocks(const Form& form) const {
+  if (form.Companion()) return {};
   for (auto above = opened_.rbegin(); above != opened_.rend() && above->form != &form; ++above) {
     if (above->form == nullptr) return "a box";
     if (above->modal) return "window '" + above->form->Name() + "'";
@@ -95,6 +96,15 @@ BoxAnswer Desktop::Ask(const MessageBox& box) {
 std::string Desktop::ChooseFile(const FileDialog& dialog) {
   const BoxOnScreen standing(opened_);
   return ShowFileDialog(dialog);
+}
+
+void Desktop::OpenOutside(const std::string& address) {
+  if (!OpenAddress(address))
+    Ask({.text = "No program of this computer opens " + address + ".", .icon = BoxIcon::Exclamation});
+}
+
+void Desktop::WantHelp(const std::string& where) {
+  if (HelpWanted) HelpWanted(where);
 }
 
 std::string Desktop::ActiveFormName() const { return Front() == nullptr ? std::string() : Front()->Name(); }

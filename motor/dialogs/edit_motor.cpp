@@ -16,7 +16,7 @@ constexpr unsigned char kWizardLetter = 'k';
 }  // namespace
 
 EditMotor::EditMotor(const SetupParts& parts, MotorDialog& motorDialog)
-    : SetupDialog(parts, {"EditMotor", "Define Custom Motor", "ConfigSoftware_Motor.html#DefineMotor"}),
+    : SetupDialog(parts, {"EditMotor", "Define Custom Motor"}),
       motorDialog_(motorDialog) {
   FillUnits(TorqueUnit, TorqueUnitName);
   FillUnits(JUnits, InertiaUnitName);

@@ -51,6 +51,7 @@ class QtDesktop : public Desktop {
   void DropWindow(Form& form) override;
   BoxAnswer ShowBox(const MessageBox& box) override;
   std::string ShowFileDialog(const FileDialog& dialog) override;
+  bool OpenAddress(const std::string& address) override;
   /// Runs no destructors.
   [[noreturn]] void EndProcess(int exitCode) override;
 
@@ -60,6 +61,7 @@ class QtDesktop : public Desktop {
   void UserActivated(Form& form);
   QWidget* FrontWindow() const;
   QWidget* BoxParent() const;
+  std::function<void()> HelpIn(const char* place);
   void LowerLifted();
   void AwaitActivation();
 
