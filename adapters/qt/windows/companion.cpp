@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QWindow>
 
 namespace kavr6 {
 
@@ -24,8 +23,9 @@ void Companion::BelongTo(const QWidget* owner) {
 void Companion::ModalWindowHidden() {
   const QWidget* const modal = QApplication::activeModalWidget();
   BelongTo(modal != nullptr ? modal : main_);
-  if (!blocked_ || !window_->isVisible()) return;
-  // The toolkit takes notice only of a window that is not shown.
+  if (!window_->isVisible()) return;
+  // The toolkit takes notice of what blocks it, and the window system of its owner, only when it is shown.
+  if (!blocked_ && shownFor_ == window_->windowHandle()->transientParent()) return;
   window_->hide();
   window_->setAttribute(Qt::WA_ShowWithoutActivating);
   window_->show();
@@ -37,7 +37,9 @@ bool Companion::eventFilter(QObject* watched, QEvent* event) {
   if (window_ == nullptr) return false;
   if (type == QEvent::WindowBlocked || type == QEvent::WindowUnblocked) {
     if (watched == window_->windowHandle()) blocked_ = type == QEvent::WindowBlocked;
-  } else if ((type == QEvent::Show || type == QEvent::Hide) && watched->isWidgetType() && watched != window_) {
+  } else if (type == QEvent::Show && watched == window_) {
+    shownFor_ = window_->windowHandle()->transientParent();
+  } else if ((type == QEvent::Show || type == QEvent::Hide) && watched->isWidgetType()) {
     const auto* const widget = static_cast<const QWidget*>(watched);
     if (!widget->isWindow() || !widget->isModal()) return false;
     // A window gets this before it is on the screen, and after it has gone.

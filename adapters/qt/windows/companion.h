@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
+#include <QWindow>
 
 namespace kavr6 {
 
@@ -25,6 +26,7 @@ class Companion : public QObject {
   QPointer<QWidget> window_;
   QPointer<QWidget> main_;
   bool blocked_ = false;
+  const QWindow* shownFor_ = nullptr;  // whose it was when it was last shown; only compared
 };
 
 }  // namespace kavr6

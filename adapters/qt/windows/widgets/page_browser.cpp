@@ -44,6 +44,7 @@ void PageBrowser::addKeys() {
 void PageBrowser::showPage(const QUrl& url) {
   const bool onShow = source().adjusted(QUrl::RemoveFragment) == url.adjusted(QUrl::RemoveFragment);
   pictures_->setPage(url);
+  fragment_ = url.fragment(QUrl::FullyDecoded);
   setSource(url);
   if (onShow) QTextBrowser::reload();
 }
@@ -52,7 +53,7 @@ int PageBrowser::place() const { return verticalScrollBar()->value(); }
 void PageBrowser::goTo(int place) { verticalScrollBar()->setValue(place); }
 
 QVariant PageBrowser::loadResource(int type, const QUrl& name) {
-  if (type == QTextDocument::HtmlResource) return PageSource(name.toLocalFile(), name.fragment(QUrl::FullyDecoded));
+  if (type == QTextDocument::HtmlResource) return PageSource(name.toLocalFile(), fragment_);
   return QTextBrowser::loadResource(type, name);
 }
 

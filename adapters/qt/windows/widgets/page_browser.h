@@ -45,6 +45,7 @@ class PageBrowser : public QTextBrowser {
 
   PagePictures* pictures_;
   FindBar* findBar_ = nullptr;  // made when it is first asked for
+  QString fragment_;            // where reading begins on the page that is being loaded
   int level_ = 0;
 };
 
