@@ -180,7 +180,8 @@ int OpenMotorDialog(const std::filesystem::path& folder) {
   std::_Exit(0);
 }
 
-/// From the click to the painted page: the window's first opening, then each page of the program's own folder.
+/// From the click to the painted page: the window's first opening, then each page of the program's own
+/// folder.
 int OpenHelpPages(const std::filesystem::path& folder) {
   Program program(folder);
   Configurator& configurator = program.configurator;
@@ -198,8 +199,8 @@ int OpenHelpPages(const std::filesystem::path& folder) {
     if (entry.path().extension() == ".html")
       times.push_back(timed([&] { configurator.Help.HelpBrowser.Navigate(entry.path().string()); }));
   std::sort(times.begin(), times.end());
-  std::printf("help: first opening %.1f ms; %zu pages, median %.1f ms, slowest %.1f ms\n", first, times.size(),
-              times[times.size() / 2], times.back());
+  std::printf("help: first opening %.1f ms; %zu pages, median %.1f ms, slowest %.1f ms\n", first,
+              times.size(), times[times.size() / 2], times.back());
   std::fflush(stdout);
   std::_Exit(0);
 }

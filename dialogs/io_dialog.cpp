@@ -7,8 +7,7 @@
 namespace kavr6 {
 
 IOdialog::IOdialog(const SetupParts& parts, MSComm& comm)
-    : SetupDialog(parts, {"IOdialog", "I/O Configuration"}),
-      comm_(comm) {
+    : SetupDialog(parts, {"IOdialog", "I/O Configuration"}), comm_(comm) {
   for (TextBox* box : {&txtBrakeDelay, &txtBrakeEngage, &txtMaxAccel}) LimitEntry(*box);
   optBrakeClose.SetValue(true);
   ShowHistory.Clicked.Set([this] {

@@ -33,8 +33,8 @@ class SetupDialog : public Form {
   Button Cancel{*this, "Cancel", "Cancel", Button::Role::Cancel};
   Button Help{*this, "Help", "Help"};
 
-  /// To be set before the dialog is loaded. Summarize fills the dialog's section of the summary grid. ShowHelp
-  /// shows the page of a button; without it those buttons are greyed.
+  /// To be set before the dialog is loaded. Summarize fills the dialog's section of the summary grid.
+  /// ShowHelp shows the page of a button; without it those buttons are greyed.
   std::function<void()> Summarize;
   std::function<void(const Control& caller)> ShowHelp;
 

@@ -26,7 +26,8 @@ struct WindowMeanings {
 std::span<const WindowMeanings> DialogMeanings();
 std::span<const WindowMeanings> ToolMeanings();
 
-/// Meaning, and the range with its unit as the limits of number entry tell it; empty where the tables are silent.
+/// Meaning, and the range with its unit as the limits of number entry tell it; empty where the tables are
+/// silent.
 std::string FieldHelp(const Control& control);
 /// Makes that the tool tip of every control of the form which the tables know.
 void TellFields(const Form& form);

@@ -26,7 +26,8 @@ constexpr FieldMeaning kMotor[] = {
     {"optValue", "The load inertia is given as a value."},
     {"txtLoadInertia", "Inertia of the load, seen from the motor shaft, in the unit beside it."},
     {"JUnits", "Unit of the load inertia."},
-    {"chkSmoothingOff", "Checked: the waveform is not corrected for this motor, and it may run less smoothly."},
+    {"chkSmoothingOff",
+     "Checked: the waveform is not corrected for this motor, and it may run less smoothly."},
     {"chkDampingOff", "Checked: the drive does not damp the motor's resonance in the middle of its speeds."},
 };
 
@@ -42,7 +43,10 @@ constexpr FieldMeaning kEditor[] = {
     {"txtMaxVolts", "Largest part of the supply voltage that the motor gets.", "%", "SliderMaxVolts"},
     {"txtDeg", "Largest lead angle, needed for stall prevention.", "degrees"},
     {"txtRPS", "Speed at which the lead angle has that value.", "rev/sec"},
-    {"Gain", "Strength of the waveform correction; 0 switches it off.  The wizard finds it.", {}, "SliderGain"},
+    {"Gain",
+     "Strength of the waveform correction; 0 switches it off.  The wizard finds it.",
+     {},
+     "SliderGain"},
     {"Phase", "Phase of the waveform correction.  The wizard finds it.", {}, "SliderPhase"},
     {"Wizard", "Find gain and phase step by step, with the motor turning."},
 };
@@ -69,15 +73,17 @@ constexpr FieldMeaning kPulseInputs[] = {
     {"txtStepFilterFreq",
      "Smooths the steps that come in.  Lower is smoother, and the motor follows a little later.", "Hz"},
     {"txtNoiseFilter",
-     "Pulses faster than this are taken for noise.  Lower rejects more noise and limits the step rate.", "MHz"},
+     "Pulses faster than this are taken for noise.  Lower rejects more noise and limits the step rate.",
+     "MHz"},
 };
 
 constexpr FieldMeaning kHost[] = {
     {"ListCM", "What the drive does after it is switched on, until a command changes it."},
     {"LstBitRate", "Speed of the serial line after power up.  The host uses the same.", "bits/s"},
-    {"txtTxDelay", "Time that the drive waits before it answers, so that the host can turn a two wire line round.",
-     "msec"},
-    {"chkAddress", "Checked: each answer begins with the drive's address, so that the host knows who answers."},
+    {"txtTxDelay",
+     "Time that the drive waits before it answers, so that the host can turn a two wire line round.", "msec"},
+    {"chkAddress",
+     "Checked: each answer begins with the drive's address, so that the host knows who answers."},
     {"chkAckNak", "Checked: the drive answers every command, also where there is nothing to tell."},
     {"chkConverter", "Checked: what comes in by RS-232 goes on to drives that hang on its RS-485."},
     {"chkRedLion", "Checked: registers have addresses of three digits, as operator panels send them."},
@@ -95,7 +101,8 @@ constexpr FieldMeaning kMotionOutput[] = {
 };
 
 constexpr FieldMeaning kVelocity[] = {
-    {"chkRunStop", "Checked: the motor runs while input X1 is closed.  Otherwise it runs whenever it is enabled."},
+    {"chkRunStop",
+     "Checked: the motor runs while input X1 is closed.  Otherwise it runs whenever it is enabled."},
     {"chkAnalog", "Checked: the speed follows the analog input.  Otherwise it is the fixed one."},
     {"txtSpeed", "Speed of the motor.", "rev/sec"},
     {"chk2Speeds", "Checked: closing input X5 changes over to the second speed."},
@@ -137,11 +144,14 @@ constexpr FieldMeaning kEncoder[] = {
     {"txtEncCounts", "Counts of the encoder for one turn of the motor: four times its lines.", "counts/turn"},
     {"optCW", "Channel A leads B when the shaft turns clockwise."},
     {"optCCW", "Channel A leads B when the shaft turns counterclockwise."},
-    {"ChkSingleEnded", "Checked: the encoder has no inverted signals.  Noise disturbs such a one more easily."},
+    {"ChkSingleEnded",
+     "Checked: the encoder has no inverted signals.  Noise disturbs such a one more easily."},
     {"chkStallDetect", "Checked: the drive goes into a fault when the motor does not follow."},
-    {"chkCorrect", "Checked: the drive holds the motor back from a stall.  Not together with stall detection."},
+    {"chkCorrect",
+     "Checked: the drive holds the motor back from a stall.  Not together with stall detection."},
     {"txtMaxTorque", "Largest part of the torque that stall prevention may use.", "%"},
-    {"chkAttemptsFault", "Checked: the drive goes into a fault when a stall lasts for longer than the time beside."},
+    {"chkAttemptsFault",
+     "Checked: the drive goes into a fault when a stall lasts for longer than the time beside."},
     {"txtAttempts", "Longest stall that stall prevention tries to overcome.", "msec"},
 };
 

@@ -1,5 +1,5 @@
-// The fields of the tools and reference windows. Those of the main screen, the terminal and the status monitor
-// are told in their designs: one of them belongs to the list of ports, whose rows name their devices.
+// The fields of the tools and reference windows. Those of the main screen, the terminal and the status
+// monitor are told in their designs: one of them belongs to the list of ports, whose rows name their devices.
 #include <array>
 
 #include "help/field_help.h"

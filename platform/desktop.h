@@ -106,6 +106,7 @@ class Desktop : public EventPump, public Boxes {
     bool modal;
   };
   class BoxOnScreen;
+  void ToFront(Form& form);
   void TakeOff(const Form& form);
   void TellFront();
   Form* Front() const { return shown_.empty() ? nullptr : shown_.back(); }

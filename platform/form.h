@@ -47,7 +47,8 @@ class Form {
   /// True from the beginning of the load step.
   bool Loaded() const { return loaded_; }
   bool Visible() const { return visible_; }
-  /// The user can always work in it, also beside a modal window or a box, and it keeps the user from neither.
+  /// The user can always work in it, also beside a modal window or a box. It keeps the user from neither, and
+  /// takes the front from no window while one of them stands open.
   bool Companion() const { return companion_; }
   void Show();
   /// Shows the window and returns when it has been hidden again.

@@ -7,8 +7,7 @@ namespace kavr6 {
 PageAddress SplitAddress(const std::string& address) {
   const std::size_t mark = address.rfind('#');
   const std::size_t folder = address.find_last_of("/\\");
-  if (mark == std::string::npos || (folder != std::string::npos && mark < folder))
-    return {address, {}};
+  if (mark == std::string::npos || (folder != std::string::npos && mark < folder)) return {address, {}};
   return {address.substr(0, mark), address.substr(mark + 1)};
 }
 

@@ -119,8 +119,9 @@ void Configurator::WireHelp() {
   Main.Openers.ContactUs = [this] { Help.ShowFor(Main.menuContactUs); };
   Main.Openers.WebSite = [this] { Help.ShowFor(Main.menuWebSite); };
   Main.Openers.HelpOn = show;
-  SetupDialog* const dialogs[] = {&MotorSetup, &CustomMotorSetup, &PulseDirSetup, &VelocitySetup, &AdvancedSetup,
-                                  &VTLSetup,   &IOSetup,          &EncoderSetup,  &RegenSetup};
+  SetupDialog* const dialogs[] = {&MotorSetup,    &CustomMotorSetup, &PulseDirSetup,
+                                  &VelocitySetup, &AdvancedSetup,    &VTLSetup,
+                                  &IOSetup,       &EncoderSetup,     &RegenSetup};
   for (SetupDialog* dialog : dialogs) dialog->ShowHelp = show;
   Form* const told[] = {&ModeMenu, &SmoothingWizard, &Commands.MoveCalculator, &Help};
   for (SetupDialog* dialog : dialogs) TellFields(*dialog);

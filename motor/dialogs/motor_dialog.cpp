@@ -16,9 +16,7 @@ constexpr const char* kLess = "Less";
 }  // namespace
 
 MotorDialog::MotorDialog(const SetupParts& parts, MotorTable& table, CurrentLimits& limits)
-    : SetupDialog(parts, {"MotorDialog", "Motor"}),
-      table_(table),
-      limits_(limits) {
+    : SetupDialog(parts, {"MotorDialog", "Motor"}), table_(table), limits_(limits) {
   FillUnits(JUnits, InertiaUnitName);
   HoldSpecs();
   ShowMore(false);

@@ -11,7 +11,9 @@ struct Pages : Bound {
   const QTemporaryDir folder;
   const std::string base = folder.path().toStdString() + "/";
 
-  void Write(const char* name, const QString& body) { WriteAll(name, "<html><body>" + body + "</body></html>"); }
+  void Write(const char* name, const QString& body) {
+    WriteAll(name, "<html><body>" + body + "</body></html>");
+  }
   void WriteAll(const char* name, const QString& text) {
     QFile file(folder.filePath(name));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -80,7 +82,8 @@ TEST_F(Pages, SearchGoesBothWaysAroundTheEndsAndTellsWhatIsNotThere) {
     auto* const bar = window.findChild<widgets::FindBar*>();
     return QString("%1 %2 %3")
         .arg(window.pages->textCursor().selectionStart())
-        .arg(window.pages->textCursor().selectedText(), bar->isHidden() ? "closed" : bar->findChild<QLabel*>("outcome")->text())
+        .arg(window.pages->textCursor().selectedText(),
+             bar->isHidden() ? "closed" : bar->findChild<QLabel*>("outcome")->text())
         .toStdString();
   };
   EXPECT_EQ(press(Qt::Key_F, Qt::ControlModifier), "0  ");

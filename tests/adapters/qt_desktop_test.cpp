@@ -223,7 +223,8 @@ TEST_F(QtDesktopTest, CompanionAndWhateverIsModalCanBeUsedBesideEachOther) {
   std::string usable;
   const auto note = [&](const char* when) {
     usable += std::string(when) + ":";
-    for (TestForm* form : std::initializer_list<TestForm*>{&below, &modal, &companion}) usable += typed(*form) ? " " + form->Name() : "";
+    for (TestForm* form : std::initializer_list<TestForm*>{&below, &modal, &companion})
+      usable += typed(*form) ? " " + form->Name() : "";
     usable += "; ";
   };
   desktop.HelpWanted = [&](const std::string& where) { usable += where + "; ", companion.Show(); };

@@ -65,8 +65,7 @@ void NameForAssistants(QWidget& widget, const QString& designToolTip, const QWid
   const bool labelled = std::any_of(labels.begin(), labels.end(),
                                     [&](const QLabel* label) { return label->buddy() == &widget; });
   const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
-  if (!labelled && (button == nullptr || button->text().isEmpty()))
-    widget.setAccessibleName(designToolTip);
+  if (!labelled && (button == nullptr || button->text().isEmpty())) widget.setAccessibleName(designToolTip);
 }
 
 /// Tool tip, "What's this" and description for assistants are the same words. Longer tips break into lines.
@@ -89,7 +88,8 @@ Binder::Binder(Form& form, QWidget& window) : form_(form) {
   for (Tie& tie : ties_) tie.control->SetView([this, &tie] { RefreshTie(tie); });
   Refresh();
   for (const Tie& tie : ties_) {
-    if (auto* const widget = qobject_cast<QWidget*>(tie.target)) NameForAssistants(*widget, tie.designToolTip, window);
+    if (auto* const widget = qobject_cast<QWidget*>(tie.target))
+      NameForAssistants(*widget, tie.designToolTip, window);
   }
 }
 

@@ -15,7 +15,9 @@ inline bool IsHelpKey(const QKeyEvent& key) {
 /// Calls `help` when F1 is pressed anywhere in the window. Both live until the window closes.
 class HelpKey : public QObject {
  public:
-  HelpKey(QWidget& window, const std::function<void()>& help) : help_(help) { window.installEventFilter(this); }
+  HelpKey(QWidget& window, const std::function<void()>& help) : help_(help) {
+    window.installEventFilter(this);
+  }
 
  protected:
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {

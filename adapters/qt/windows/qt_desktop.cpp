@@ -114,8 +114,8 @@ QWidget* QtDesktop::FrontWindow() const {
 // Not a companion: it belongs to the box that opens.
 QWidget* QtDesktop::BoxParent() const {
   QWidget* const active = QApplication::activeWindow();
-  const auto front =
-      std::find_if(ShownForms().rbegin(), ShownForms().rend(), [](const Form* form) { return !form->Companion(); });
+  const auto front = std::find_if(ShownForms().rbegin(), ShownForms().rend(),
+                                  [](const Form* form) { return !form->Companion(); });
   const bool companion = std::any_of(ShownForms().begin(), ShownForms().end(), [&](const Form* form) {
     return form->Companion() && WindowOf(*form) == active;
   });

@@ -92,7 +92,8 @@ void PageBrowser::changeEvent(QEvent* event) {
 }
 
 void PageBrowser::openFindBar() {
-  auto* const column = parentWidget() == nullptr ? nullptr : qobject_cast<QBoxLayout*>(parentWidget()->layout());
+  auto* const column =
+      parentWidget() == nullptr ? nullptr : qobject_cast<QBoxLayout*>(parentWidget()->layout());
   if (findBar_ == nullptr && column != nullptr) {
     findBar_ = new FindBar(*this);
     column->addWidget(findBar_);

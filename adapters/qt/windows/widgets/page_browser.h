@@ -9,8 +9,8 @@ class FindBar;
 class PagePictures;
 
 /// Shows the page that it is told and follows no link by itself. What is wrong with a page it says in its
-/// place, see PageSource. Ctrl with the wheel, plus, minus or 0 changes the size of texts and pictures; Ctrl+F
-/// opens a line below the page that searches it, F3 goes on. Texts and pictures follow the palette.
+/// place, see PageSource. Ctrl with the wheel, plus, minus or 0 changes the size of texts and pictures;
+/// Ctrl+F opens a line below the page that searches it, F3 goes on. Texts and pictures follow the palette.
 class PageBrowser : public QTextBrowser {
   Q_OBJECT
 

@@ -9,8 +9,8 @@
 
 namespace kavr6::widgets {
 
-/// Draws the pictures of a browser's pages: SVG files, sharp at every scale, in the ink of the palette, and no
-/// wider than the page. In place of one that is missing stands what it would show.
+/// Draws the pictures of a browser's pages: SVG files, sharp at every scale, in the ink of the palette, and
+/// no wider than the page. In place of one that is missing stands what it would show.
 class PagePictures : public QObject, public QTextObjectInterface {
   Q_OBJECT
   Q_INTERFACES(QTextObjectInterface)

@@ -26,7 +26,8 @@ QString DamageOf(const QByteArray& bytes) {
 }
 
 bool HasPlace(const QString& html, const QString& fragment) {
-  const QRegularExpression place("\\b(name|id)\\s*=\\s*[\"']" + QRegularExpression::escape(fragment) + "[\"']");
+  const QRegularExpression place("\\b(name|id)\\s*=\\s*[\"']" + QRegularExpression::escape(fragment) +
+                                 "[\"']");
   return html.contains(place);
 }
 
