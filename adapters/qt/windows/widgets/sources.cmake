@@ -12,6 +12,7 @@ set(WIDGET_SOURCES
     widgets/hot_spot.cpp
     widgets/image_button.cpp
     widgets/lamp.cpp
+    widgets/large_label.cpp
     widgets/page_area.cpp
     widgets/page_browser.cpp
     widgets/page_pictures.cpp
