@@ -51,15 +51,11 @@ QtDesktop::~QtDesktop() {
 }
 
 BoxAnswer QtDesktop::ShowBox(const MessageBox& box) {
-  const BoxAnswer answer = ShowMessageBox(box, BoxParent(), HelpIn(kInBox));
-  LowerLifted();
-  return answer;
+  return ShowMessageBox(box, BoxParent(), HelpIn(kInBox));
 }
 
 std::string QtDesktop::ShowFileDialog(const FileDialog& dialog) {
-  std::string name = kavr6::ChooseFile(dialog, BoxParent(), HelpIn(kInFileDialog));
-  LowerLifted();
-  return name;
+  return kavr6::ChooseFile(dialog, BoxParent(), HelpIn(kInFileDialog));
 }
 
 bool QtDesktop::OpenAddress(const std::string& address) {

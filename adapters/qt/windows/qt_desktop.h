@@ -44,6 +44,8 @@ class QtDesktop : public Desktop {
   ProgramVersion Version() const override;
   /// The window of a form; null before it has first been shown.
   QWidget* WindowOf(const Form& form) const;
+  /// The window that a box or a dialog opens above; null without any.
+  QWidget* BoxParent() const;
 
  protected:
   void OpenWindow(Form& form, bool modal) override;
@@ -52,6 +54,7 @@ class QtDesktop : public Desktop {
   BoxAnswer ShowBox(const MessageBox& box) override;
   std::string ShowFileDialog(const FileDialog& dialog) override;
   bool OpenAddress(const std::string& address) override;
+  void BoxGone() override { LowerLifted(); }
   /// Runs no destructors.
   [[noreturn]] void EndProcess(int exitCode) override;
 
@@ -60,7 +63,6 @@ class QtDesktop : public Desktop {
   FormWindow& Built(Form& form);
   void UserActivated(Form& form);
   QWidget* FrontWindow() const;
-  QWidget* BoxParent() const;
   std::function<void()> HelpIn(const char* place);
   void LowerLifted();
   void AwaitActivation();
