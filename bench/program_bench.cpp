@@ -184,6 +184,31 @@ int OpenMotorDialog(const std::filesystem::path& folder) {
   std::_Exit(0);
 }
 
+/// From the click to the painted page: the window's first opening, then each page of the program's own
+/// folder.
+int OpenHelpPages(const std::filesystem::path& folder) {
+  Program program(folder);
+  Configurator& configurator = program.configurator;
+  configurator.Start();
+  const auto timed = [&](const std::function<void()>& open) {
+    const double start = NowMs();
+    open();
+    program.desktop.WindowOf(configurator.Help)->repaint();
+    return NowMs() - start;
+  };
+  const double first = timed([&] { configurator.Main.MenuContents.Click(); });
+  const std::string help = QCoreApplication::applicationDirPath().toStdString() + "/KAVR6 help/";
+  std::vector<double> times;
+  for (const auto& entry : std::filesystem::directory_iterator(help))
+    if (entry.path().extension() == ".html")
+      times.push_back(timed([&] { configurator.Help.HelpBrowser.Navigate(entry.path().string()); }));
+  std::sort(times.begin(), times.end());
+  std::printf("help: first opening %.1f ms; %zu pages, median %.1f ms, slowest %.1f ms\n", first,
+              times.size(), times[times.size() / 2], times.back());
+  std::fflush(stdout);
+  std::_Exit(0);
+}
+
 /// A motor database of that many rows, all with the values of the first motor of the program's own.
 void MakeCatalogue(const std::filesystem::path& folder, int motors) {
   SqliteTable model;
@@ -249,6 +274,7 @@ int MeasureAll() {
     std::fputs(RunChild({"motors", large.path()}).c_str(), stdout);
   }
   std::fputs(RunChild({"rest", folder.path()}).c_str(), stdout);
+  std::fputs(RunChild({"help", folder.path()}).c_str(), stdout);
   QProcess drive;
   drive.start(bin + "/drive_simulator", {"--port", "COM1", "--quiet", "--dir", folder.path()});
   while (!QFileInfo(folder.filePath("ports/COM1")).isSymLink()) QThread::msleep(20);
@@ -277,6 +303,7 @@ int main(int argc, char** argv) {
   const double startMs = std::stod(argv[4]);
   if (what == "empty") return StartEmpty(startMs);
   if (what == "motors") return OpenMotorDialog(folder);
+  if (what == "help") return OpenHelpPages(folder);
   if (what == "main") return StartMain(startMs, folder);
   return what == "work" ? Work(folder) : RestWithoutDrive(folder);
 }

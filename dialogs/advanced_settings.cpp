@@ -14,9 +14,7 @@ constexpr int kReplySize = 2;
 }  // namespace
 
 AdvancedSettings::AdvancedSettings(const SetupParts& parts, VelocityDialog& velocity, const DriveLine& line)
-    : SetupDialog(parts, {"AdvancedSettings", "Advanced Analog Settings", "velocity.html#AdvancedAnalog"}),
-      velocity_(velocity),
-      line_(line) {
+    : SetupDialog(parts, {"AdvancedSettings", "Advanced Analog Settings"}), velocity_(velocity), line_(line) {
   for (TextBox* box : {&txtCmdOffset, &txtAnalogDeadband, &txtAnalogFilter}) LimitEntry(*box);
   AutoOffset.Clicked.Set([this] { AutoOffsetClick(); });
 }

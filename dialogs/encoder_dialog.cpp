@@ -13,7 +13,7 @@ constexpr double kCountsPerLine = 4;
 }  // namespace
 
 EncoderDialog::EncoderDialog(const SetupParts& parts)
-    : SetupDialog(parts, {"EncoderDialog", "Encoder Feedback (optional)", "ConnectingEncoder.html"}) {
+    : SetupDialog(parts, {"EncoderDialog", "Encoder Feedback (optional)"}) {
   for (TextBox* box : {&txtEncCounts, &txtMaxTorque, &txtAttempts}) LimitEntry(*box);
   txtEncCounts.Change.Set([this] { ShowLines(); });
   optCW.Clicked.Set([this] { DC7encpic.SetImage(kPhaseBA); });

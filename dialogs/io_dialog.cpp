@@ -7,14 +7,13 @@
 namespace kavr6 {
 
 IOdialog::IOdialog(const SetupParts& parts, MSComm& comm)
-    : SetupDialog(parts, {"IOdialog", "I/O Configuration", "ConfigSoftware_InputsOutputs.html"}),
-      comm_(comm) {
+    : SetupDialog(parts, {"IOdialog", "I/O Configuration"}), comm_(comm) {
   for (TextBox* box : {&txtBrakeDelay, &txtBrakeEngage, &txtMaxAccel}) LimitEntry(*box);
   optBrakeClose.SetValue(true);
   ShowHistory.Clicked.Set([this] {
     if (comm_.PortOpen()) OpenHistory();
   });
-  Wiring.Clicked.Set([this] { ShowHelp("Connecting_IO_to_InOut1.html"); });
+  Wiring.Clicked.Set([this] { ShowHelp(Wiring); });
 }
 
 void IOdialog::FillLimitList() {

@@ -81,12 +81,16 @@ std::string EntryText(double value, EntryForm form) {
 
 }  // namespace
 
+const EntryLimits* FindLimits(std::string_view dialog, std::string_view field) {
+  const auto* const row = std::ranges::find_if(
+      kLimits, [&](const EntryLimits& limits) { return limits.dialog == dialog && limits.field == field; });
+  return row == kLimits.end() ? nullptr : row;
+}
+
 const EntryLimits& LimitsOf(const TextBox& box) {
-  const auto row = std::find_if(kLimits.begin(), kLimits.end(), [&](const EntryLimits& limits) {
-    return limits.dialog == box.Owner().Name() && limits.field == box.Name();
-  });
-  if (row == kLimits.end()) throw std::logic_error(box.Owner().Name() + "." + box.Name() + " has no limits");
-  return *row;
+  const EntryLimits* const limits = FindLimits(box.Owner().Name(), box.Name());
+  if (limits == nullptr) throw std::logic_error(box.Owner().Name() + "." + box.Name() + " has no limits");
+  return *limits;
 }
 
 double ClampEntry(std::string_view text, double min, double max) {

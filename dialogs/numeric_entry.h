@@ -30,6 +30,8 @@ struct EntryLimits {
   int sliderFactor = 0;  ///< slider value of 1.0; 0: no slider follows the text
 };
 
+/// The limits of a field; null where it has none.
+const EntryLimits* FindLimits(std::string_view dialog, std::string_view field);
 /// The row of this field, in the unit that stands beside it; a field without one is a std::logic_error.
 const EntryLimits& LimitsOf(const TextBox& box);
 

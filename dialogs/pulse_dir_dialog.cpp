@@ -5,7 +5,7 @@
 namespace kavr6 {
 
 PulseDirDialog::PulseDirDialog(const SetupParts& parts)
-    : PulseInputDialog(parts, {"PulseDirDialog", "Pulse & Direction Control", "DigitalPosn.html"}) {
+    : PulseInputDialog(parts, {"PulseDirDialog", "Pulse & Direction Control"}) {
   FramePulseType.Hold({&optPulseDir, &optPulsePulse, &optQuad});
   FrameDir.Hold({&optDir0, &optDir1});
   for (OptionButton* type : {&optPulseDir, &optPulsePulse, &optQuad})

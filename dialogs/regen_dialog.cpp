@@ -6,8 +6,7 @@
 
 namespace kavr6 {
 
-RegenDialog::RegenDialog(const SetupParts& parts)
-    : SetupDialog(parts, {"RegenDialog", "Regen Clamp", "regen.html"}) {
+RegenDialog::RegenDialog(const SetupParts& parts) : SetupDialog(parts, {"RegenDialog", "Regen Clamp"}) {
   FrameRegen.Hold({&optIntRes, &optExtRes, &RegenWatts, &RegenOhms, &RegenSecs, &lblRegenWatts, &lblRegenOhms,
                    &lblRegenSecs, &RegenInt, &RegenExt});
   for (TextBox* box : {&RegenWatts, &RegenOhms, &RegenSecs}) LimitEntry(*box);

@@ -7,7 +7,7 @@ SetupDialog::SetupDialog(const SetupParts& parts, const SetupDialogTexts& texts)
   SetCaption(texts.caption);
   OK.Clicked.Set([this] { Commit(); });
   Cancel.Clicked.Set([this] { Hide(); });
-  Help.Clicked.Set([this, page = texts.helpPage] { ShowHelp(page); });
+  Help.Clicked.Set([this] { ShowHelp(Help); });
 }
 
 void SetupDialog::Load() {

@@ -14,7 +14,6 @@ namespace kavr6 {
 struct SetupDialogTexts {
   std::string name;
   std::string caption;
-  std::string helpPage;
 };
 
 /// What a setup dialog works with; all of it outlives the dialog.
@@ -34,10 +33,10 @@ class SetupDialog : public Form {
   Button Cancel{*this, "Cancel", "Cancel", Button::Role::Cancel};
   Button Help{*this, "Help", "Help"};
 
-  /// To be set before the dialog is loaded. Summarize fills the dialog's section of the summary grid. Without
-  /// ShowHelp the help button is greyed.
+  /// To be set before the dialog is loaded. Summarize fills the dialog's section of the summary grid.
+  /// ShowHelp shows the page of a button; without it those buttons are greyed.
   std::function<void()> Summarize;
-  std::function<void(const std::string& page)> ShowHelp;
+  std::function<void(const Control& caller)> ShowHelp;
 
   /// Shows the settings in the controls and opens the dialog. One that stands open already only comes to the
   /// front, so that what has been typed there stays.

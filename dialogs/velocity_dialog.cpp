@@ -19,7 +19,7 @@ Long NearestLong(double value) {
 }  // namespace
 
 VelocityDialog::VelocityDialog(const SetupParts& parts)
-    : SetupDialog(parts, {"VelocityDialog", "Velocity Control Mode", "velocity.html"}) {
+    : SetupDialog(parts, {"VelocityDialog", "Velocity Control Mode"}) {
   FrameSpeed.Hold({&txtSpeed, &lblSpeedUnit});
   FrameAnalog.Hold({&lblRange, &ListAnalogRange, &lblSpeed, &CmdScale, &lblAnalogUnits, &Advanced});
   FrameInPosition.Hold({&MotionOut.optMotionClosed, &MotionOut.optMotionOpen, &MotionOut.optMotionOff,

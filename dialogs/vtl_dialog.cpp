@@ -24,8 +24,7 @@ constexpr std::array kProtocolBoxes{
 
 }  // namespace
 
-VTLdialog::VTLdialog(const SetupParts& parts)
-    : PulseInputDialog(parts, {"VTLdialog", "VTL Configuration", "VTLdialog.html"}) {
+VTLdialog::VTLdialog(const SetupParts& parts) : PulseInputDialog(parts, {"VTLdialog", "VTL Configuration"}) {
   FramePulseType.Hold({&ListPulseType, &optDir0, &optDir1});
   FrameNoiseFilter.Hold({&txtNoiseFilter});
   for (const ControlModeWords& mode : kPowerUpModes)

@@ -12,7 +12,7 @@
 namespace kavr6 {
 
 void Desktop::ShowForm(Form& form, bool modal) {
-  if (std::erase(shown_, &form) == 0) {
+  if (std::ranges::count(shown_, &form) == 0) {
     opened_.push_back({&form, modal});
   } else if (modal) {
     // What has opened above it stands behind it from now on.
@@ -20,9 +20,17 @@ void Desktop::ShowForm(Form& form, bool modal) {
     place->modal = true;
     std::rotate(place, place + 1, opened_.end());
   }
-  shown_.push_back(&form);
+  ToFront(form);
   OpenWindow(form, modal);
   TellFront();
+}
+
+// What is modal must not begin anew because the user has read something beside it.
+void Desktop::ToFront(Form& form) {
+  if (Front() == &form) return;
+  std::erase(shown_, &form);
+  const bool keepsFront = form.Companion() && !shown_.empty() && std::ranges::any_of(opened_, &Opened::modal);
+  shown_.insert(shown_.end() - (keepsFront ? 1 : 0), &form);
 }
 
 void Desktop::TakeOff(const Form& form) {
@@ -43,9 +51,8 @@ void Desktop::ForgetForm(Form& form) {
 }
 
 void Desktop::BroughtToFront(Form& form) {
-  const auto place = std::find(shown_.begin(), shown_.end(), &form);
-  if (place == shown_.end() || !WhatBlocks(form).empty()) return;
-  std::rotate(place, place + 1, shown_.end());
+  if (std::ranges::count(shown_, &form) == 0 || !WhatBlocks(form).empty()) return;
+  ToFront(form);
   TellFront();
 }
 
@@ -65,6 +72,7 @@ void Desktop::TellFront() {
 }
 
 std::string Desktop::WhatBlocks(const Form& form) const {
+  if (form.Companion()) return {};
   for (auto above = opened_.rbegin(); above != opened_.rend() && above->form != &form; ++above) {
     if (above->form == nullptr) return "a box";
     if (above->modal) return "window '" + above->form->Name() + "'";
@@ -102,6 +110,15 @@ std::string Desktop::ChooseFile(const FileDialog& dialog) {
 bool Desktop::RunDialog(const std::function<bool()>& dialog) {
   const BoxOnScreen standing(*this);
   return dialog();
+}
+
+void Desktop::OpenOutside(const std::string& address) {
+  if (!OpenAddress(address))
+    Ask({.text = "No program of this computer opens " + address + ".", .icon = BoxIcon::Exclamation});
+}
+
+void Desktop::WantHelp(const std::string& where) {
+  if (HelpWanted) HelpWanted(where);
 }
 
 std::string Desktop::ActiveFormName() const { return Front() == nullptr ? std::string() : Front()->Name(); }

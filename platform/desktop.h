@@ -43,6 +43,13 @@ class Desktop : public EventPump, public Boxes {
   /// Runs a dialog of the machine that stands above all windows until it has its answer; events keep running
   /// meanwhile.
   bool RunDialog(const std::function<bool()>& dialog);
+  /// Opens a web or mail address in the system's program for it; a box says so where there is none.
+  void OpenOutside(const std::string& address);
+  /// The user asks for help, by F1: in the window of that name, or in one of the places below.
+  void WantHelp(const std::string& where);
+  std::function<void(const std::string& where)> HelpWanted;
+  static constexpr const char* kInBox = "message box";
+  static constexpr const char* kInFileDialog = "file dialog";
   virtual bool ShiftDown() const = 0;
   /// What stands before the decimals of a number where the system's user writes one, UTF-8.
   virtual std::string DecimalSign() const = 0;
@@ -91,6 +98,8 @@ class Desktop : public EventPump, public Boxes {
   virtual void DropWindow(Form& /*form*/) {}
   virtual BoxAnswer ShowBox(const MessageBox& box) = 0;
   virtual std::string ShowFileDialog(const FileDialog& dialog) = 0;
+  /// False when the system has no program for the address.
+  virtual bool OpenAddress(const std::string& address) = 0;
   /// The last act of EndProgram.
   [[noreturn]] virtual void EndProcess(int exitCode) = 0;
   /// For a process that ends in another way than by EndProgram.
@@ -102,6 +111,7 @@ class Desktop : public EventPump, public Boxes {
     bool modal;
   };
   class BoxOnScreen;
+  void ToFront(Form& form);
   void TakeOff(const Form& form);
   void TellFront();
   Form* Front() const { return shown_.empty() ? nullptr : shown_.back(); }

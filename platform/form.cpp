@@ -133,6 +133,10 @@ void Form::RequestClose() {
 
 bool Form::PressKey(char character) { return UserReaches(nullptr) && KeyPressed(character); }
 
+void Form::PressHelpKey() {
+  if (UserReaches(nullptr)) desktop_.WantHelp(name_);
+}
+
 void CenterOn(const Form& main, Form& dialog) {
   dialog.Move(main.Left() + (main.Width() - dialog.Width()) / 2,
               main.Top() + (main.Height() - dialog.Height()) / 2, true);

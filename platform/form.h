@@ -47,6 +47,9 @@ class Form {
   /// True from the beginning of the load step.
   bool Loaded() const { return loaded_; }
   bool Visible() const { return visible_; }
+  /// The user can always work in it, also beside a modal window or a box. It keeps the user from neither, and
+  /// takes the front from no window while one of them stands open.
+  bool Companion() const { return companion_; }
   void Show();
   /// Shows the window and returns when it has been hidden again.
   void ShowModal();
@@ -55,6 +58,8 @@ class Form {
   void RequestClose();
   /// The user types a character; true when the window keeps it from the focused control.
   bool PressKey(char character);
+  /// The user asks for help on the window, by F1.
+  void PressHelpKey();
 
   /// What has the focus, or gets it when the window comes to the front.
   Control* FocusedControl() const { return focused_; }
@@ -69,6 +74,7 @@ class Form {
   void SetView(std::function<void()> refresh) { view_ = std::move(refresh); }
 
  protected:
+  void BeCompanion() { companion_ = true; }
   virtual void Load() {}
   /// Answers a close request: true hides the window, false leaves it.
   virtual bool MayClose() { return true; }
@@ -105,6 +111,7 @@ class Form {
   bool loaded_ = false;
   bool visible_ = false;
   bool inFront_ = false;
+  bool companion_ = false;
   std::function<void()> view_;
 };
 

@@ -1,14 +1,14 @@
 #include "platform/page_view.h"
 
+#include "platform/form.h"
+
 namespace kavr6 {
 
 PageAddress SplitAddress(const std::string& address) {
-  if (address.find("://") != std::string::npos) return {address, {}, true};
   const std::size_t mark = address.rfind('#');
   const std::size_t folder = address.find_last_of("/\\");
-  if (mark == std::string::npos || (folder != std::string::npos && mark < folder))
-    return {address, {}, false};
-  return {address.substr(0, mark), address.substr(mark + 1), false};
+  if (mark == std::string::npos || (folder != std::string::npos && mark < folder)) return {address, {}};
+  return {address.substr(0, mark), address.substr(mark + 1)};
 }
 
 const std::string& PageView::Address() const {
@@ -17,9 +17,8 @@ const std::string& PageView::Address() const {
 }
 
 void PageView::Navigate(const std::string& address) {
-  if (address == Address()) return;
   const bool couldGoBack = CanGoBack();
-  visited_.push_back(address);
+  if (address != Address()) visited_.push_back(address);
   Moved(couldGoBack);
 }
 
@@ -30,6 +29,7 @@ void PageView::GoBack() {
 }
 
 void PageView::Moved(bool couldGoBack) {
+  ++showings_;
   TakeTitle({});  // until the view has found the new one
   Refresh();
   if (couldGoBack != CanGoBack()) CanGoBackChanged.Raise();
@@ -37,6 +37,10 @@ void PageView::Moved(bool couldGoBack) {
 
 void PageView::Follow(const std::string& address) {
   if (UserFocuses()) Navigate(address);
+}
+
+void PageView::FollowOutside(const std::string& address) {
+  if (UserFocuses()) Owner().Desk().OpenOutside(address);
 }
 
 void PageView::TakeTitle(const std::string& title) {

@@ -9,11 +9,10 @@
 
 namespace kavr6 {
 
-/// A web address ("https://...") or the path of a page with the place in it where reading begins.
+/// The path of a page with the place in it where reading begins.
 struct PageAddress {
   std::string page;
-  std::string fragment;  ///< without "#"; empty for the top of the page and for a web address
-  bool web = false;
+  std::string fragment;  ///< without "#"; empty for the top of the page
   bool operator==(const PageAddress&) const = default;
 };
 
@@ -27,11 +26,15 @@ class PageView : public Control {
 
   /// Empty before the first page.
   const std::string& Address() const;
-  /// UTF-8, as for SplitAddress. The address on show already adds no step to the way back.
+  /// UTF-8, as for SplitAddress. The address on show already is shown anew and adds no step to the way back.
   void Navigate(const std::string& address);
   /// One page back; nothing where there is none.
   void GoBack();
   bool CanGoBack() const { return visited_.size() > 1; }
+  /// How many pages the way back has, the one on show included.
+  std::size_t Depth() const { return visited_.size(); }
+  /// Grows whenever a page is to be shown, also one that is on show.
+  int Showings() const { return showings_; }
   Event<> CanGoBackChanged;
   /// What the page on show calls itself; empty where the view knows no name.
   const std::string& Title() const { return title_; }
@@ -39,6 +42,8 @@ class PageView : public Control {
 
   /// The user follows a link to that address.
   void Follow(const std::string& address);
+  /// The user follows a link to a web or mail address: the page on show stays.
+  void FollowOutside(const std::string& address);
   /// The view has found the title of the page on show.
   void TakeTitle(const std::string& title);
 
@@ -46,6 +51,7 @@ class PageView : public Control {
   void Moved(bool couldGoBack);
 
   std::vector<std::string> visited_;
+  int showings_ = 0;
   std::string title_;
 };
 

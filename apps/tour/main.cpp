@@ -18,6 +18,9 @@ int main(int argc, char** argv) {
     std::filesystem::copy_file(QCoreApplication::applicationDirPath().toStdString() + "/" + kavr6::kMotorFile,
                                stage.Folder() / kavr6::kMotorFile,
                                std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::copy(
+        QCoreApplication::applicationDirPath().toStdString() + "/KAVR6 help", stage.Folder() / "KAVR6 help",
+        std::filesystem::copy_options::recursive | std::filesystem::copy_options::overwrite_existing);
     kavr6::Tour(stage).Play();
     stage.Note(std::to_string(stage.Steps()) + " steps, " + std::to_string(stage.Pictures()) +
                " pictures in " + stage.Folder().string());

@@ -69,6 +69,22 @@ void Tour::FindItAgain() {
                "the drive is heard: " + program_.Main.StatusDrive.Caption());
 }
 
+void Tour::ReadHelp() {
+  stage_.Step("Help: a connector of the picture, the dialog's own page by F1, and the way back");
+  stage_.Click(Main(), "HSencoder");
+  QWidget& help = stage_.Window("HelpScreen");
+  stage_.Picture(help, "help-encoder");
+  QWidget& regen = OpenBy("Regen", "RegenDialog");
+  stage_.Press(regen, Qt::Key_F1);
+  const PageView& pages = program_.Help.HelpBrowser;
+  stage_.Check(pages.Address().ends_with("regen.html"), "the help shows " + pages.Address());
+  stage_.Click(help, "btnBack");
+  stage_.Check(pages.Address().ends_with("ConnectingEncoder.html"), "back at " + pages.Address());
+  stage_.Click(help, "btnPrint");
+  stage_.Check(!program_.Help.Visible(), "Close has closed it");
+  stage_.Click(regen, "Cancel");
+}
+
 void Tour::ShowCredits() {
   stage_.Step("Help, About");
   desktop_.CallAfter(0.1, [this] {

@@ -37,6 +37,7 @@ void Tour::Play() {
   WatchDrive();
   LoseTheLine();
   FindItAgain();
+  ReadHelp();
   ShowCredits();
   ShowDark();
 }
@@ -95,7 +96,7 @@ void Tour::LookAtWindows(const std::string& suffix) {
     dialog->Cancel.Click();
   }
   Form* const references[] = {&program_.Terminal, &program_.Commands, &program_.Commands.MRcodes,
-                              &program_.Commands.MoveCalculator};
+                              &program_.Commands.MoveCalculator, &program_.Help};
   for (Form* form : references) {
     form->Show();
     stage_.Pause(0.1);

@@ -67,6 +67,7 @@ class Tour {
   void Upload();
   void LoseTheLine();
   void FindItAgain();
+  void ReadHelp();
   void ShowCredits();
   void ShowDark();
 

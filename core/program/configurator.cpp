@@ -1,5 +1,6 @@
 #include "core/program/configurator.h"
 
+#include "help/field_help.h"
 #include "tools/drive_commands.h"
 
 namespace kavr6 {
@@ -41,11 +42,13 @@ Configurator::Configurator(const Machine& machine)
       SmoothingWizard(line, {CustomMotorSetup, CustomMotorSetup.SliderGain, CustomMotorSetup.SliderPhase,
                              MotorSetup.txtDriveCurrent}),
       Splash(machine.desktop, state, Main),
-      Credits(machine.desktop, state) {
+      Credits(machine.desktop, state),
+      Help(Main, state) {
   WireTransfers();
   WireFiles();
   WireSetupDialogs();
   WireTools();
+  WireHelp();
   Main.Openers.About = [this] { Credits.Run(); };
   machine.desktop.RescueWork = [this] { Files.RescueSettings(); };
 }
@@ -111,6 +114,22 @@ void Configurator::WireTools() {
   Main.Openers.Restore = [this] { MenuRestore(line, identity); };
   Main.Openers.SelfTest = [this] { MotorTest.ShowModal(); };
   Main.Desk().AtEnd([this] { MotorTest.StopMotor(); });
+}
+
+void Configurator::WireHelp() {
+  const auto show = [this](const Control& caller) { Help.ShowFor(caller); };
+  Main.Openers.Contents = [this] { Help.ShowFor(Main.MenuContents); };
+  Main.Openers.ContactUs = [this] { Help.ShowFor(Main.menuContactUs); };
+  Main.Openers.WebSite = [this] { Help.ShowFor(Main.menuWebSite); };
+  Main.Openers.HelpOn = show;
+  SetupDialog* const dialogs[] = {&MotorSetup,    &CustomMotorSetup, &PulseDirSetup,
+                                  &VelocitySetup, &AdvancedSetup,    &VTLSetup,
+                                  &IOSetup,       &EncoderSetup,     &RegenSetup};
+  for (SetupDialog* dialog : dialogs) dialog->ShowHelp = show;
+  Form* const told[] = {&ModeMenu, &SmoothingWizard, &Commands.MoveCalculator, &Help};
+  for (SetupDialog* dialog : dialogs) TellFields(*dialog);
+  for (Form* form : told) TellFields(*form);
+  Main.Desk().HelpWanted = [this](const std::string& where) { Help.ShowForKey(where); };
 }
 
 // The dialogs whose OK a download presses first, as the user would, where they are open; in this order. Those

@@ -14,6 +14,7 @@
 #include "dialogs/io_dialog.h"
 #include "dialogs/motion_menu.h"
 #include "dialogs/regen_dialog.h"
+#include "help/help_screen.h"
 #include "help/summary.h"
 #include "image/transfers.h"
 #include "link/comm_ports.h"
@@ -88,6 +89,7 @@ class Configurator {
   Harmonizer SmoothingWizard;
   StartForm Splash;
   About Credits;
+  HelpScreen Help;
 
  private:
   SetupParts Setup() { return {Main, state, settings}; }
@@ -95,6 +97,7 @@ class Configurator {
   void WireFiles();
   void WireSetupDialogs();
   void WireTools();
+  void WireHelp();
   void PressOpenOks();
   void RefillOpenDialogs();
   void TakeMotor(const MotorRecord& motor) { AddMotorIfMissing(motorTable, MotorSetup, motor); }

@@ -62,7 +62,7 @@ void MainForm::WireButtons() {
   });
   for (HotSpot* spot : {&HSACPower, &HSdomelabel, &HSencoder, &HSinout1, &HSinout2, &HSled, &HSrs485}) {
     spot->Clicked.Set([this, spot] {
-      if (Openers.HelpOn) Openers.HelpOn(spot->Name());
+      if (Openers.HelpOn) Openers.HelpOn(*spot);
     });
   }
 }

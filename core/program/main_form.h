@@ -27,7 +27,7 @@ struct MainFormOpeners {
   std::function<void()> Open, Save, SaveAs, Print, Preview;
   std::function<void()> History, ClearFault, IOStatus, Restore, Terminal, SelfTest;
   std::function<void()> Contents, ContactUs, WebSite, About;
-  std::function<void(const std::string& hotSpot)> HelpOn;
+  std::function<void(const Control& hotSpot)> HelpOn;
 };
 
 /// What the main screen works with; all of it outlives the main screen.

@@ -16,8 +16,7 @@ constexpr unsigned char kWizardLetter = 'k';
 }  // namespace
 
 EditMotor::EditMotor(const SetupParts& parts, MotorDialog& motorDialog)
-    : SetupDialog(parts, {"EditMotor", "Define Custom Motor", "ConfigSoftware_Motor.html#DefineMotor"}),
-      motorDialog_(motorDialog) {
+    : SetupDialog(parts, {"EditMotor", "Define Custom Motor"}), motorDialog_(motorDialog) {
   FillUnits(TorqueUnit, TorqueUnitName);
   FillUnits(JUnits, InertiaUnitName);
   WireEntries();

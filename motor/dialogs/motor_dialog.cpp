@@ -16,9 +16,7 @@ constexpr const char* kLess = "Less";
 }  // namespace
 
 MotorDialog::MotorDialog(const SetupParts& parts, MotorTable& table, CurrentLimits& limits)
-    : SetupDialog(parts, {"MotorDialog", "Motor", "ConfigSoftware_Motor.html"}),
-      table_(table),
-      limits_(limits) {
+    : SetupDialog(parts, {"MotorDialog", "Motor"}), table_(table), limits_(limits) {
   FillUnits(JUnits, InertiaUnitName);
   HoldSpecs();
   ShowMore(false);
@@ -26,7 +24,7 @@ MotorDialog::MotorDialog(const SetupParts& parts, MotorTable& table, CurrentLimi
   WireRunningCurrent();
   WireIdleCurrent();
   WireLoadInertia();
-  Wiring.Clicked.Set([this] { ShowHelp("Connecting_the_Motor.html"); });
+  Wiring.Clicked.Set([this] { ShowHelp(Wiring); });
   limits_.CustomOnShow = [this]() -> std::optional<bool> {
     if (Desk().ActiveFormName() != Name() && !leavingCurrent_) return std::nullopt;
     return optCustom.Value();

@@ -76,6 +76,8 @@ class HeadlessDesktop : public Desktop {
   const std::vector<MessageBox>& Boxes() const { return boxes_; }
   /// The file dialogs shown so far.
   const std::vector<FileDialog>& FileDialogs() const { return fileDialogs_; }
+  /// What the system was told to open.
+  const std::vector<std::string>& Addresses() const { return addresses_; }
   /// HeadlessFault when an expected box or file dialog has not come.
   void CheckNothingLeft() const;
 
@@ -93,6 +95,10 @@ class HeadlessDesktop : public Desktop {
   BoxAnswer ShowBox(const MessageBox& box) override;
   /// Answered by the next expected file dialog; without one, or with another purpose, a HeadlessFault.
   std::string ShowFileDialog(const FileDialog& dialog) override;
+  bool OpenAddress(const std::string& address) override {
+    addresses_.push_back(address);
+    return true;
+  }
   /// Throws ProgramEnded.
   [[noreturn]] void EndProcess(int exitCode) override;
 
@@ -122,6 +128,7 @@ class HeadlessDesktop : public Desktop {
   std::vector<MessageBox> boxes_;
   std::deque<ExpectedFile> expectedFiles_;
   std::vector<FileDialog> fileDialogs_;
+  std::vector<std::string> addresses_;
   bool answerAnything_ = false;
   bool recordRefusals_ = false;
   std::vector<std::string> refusals_;

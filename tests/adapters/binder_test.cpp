@@ -61,8 +61,26 @@ TEST(Binder, EveryDesignFitsItsForm) {
       if (widget == nullptr || !IsInput(*widget)) continue;
       EXPECT_FALSE(QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).isEmpty())
           << form->Name() << " " << control->Name();
+      constexpr std::array kFields{ControlKind::TextBox,      ControlKind::TextArea, ControlKind::CheckBox,
+                                   ControlKind::OptionButton, ControlKind::ListBox,  ControlKind::Slider};
+      if (std::ranges::count(kFields, control->Kind()) == 0) continue;
+      EXPECT_FALSE(widget->toolTip().isEmpty()) << form->Name() << " " << control->Name() << " tells nothing";
+      EXPECT_EQ(widget->accessibleDescription(), widget->whatsThis());
     }
   }
+}
+
+TEST_F(Bound, FieldIsExplainedByItsTipByShiftF1AndToAssistants) {
+  const std::string words = "Speed & direction of a motor that is a little longer than one line.";
+  form.text.SetToolTip(words);
+  window.text->setFocus();
+  QTest::keyClick(window.text, Qt::Key_F1, Qt::ShiftModifier);
+  EXPECT_EQ(window.text->accessibleDescription().toStdString(), words);
+  EXPECT_EQ(window.text->toolTip(),
+            "<qt>Speed &amp; direction of a motor that is a little longer than one line.</qt>");
+  const QWidgetList shown = QApplication::topLevelWidgets();
+  EXPECT_TRUE(std::ranges::any_of(shown, [](const QWidget* w) { return w->inherits("QWhatsThat"); }));
+  QWhatsThis::hideText();
 }
 
 TEST(Binder, MainWindowShowsItsFormAndTellsItWhatTheUserDoes) {

@@ -51,7 +51,7 @@ TEST(ChooseFile, GivesTheFullNameAndAsksBeforeAFileIsReplaced) {
     User user{typed, agrees, {}};
     QTimer::singleShot(0, [&user] { user.Act(); });
     const std::string chosen =
-        ChooseFile({purpose, "Words|*.cnf", "cnf", folder.path().toStdString()}, nullptr);
+        ChooseFile({purpose, "Words|*.cnf", "cnf", folder.path().toStdString()}, nullptr, [] {});
     EXPECT_EQ(chosen, expected == nullptr ? "" : folder.filePath(expected).toStdString());
     EXPECT_EQ(user.log, log) << typed;
     QCoreApplication::processEvents();  // the user sees that the dialog has gone

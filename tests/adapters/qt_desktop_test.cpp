@@ -172,6 +172,7 @@ TEST_F(QtDesktopTest, EnterEscAndHelpKeyWorkWhereverTheFocusIs) {
   std::string pressed;
   for (Button* button : {&form.OK, &form.Cancel, &form.Help})
     button->Clicked.Replace([&pressed, button] { pressed += button->Name() + " "; });
+  desktop.HelpWanted = [&pressed](const std::string& where) { pressed += "on " + where + " "; };
   form.Show();
   for (Control* focused : std::initializer_list<Control*>{&form.field, &form.list, &form.combo, &form.slider,
                                                           &form.check, &form.option, &form.Help}) {
@@ -180,13 +181,9 @@ TEST_F(QtDesktopTest, EnterEscAndHelpKeyWorkWhereverTheFocusIs) {
       focused->Focus();
       Key(form, key);
     }
-    EXPECT_EQ(pressed, focused == &form.Help ? "Help Help Cancel Help " : "OK OK Cancel Help ")
+    EXPECT_EQ(pressed, focused == &form.Help ? "Help Help Cancel on TestForm " : "OK OK Cancel on TestForm ")
         << focused->Name();
   }
-  pressed.clear();
-  form.Help.SetEnabled(false);
-  Key(form, Qt::Key_F1);
-  EXPECT_EQ(pressed, "");
 }
 
 TEST_F(QtDesktopTest, BoxAndWindowThatOpenAboveAFileDialogCanBeUsed) {
@@ -209,6 +206,62 @@ TEST_F(QtDesktopTest, BoxAndWindowThatOpenAboveAFileDialogCanBeUsed) {
   Key(below, Qt::Key_Y);
   EXPECT_EQ(below.field.Text(), "y")
       << "the window above blocks the others only while the dialog would block it";
+}
+
+struct CompanionForm : TestForm {
+  explicit CompanionForm(Desktop& desktop) : TestForm(desktop, "Companion") { BeCompanion(); }
+};
+
+TEST_F(QtDesktopTest, CompanionAndWhateverIsModalCanBeUsedBesideEachOther) {
+  TestForm below(desktop, "Below");
+  TestForm modal(desktop, "Modal");
+  CompanionForm companion(desktop);
+  const auto typed = [&](TestForm& form) {
+    form.field.SetText("");
+    form.field.Focus();
+    Key(form, Qt::Key_Y);
+    return form.field.Text() == "y";
+  };
+  std::string usable;
+  const auto note = [&](const char* when) {
+    usable += std::string(when) + ":";
+    for (TestForm* form : std::initializer_list<TestForm*>{&below, &modal, &companion})
+      usable += typed(*form) ? " " + form->Name() : "";
+    usable += "; ";
+  };
+  desktop.HelpWanted = [&](const std::string& where) { usable += where + "; ", companion.Show(); };
+  below.Show();
+  companion.Show();
+  desktop.Post([&] {
+    note("beside the modal window");
+    WithBox([&](QMessageBox& box) {
+      note("beside a box above it");
+      companion.Hide();
+      QTest::keyClick(&box, Qt::Key_F1);
+      note("shown by the box's F1");
+      desktop.WindowOf(companion)->activateWindow();
+      WithBox([&](QMessageBox& inner) { inner.close(); });
+      desktop.Ask({.text = "over the companion"});
+      box.close();
+    });
+    desktop.Ask({.text = "x"});
+    note("the box is gone");
+    modal.Hide();
+  });
+  modal.ShowModal();
+  note("nothing is modal");
+  EXPECT_EQ(usable,
+            "beside the modal window: Modal Companion; beside a box above it: Companion; message box; "
+            "shown by the box's F1: Companion; the box is gone: Modal Companion; "
+            "nothing is modal: Below Companion; ");
+}
+
+TEST_F(QtDesktopTest, AddressesOpenInTheSystemsPrograms) {
+  QTextBrowser system;
+  QDesktopServices::setUrlHandler("https", &system, "setSource");
+  desktop.OpenOutside("https://a.example/b");
+  EXPECT_EQ(system.source(), QUrl("https://a.example/b"));
+  QDesktopServices::unsetUrlHandler("https");
 }
 
 TEST_F(QtDesktopTest, ModalWindowReturnsWhenHiddenAndSwitchingOfTheUserIsTold) {

@@ -61,6 +61,7 @@ struct Scene {
             &program.StatusMonitor,
             &program.SmoothingWizard,
             &program.Credits,
+            &program.Help,
             &program.Terminal,
             &list,
             &list.EFcodes,

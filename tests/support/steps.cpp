@@ -1,10 +1,12 @@
 // The words of which scenarios are made.
 #include <algorithm>
+#include <array>
 #include <map>
 #include <utility>
 #include <variant>
 
 #include "core/settings_fields.h"
+#include "help/field_help.h"
 #include "platform/grid.h"
 #include "platform/text_area.h"
 #include "tests/support/scenario.h"
@@ -66,7 +68,7 @@ void Show(S s, W w) {
   const auto show = [&](const Control& control) {
     std::string line = control.Owner().Name() + "." + control.Name() + ":";
     for (const auto& [property, value] : PropertiesOf(control)) {
-      const bool usual = (property == "tip" && value == "\"\"") ||
+      const bool usual = (property == "tip" && value == Quoted(FieldHelp(control))) ||
                          (property == "enabled" && value == "yes") ||
                          (property == "visible" && value == "yes");
       if (!usual) line += " " + property + (property.empty() ? "" : " ") + value + ",";
@@ -80,10 +82,31 @@ void Show(S s, W w) {
   for (const Control* control : s.Window(name).Controls()) show(*control);
 }
 
+/// What stands beside the fields of each window, empty where one tells nothing.
+void TellFieldHelp(S s, W w) {
+  constexpr std::array kFields{ControlKind::TextBox,      ControlKind::TextArea, ControlKind::CheckBox,
+                               ControlKind::OptionButton, ControlKind::ListBox,  ControlKind::Slider};
+  while (w.More()) {
+    Form& form = s.Window(w.Next());
+    for (const Control* control : form.Controls()) {
+      if (control->Name().find('(') != std::string::npos && !control->Name().ends_with("(0)")) continue;
+      if (!control->ToolTip().empty() || std::ranges::count(kFields, control->Kind()) > 0)
+        s.recorder->Note(form.Name() + "." + control->Name() + ": " + control->ToolTip());
+    }
+  }
+}
+
 void Key(S s, W w) {
   Form& form = s.Window(w.Next());
   s.recorder->Note(form.PressKey(static_cast<char>(w.Whole())) ? "the window keeps it"
                                                                : "the control gets it");
+}
+
+/// F1 in a window, or in what the desktop names in quotes.
+void HelpKey(S s, W w) {
+  const std::string where = w.Next();
+  if (where.find(' ') != std::string::npos) return s.scene.desktop.WantHelp(where);
+  s.Window(where).PressHelpKey();
 }
 
 void Answer(S s, W w) {
@@ -137,14 +160,13 @@ void TellOpeners(S s, W) {
       {&O::WebSite, "WebSite"}};
   for (const auto& [opener, name] : kOpeners)
     s.scene.main.Openers.*opener = [&s, what = name] { s.recorder->Note("opens " + what); };
-  s.scene.main.Openers.HelpOn = [&s](const std::string& spot) { s.recorder->Note("opens help on " + spot); };
+  s.scene.main.Openers.HelpOn = [&s](const Control& spot) {
+    s.recorder->Note("opens help on " + spot.Name());
+  };
 }
 
 /// What the setup dialogs open outside of themselves; to be said before the start.
 void TellPages(S s, W) {
-  for (Form* form : s.scene.Forms())
-    if (auto* const dialog = dynamic_cast<SetupDialog*>(form))
-      dialog->ShowHelp = [&s](const std::string& page) { s.recorder->Note("opens page " + page); };
   s.scene.program.CustomMotorSetup.OpenWizard = [&s] { s.recorder->Note("opens the wizard"); };
   s.scene.program.IOSetup.OpenHistory = [&s] { s.recorder->Note("opens the history"); };
 }
@@ -323,6 +345,7 @@ const std::map<std::string, StepDone> kSteps{
     {"press", [](S s, W w) { s.The<ImageButton>(w.Next()).MouseDown(); }},
     {"release", [](S s, W w) { s.The<ImageButton>(w.Next()).MouseUp(); }},
     {"key", Key},
+    {"f1", HelpKey},
     {"close", [](S s, W w) { s.Window(w.Next()).RequestClose(); }},
     {"bring", [](S s, W w) { s.Window(w.Next()).Show(); }},  // without a user
     {"away", [](S s, W w) { s.Window(w.Next()).Hide(); }},
@@ -335,6 +358,7 @@ const std::map<std::string, StepDone> kSteps{
     {"file", File},
     {"show", Show},
     {"focus", Focus},
+    {"fields", TellFieldHelp},
     {"openers", TellOpeners},
     {"pages", TellPages},
 

@@ -57,6 +57,10 @@ class WatchedDesktop : public HeadlessDesktop {
          dialog.defaultExtension + " in \"" + dialog.folder + "\" -> \"" + name + "\"");
     return name;
   }
+  bool OpenAddress(const std::string& address) override {
+    Note("the system opens " + address);
+    return address.find("nobody") == std::string::npos;
+  }
   void OpenWindow(Form& form, bool modal) override {
     if (watcher != nullptr) watcher->Opened(form, modal);
   }

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "adapters/qt/base/text.h"
+#include "adapters/qt/windows/help_key.h"
 
 namespace kavr6 {
 namespace {
@@ -62,9 +63,10 @@ void WidenText(const QMessageBox& window) {
 
 }  // namespace
 
-BoxAnswer ShowMessageBox(const MessageBox& box, QWidget* parent) {
+BoxAnswer ShowMessageBox(const MessageBox& box, QWidget* parent, const std::function<void()>& help) {
   const Choice choice = ChoiceOf(box.buttons);
   QMessageBox window(parent);
+  const HelpKey key(window, help);
   window.setWindowTitle(box.title.empty() ? QCoreApplication::applicationName() : ToQt(box.title));
   window.setTextFormat(Qt::PlainText);
   window.setText(ToQt(box.text));

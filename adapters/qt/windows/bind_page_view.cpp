@@ -1,5 +1,6 @@
-#include <QDesktopServices>
 #include <QUrl>
+#include <utility>
+#include <vector>
 
 #include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/bind_kinds.h"
@@ -10,7 +11,6 @@ namespace kavr6 {
 namespace {
 
 QUrl UrlOf(const PageAddress& address) {
-  if (address.web) return QUrl(ToQt(address.page));
   QUrl url = QUrl::fromLocalFile(ToQt(address.page));
   if (!address.fragment.empty()) url.setFragment(ToQt(address.fragment), QUrl::DecodedMode);
   return url;
@@ -20,6 +20,28 @@ std::string AddressOf(const QUrl& url) {
   const QString fragment = url.fragment(QUrl::FullyDecoded);
   return FromQt(url.toLocalFile() + (fragment.isEmpty() ? QString() : "#" + fragment));
 }
+
+/// Shows the page of a view, and on the way back where it was left.
+class Pages {
+ public:
+  Pages(const PageView& view, widgets::PageBrowser& browser) : view_(view), browser_(browser) {}
+  /// False when the page is on show already.
+  bool Show() {
+    if (std::exchange(showings_, view_.Showings()) == view_.Showings()) return false;
+    if (!places_.empty()) places_.back() = browser_.place();
+    const bool back = view_.Depth() < places_.size();
+    places_.resize(view_.Depth());
+    browser_.showPage(UrlOf(SplitAddress(view_.Address())));
+    if (back) browser_.goTo(places_.back());
+    return true;
+  }
+
+ private:
+  const PageView& view_;
+  widgets::PageBrowser& browser_;
+  int showings_ = 0;
+  std::vector<int> places_;  // how far each page of the way back was scrolled
+};
 
 }  // namespace
 
@@ -31,19 +53,13 @@ RefreshView BindPageView(Control& control, QObject& target, const UserAction& ac
     if (link.isLocalFile()) {
       act([&view, address = AddressOf(link)] { view.Follow(address); });
     } else {
-      QDesktopServices::openUrl(link);
+      act([&view, address = FromQt(link.toString())] { view.FollowOutside(address); });
     }
   });
   QObject::connect(browser, &widgets::PageBrowser::backWanted, browser,
                    [&view, act] { act([&view] { view.GoBack(); }); });
-  return [&view, browser, act, shown = std::string()]() mutable {
-    if (shown == view.Address()) return;
-    shown = view.Address();
-    const PageAddress address = SplitAddress(shown);
-    const QUrl url = UrlOf(address);
-    browser->showPage(url);
-    if (address.web) QDesktopServices::openUrl(url);
-    act([&view, title = FromQt(browser->documentTitle())] { view.TakeTitle(title); });
+  return [&view, browser, act, pages = Pages(view, *browser)]() mutable {
+    if (pages.Show()) act([&view, title = FromQt(browser->documentTitle())] { view.TakeTitle(title); });
   };
 }
 

@@ -58,15 +58,22 @@ QString ToolTipOf(const Control& control) {
   return list.ListIndex() < 0 ? QString() : ToQt(list.ItemToolTip(list.ListIndex()));
 }
 
-// What has neither a text nor a label of its own is called what its tool tip says.
-void NameForAssistants(QWidget& widget, const QWidget& window) {
+// What has neither a text nor a label of its own is called what the tool tip of its design says.
+void NameForAssistants(QWidget& widget, const QString& designToolTip, const QWidget& window) {
   if (!IsInput(widget) || !widget.accessibleName().isEmpty()) return;
   const QList<QLabel*> labels = window.findChildren<QLabel*>();
   const bool labelled = std::any_of(labels.begin(), labels.end(),
                                     [&](const QLabel* label) { return label->buddy() == &widget; });
   const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
-  if (!labelled && (button == nullptr || button->text().isEmpty()))
-    widget.setAccessibleName(widget.toolTip());
+  if (!labelled && (button == nullptr || button->text().isEmpty())) widget.setAccessibleName(designToolTip);
+}
+
+/// Tool tip, "What's this" and description for assistants are the same words. Longer tips break into lines.
+void Explain(QWidget& widget, const QString& words) {
+  constexpr int kLine = 60;
+  widget.setAccessibleDescription(words);
+  widget.setWhatsThis(words);
+  widget.setToolTip(words.size() <= kLine ? words : "<qt>" + words.toHtmlEscaped() + "</qt>");
 }
 
 }  // namespace
@@ -81,7 +88,8 @@ Binder::Binder(Form& form, QWidget& window) : form_(form) {
   for (Tie& tie : ties_) tie.control->SetView([this, &tie] { RefreshTie(tie); });
   Refresh();
   for (const Tie& tie : ties_) {
-    if (auto* const widget = qobject_cast<QWidget*>(tie.target)) NameForAssistants(*widget, window);
+    if (auto* const widget = qobject_cast<QWidget*>(tie.target))
+      NameForAssistants(*widget, tie.designToolTip, window);
   }
 }
 
@@ -161,8 +169,8 @@ void Binder::RefreshTie(Tie& tie) {
   const Control& control = *tie.control;
   if (auto* const widget = qobject_cast<QWidget*>(tie.target)) {
     const QString toolTip = ToolTipOf(control);
-    if (const QString& shown = toolTip.isEmpty() ? tie.designToolTip : toolTip; widget->toolTip() != shown)
-      widget->setToolTip(shown);
+    if (const QString& shown = toolTip.isEmpty() ? tie.designToolTip : toolTip; widget->whatsThis() != shown)
+      Explain(*widget, shown);
     if (std::exchange(tie.hidden, !control.Visible()) == control.Visible())
       widget->setVisible(control.Visible());
     // Asked of the widget itself: one inside a disabled frame is off without being told so.

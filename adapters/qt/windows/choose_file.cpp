@@ -6,6 +6,7 @@
 #include <QTreeView>
 
 #include "adapters/qt/base/text.h"
+#include "adapters/qt/windows/help_key.h"
 
 namespace kavr6 {
 namespace {
@@ -39,10 +40,11 @@ void WidenColumns(QFileDialog& window) {
 
 }  // namespace
 
-std::string ChooseFile(const FileDialog& dialog, QWidget* parent) {
+std::string ChooseFile(const FileDialog& dialog, QWidget* parent, const std::function<void()>& help) {
   const bool saves = dialog.purpose == FileDialog::Purpose::Save;
   PlainIcons icons;
   QFileDialog window(parent, saves ? "Save As" : "Open", ToQt(dialog.folder), FilterOf(dialog.filter));
+  const HelpKey key(window, help);
   // Not every system's own dialog asks about the name with its extension before a file is overwritten, or
   // lets a box that opens meanwhile be used.
   window.setOption(QFileDialog::DontUseNativeDialog);

@@ -16,6 +16,7 @@
 
 #include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/entry.h"
+#include "adapters/qt/windows/help_key.h"
 #include "adapters/qt/windows/twips.h"
 #include "platform/controls.h"
 
@@ -48,13 +49,6 @@ Button* EscapeButton(const Form& form) {
                         return control->Kind() == ControlKind::Button;
                       }) == 1;
   return single ? ButtonWithRole(form, Button::Role::Default) : nullptr;
-}
-
-Button* HelpButton(const Form& form) {
-  Control* const control = form.Find("Help");
-  const bool usable = control != nullptr && control->Kind() == ControlKind::Button && control->Enabled() &&
-                      control->Visible();
-  return usable ? static_cast<Button*>(control) : nullptr;
 }
 
 bool IsEnter(const QKeyEvent& event) { return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter; }
@@ -224,9 +218,8 @@ bool FormWindow::KeepsKey(const QKeyEvent& event) {
 }
 
 bool FormWindow::OpensHelp(const QKeyEvent& event) {
-  Button* const help = HelpButton(form_);
-  if (help == nullptr || event.key() != Qt::Key_F1 || event.modifiers() != Qt::NoModifier) return false;
-  EnterLogic(form_.Desk(), [help] { help->Click(); });
+  if (!IsHelpKey(event)) return false;
+  EnterLogic(form_.Desk(), [this] { form_.PressHelpKey(); });
   return true;
 }
 

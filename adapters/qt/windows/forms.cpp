@@ -15,6 +15,7 @@
 #include "ui_EncoderDialog.h"
 #include "ui_ExecStatus.h"
 #include "ui_Harmonizer.h"
+#include "ui_HelpScreen.h"
 #include "ui_IOdialog.h"
 #include "ui_MainForm.h"
 #include "ui_MotionMenu.h"
@@ -76,6 +77,7 @@ const std::array kForms{
     FormRow{"ExecStatus", Build<QDialog, Ui::ExecStatus>},
     FormRow{"AlarmHistory", Build<QDialog, Ui::AlarmHistory>},
     FormRow{"ServoFault", Build<QDialog, Ui::ServoFault>},
+    FormRow{"HelpScreen", Build<QDialog, Ui::HelpScreen>},
     FormRow{"SelfTest", Build<QDialog, Ui::SelfTest>},
 };
 

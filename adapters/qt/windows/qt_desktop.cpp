@@ -1,10 +1,12 @@
 #include "adapters/qt/windows/qt_desktop.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QLocale>
 #include <QMainWindow>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QUrl>
 #include <QVersionNumber>
 #include <QWindow>
 #include <algorithm>
@@ -12,8 +14,10 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/ask.h"
 #include "adapters/qt/windows/choose_file.h"
+#include "adapters/qt/windows/companion.h"
 #include "adapters/qt/windows/entry.h"
 #include "adapters/qt/windows/form_window.h"
 #include "adapters/qt/windows/twips.h"
@@ -46,10 +50,20 @@ QtDesktop::~QtDesktop() {
   if (exiting == this) exiting = nullptr;
 }
 
-BoxAnswer QtDesktop::ShowBox(const MessageBox& box) { return ShowMessageBox(box, BoxParent()); }
+BoxAnswer QtDesktop::ShowBox(const MessageBox& box) {
+  return ShowMessageBox(box, BoxParent(), HelpIn(kInBox));
+}
 
 std::string QtDesktop::ShowFileDialog(const FileDialog& dialog) {
-  return kavr6::ChooseFile(dialog, BoxParent());
+  return kavr6::ChooseFile(dialog, BoxParent(), HelpIn(kInFileDialog));
+}
+
+bool QtDesktop::OpenAddress(const std::string& address) {
+  return QDesktopServices::openUrl(QUrl(ToQt(address)));
+}
+
+std::function<void()> QtDesktop::HelpIn(const char* place) {
+  return [this, place] { EnterLogic(*this, [this, place] { WantHelp(place); }); };
 }
 
 void QtDesktop::Beep() { QApplication::beep(); }
@@ -93,9 +107,16 @@ QWidget* QtDesktop::FrontWindow() const {
   return ShownForms().empty() ? nullptr : WindowOf(*ShownForms().back());
 }
 
+// Not a companion: it belongs to the box that opens.
 QWidget* QtDesktop::BoxParent() const {
   QWidget* const active = QApplication::activeWindow();
-  return active != nullptr ? active : FrontWindow();
+  const auto front = std::find_if(ShownForms().rbegin(), ShownForms().rend(),
+                                  [](const Form* form) { return !form->Companion(); });
+  const bool companion = std::any_of(ShownForms().begin(), ShownForms().end(), [&](const Form* form) {
+    return form->Companion() && WindowOf(*form) == active;
+  });
+  if (active != nullptr && !companion) return active;
+  return front == ShownForms().rend() ? nullptr : WindowOf(**front);
 }
 
 FormWindow& QtDesktop::Built(Form& form) {
@@ -107,6 +128,7 @@ FormWindow& QtDesktop::Built(Form& form) {
   const bool isMain = qobject_cast<QMainWindow*>(window.get()) != nullptr;
   auto built = std::make_unique<FormWindow>(form, std::move(window), [this, &form] { UserActivated(form); });
   if (isMain) mainWindow_ = &built->Window();
+  if (form.Companion()) new Companion(built->Window(), mainWindow_);
   return *windows_.emplace(&form, std::move(built)).first->second;
 }
 
@@ -116,7 +138,7 @@ void QtDesktop::OpenWindow(Form& form, bool modal) {
     const QScopedValueRollback arranging(arranging_, true);
     // A window that opens above a modal one or above a box would otherwise be blocked by it.
     const QWidget* const modalAbove = QApplication::activeModalWidget();
-    const bool blocked = modalAbove != nullptr && modalAbove != &opened.Window();
+    const bool blocked = modalAbove != nullptr && modalAbove != &opened.Window() && !form.Companion();
     if (blocked && !modal && !opened.Window().isVisible()) lifted_.push_back(&opened);
     opened.Open(modal || blocked);
   }

@@ -53,6 +53,7 @@ class QtDesktop : public Desktop {
   void DropWindow(Form& form) override;
   BoxAnswer ShowBox(const MessageBox& box) override;
   std::string ShowFileDialog(const FileDialog& dialog) override;
+  bool OpenAddress(const std::string& address) override;
   void BoxGone() override { LowerLifted(); }
   /// Runs no destructors.
   [[noreturn]] void EndProcess(int exitCode) override;
@@ -62,6 +63,7 @@ class QtDesktop : public Desktop {
   FormWindow& Built(Form& form);
   void UserActivated(Form& form);
   QWidget* FrontWindow() const;
+  std::function<void()> HelpIn(const char* place);
   void LowerLifted();
   void AwaitActivation();
 

@@ -20,8 +20,8 @@ namespace {
 
 QString PathOf(const QString& name) { return ":/artwork/" + name + ".svg"; }
 
-QByteArray SourceOf(const QString& name, const QColor& ink) {
-  QFile file(PathOf(name));
+QByteArray SourceOf(const QString& path, const QColor& ink) {
+  QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return {};
   return file.readAll().replace("currentColor", ink.name().toLatin1());
 }
@@ -31,26 +31,36 @@ QByteArray SourceOf(const QString& name, const QColor& ink) {
 bool HasArtwork(const QString& name) { return !name.isEmpty() && QFile::exists(PathOf(name)); }
 
 QSize ArtworkSize(const QString& name) {
-  static QHash<QString, QSize> known;
-  if (const auto found = known.constFind(name); found != known.constEnd()) return *found;
-  const QSize size = HasArtwork(name) ? QSvgRenderer(PathOf(name)).defaultSize() : QSize(1, 1);
-  known.insert(name, size);
-  return size;
+  return HasArtwork(name) ? SvgSize(PathOf(name)).toSize() : QSize(1, 1);
 }
 
 QPixmap ArtworkPixmap(const QString& name, const QSize& size, qreal devicePixelRatio, const QColor& ink) {
-  if (!HasArtwork(name) || size.isEmpty()) return {};
+  if (!HasArtwork(name)) return {};
+  return SvgPixmap(PathOf(name), size, devicePixelRatio, ink);
+}
+
+QSizeF SvgSize(const QString& path) {
+  static QHash<QString, QSizeF> known;
+  if (const auto found = known.constFind(path); found != known.constEnd()) return *found;
+  const QSvgRenderer renderer(path);
+  if (!renderer.isValid()) return {};
+  return *known.insert(path, renderer.defaultSize());
+}
+
+QPixmap SvgPixmap(const QString& path, const QSize& size, qreal devicePixelRatio, const QColor& ink) {
+  if (size.isEmpty()) return {};
   const QString key = QString("art/%1/%2x%3@%4/%5")
-                          .arg(name)
+                          .arg(path)
                           .arg(size.width())
                           .arg(size.height())
                           .arg(devicePixelRatio)
                           .arg(ink.name());
   QPixmap pixmap;
   if (QPixmapCache::find(key, &pixmap)) return pixmap;
+  QSvgRenderer renderer(SourceOf(path, ink));
+  if (!renderer.isValid()) return {};
   pixmap = QPixmap((QSizeF(size) * devicePixelRatio).toSize());
   pixmap.fill(Qt::transparent);
-  QSvgRenderer renderer(SourceOf(name, ink));
   QPainter painter(&pixmap);
   renderer.render(&painter, QRectF(pixmap.rect()));
   painter.end();

@@ -8,12 +8,15 @@ set(WIDGET_SOURCES
     widgets/drive_picture.cpp
     widgets/drive_stage.cpp
     widgets/elided_label.cpp
+    widgets/find_bar.cpp
     widgets/hot_spot.cpp
     widgets/image_button.cpp
     widgets/lamp.cpp
     widgets/large_label.cpp
     widgets/page_area.cpp
     widgets/page_browser.cpp
+    widgets/page_pictures.cpp
+    widgets/page_source.cpp
     widgets/percent_panel.cpp
     widgets/picture.cpp
     widgets/picture_button.cpp

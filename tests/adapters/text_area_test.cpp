@@ -1,4 +1,4 @@
-// Long texts and help pages in their widgets.
+// Long texts in their widgets.
 #include <QTest>
 
 #include "adapters/qt/base/text.h"
@@ -7,9 +7,9 @@
 namespace kavr6 {
 namespace {
 
-using TextAndPages = Bound;
+using Texts = Bound;
 
-TEST_F(TextAndPages, LineIsTypedWithCrLfAndTheKeyIsToldWhenItIsReleased) {
+TEST_F(Texts, LineIsTypedWithCrLfAndTheKeyIsToldWhenItIsReleased) {
   std::string log;
   form.line.KeyUp.Set([&](int code) {
     log += std::to_string(code) + ":" + form.line.Text() + ";";
@@ -34,7 +34,7 @@ TEST_F(TextAndPages, LineIsTypedWithCrLfAndTheKeyIsToldWhenItIsReleased) {
   EXPECT_EQ(window.line->textCursor().selectedText(), "b");
 }
 
-struct Record : TextAndPages {
+struct Record : Texts {
   /// News come to the screen a little later.
   bool Shows(const QString& text) {
     return QTest::qWaitFor([&] { return window.record->toPlainText() == text; });
@@ -93,45 +93,6 @@ TEST_F(Record, StaysAtItsEndUnlessTheUserHasScrolledUp) {
   form.record.CaretToEnd();
   ASSERT_TRUE(Shows(lines.section('\n', 2) + "end\n\n"));
   EXPECT_EQ(bar->value(), bar->maximum());
-}
-
-TEST_F(TextAndPages, PagesFollowLinksAndGoBackAndTellTheirTitles) {
-  const QTemporaryDir folder;
-  const auto write = [&](const char* name, const char* html) {
-    QFile file(folder.filePath(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(html);
-  };
-  write("contact us.html",
-        "<html><head><title>Contact</title></head><body><a href='index.html#low'>i</a></body></html>");
-  const QString lines = QString("<p>x</p>").repeated(200);
-  write("index.html", ("<html><head><title>Index</title></head><body>" + lines +
-                       "<a name='low'></a><p>low</p></body></html>")
-                          .toLatin1());
-  const std::string base = folder.path().toStdString() + "/";
-  std::string log;
-  form.pages.TitleChanged.Set([&] { log += form.pages.Title() + ";"; });
-  form.pages.CanGoBackChanged.Set([&] { log += form.pages.CanGoBack() ? "can;" : "cannot;"; });
-  form.pages.Navigate(base + "contact us.html");
-  emit window.pages->anchorClicked(window.pages->source().resolved(QUrl("index.html#low")));
-  EXPECT_EQ(form.pages.Address(), base + "index.html#low");
-  EXPECT_GT(window.pages->verticalScrollBar()->value(), 0) << "reading begins at the fragment";
-  window.pages->backward();
-  EXPECT_EQ(log, "Contact;;Index;can;;Contact;cannot;");
-  form.pages.Navigate(base + "none.html");
-  EXPECT_EQ(window.pages->toPlainText().toStdString(), "This page is missing:\n" + base + "none.html");
-  form.pages.GoBack();
-  EXPECT_EQ(window.pages->documentTitle(), "Contact");
-
-  QTextBrowser system;  // takes what the program leaves to the system's own browser
-  QDesktopServices::setUrlHandler("https", &system, "setSource");
-  form.pages.Navigate("https://a.example/b");
-  EXPECT_EQ(system.source(), QUrl("https://a.example/b"));
-  EXPECT_TRUE(window.pages->toPlainText().endsWith("browser:\nhttps://a.example/b"));
-  emit window.pages->anchorClicked(QUrl("https://a.example/c"));
-  EXPECT_EQ(system.source(), QUrl("https://a.example/c"));
-  EXPECT_EQ(form.pages.Address(), "https://a.example/b");
-  QDesktopServices::unsetUrlHandler("https");
 }
 
 }  // namespace
