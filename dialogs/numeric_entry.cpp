@@ -81,6 +81,8 @@ std::string EntryText(double value, EntryForm form) {
 
 }  // namespace
 
+std::span<const EntryLimits> AllLimits() { return kLimits; }
+
 const EntryLimits& LimitsOf(const TextBox& box) {
   const auto row = std::find_if(kLimits.begin(), kLimits.end(), [&](const EntryLimits& limits) {
     return limits.dialog == box.Owner().Name() && limits.field == box.Name();

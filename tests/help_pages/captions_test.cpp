@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 /// Texts of all designs, without the marks of their mnemonics.
 std::set<std::string> Captions() {
   std::set<std::string> captions;
-  for (const auto& entry : fs::directory_iterator(KAVR6_SOURCE "/adapters/qt/windows/forms")) {
+  for (const auto& entry : fs::directory_iterator(KAVR6_FORMS)) {
     QFile file(entry.path());
     if (entry.path().extension() != ".ui" || !file.open(QFile::ReadOnly)) continue;
     for (QXmlStreamReader xml(&file); !xml.atEnd(); xml.readNext())
