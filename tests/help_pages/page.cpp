@@ -4,6 +4,7 @@
 #include <QXmlStreamReader>
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -38,13 +39,20 @@ class Reader {
   void Begin(const QString& element) {
     page_.elements.insert(element.toStdString());
     if (element == "a" && xml_.attributes().hasAttribute("href")) page_.links.push_back(Attribute("href"));
-    if (element == "a" && xml_.attributes().hasAttribute("name")) page_.fragments.insert(Attribute("name"));
+    if (element == "a" && xml_.attributes().hasAttribute("name")) Place(Attribute("name"));
     if (element == "img") Picture();
     if (element == "table") table_ = Attribute("id");
     if (element == "tr") row_.clear();
+    if (element == "tr") inRow_ = true;
     if (element == "code" || element == "pre") ++code_;
-    if (element == "title" || element == "h1" || element == "td") text_.clear();
+    if (element == "title" || element == "td" || IsHeading(element)) text_.clear();
+    if (IsHeading(element)) places_.clear();
+    if (element == "b") bold_ = text_.size();
     if (!Inline(element)) page_.words += '\n';
+  }
+  void Place(const std::string& name) {
+    page_.fragments.insert(name);
+    places_.push_back(name);
   }
   void Picture() {
     page_.pictures.push_back(Attribute("src"));
@@ -60,10 +68,19 @@ class Reader {
     if (element == "title") page_.title = said;
     if (element == "h1" && page_.heading.empty()) page_.heading = said;
     if (element == "td") row_.push_back(said);
+    // What begins a row is its name.
+    const bool named = inRow_ && row_.empty() && text_.left(bold_).trimmed().isEmpty();
+    if (element == "b" && !named) page_.bold.push_back(text_.mid(bold_).simplified().toStdString());
+    if (IsHeading(element))
+      for (const std::string& place : std::exchange(places_, {})) page_.headings[place] = said;
     if (element == "tr" && !table_.empty() && !row_.empty()) page_.tables[table_].push_back(row_);
     if (element == "table") table_.clear();
+    if (element == "tr") inRow_ = false;
     if (element == "code" || element == "pre") --code_;
     if (!Inline(element)) page_.words += '\n';
+  }
+  static bool IsHeading(const QString& element) {
+    return element == "h1" || element == "h2" || element == "h3";
   }
   static bool Inline(const QString& element) {
     return element == "a" || element == "b" || element == "i" || element == "span" || element == "code";
@@ -73,7 +90,10 @@ class Reader {
   Page& page_;
   QXmlStreamReader xml_;
   QString text_;  // since the cell or heading began
+  qsizetype bold_ = 0;
+  std::vector<std::string> places_;  // in the heading that is being read
   std::vector<std::string> row_;
+  bool inRow_ = false;
   std::string table_;
   int code_ = 0;
 };
