@@ -21,7 +21,7 @@ struct Page {
   std::vector<std::string> links;     // href, as it stands
   std::vector<std::string> pictures;  // src, as it stands
   std::vector<std::string> untold;    // pictures without a text of their own
-  std::vector<std::string> bold;      // what stands in b, but for the names of rows
+  std::vector<std::string> captions;  // what stands in i
   std::set<std::string> fragments;
   std::map<std::string, std::string> headings;  // by the fragments in them
   std::set<std::string> elements;
