@@ -40,6 +40,7 @@ class Reader {
     page_.elements.insert(element.toStdString());
     if (element == "a" && xml_.attributes().hasAttribute("href")) page_.links.push_back(Attribute("href"));
     if (element == "a" && xml_.attributes().hasAttribute("name")) Place(Attribute("name"));
+    if (element == "link") page_.styled = Attribute("href") == "help.css" && Attribute("type") == "text/css";
     if (element == "img") Picture();
     if (element == "table") table_ = Attribute("id");
     if (element == "tr") row_.clear();

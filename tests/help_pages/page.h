@@ -14,6 +14,7 @@ using Rows = std::vector<std::vector<std::string>>;
 struct Page {
   /// Why it could not be read to its end, with the line; "" if it could.
   std::string fault;
+  bool styled = false;  // has the style sheet, told in the way that the viewer understands
   std::string title;
   std::string heading;  // of the first h1
   /// What a person reads, block by block, but for code and pre.
