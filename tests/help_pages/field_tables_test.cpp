@@ -99,7 +99,9 @@ const std::vector<LimitTable>& LimitTables() {
        {{"IOdialog", "txtBrakeDelay"}, {"IOdialog", "txtBrakeEngage"}, {"IOdialog", "txtMaxAccel"}}},
       {"ConnectingEncoder.html",
        "limits-encoder",
-       {{"EncoderDialog", "txtEncCounts"}, {"EncoderDialog", "txtMaxTorque"}, {"EncoderDialog", "txtAttempts"}}},
+       {{"EncoderDialog", "txtEncCounts"},
+        {"EncoderDialog", "txtMaxTorque"},
+        {"EncoderDialog", "txtAttempts"}}},
       {"regen.html",
        "limits-regen",
        {{"RegenDialog", "RegenWatts"}, {"RegenDialog", "RegenOhms"}, {"RegenDialog", "RegenSecs"}}},
@@ -188,7 +190,8 @@ TEST(FieldTables, MenuButtonsReadAsInTheMenu) {
 TEST(FieldTables, InputsAndOutputsAreThoseOfTheProgram) {
   Rows x;
   Rows in;
-  for (const std::string_view name : kInputNames) (name.front() == 'X' ? x : in).push_back({std::string(name)});
+  for (const std::string_view name : kInputNames)
+    (name.front() == 'X' ? x : in).push_back({std::string(name)});
   EXPECT_EQ(Lines(FirstColumns(1, "Connecting_IO_to_InOut1.html", "inputs-x")), Lines(x));
   EXPECT_EQ(Lines(FirstColumns(1, "Connecting_IO_to_InOut2.html", "inputs-in")), Lines(in));
   const std::string page = "ConfigSoftware_InputsOutputs.html";

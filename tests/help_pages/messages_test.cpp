@@ -108,7 +108,7 @@ std::vector<std::string> LiteralsOfBoxes(const std::string& source) {
   std::vector<std::string> literals;
   static const std::regex box(R"(\.text\s*\+?=([^;]*);)");
   static const std::regex literal(R"re("((?:[^"\\]|\\.)*)"(?:\s*"((?:[^"\\]|\\.)*)")*)re");
-  static const std::regex joint(R"("\s+")"), quote(R"(\\")"), lineEnd(R"(\\n)");
+  static const std::regex joint(R"("\s*\n\s*")"), quote(R"(\\")"), lineEnd(R"(\\n)");
   for (std::sregex_iterator at(source.begin(), source.end(), box), end; at != end; ++at) {
     const std::string code = (*at)[1];
     for (std::sregex_iterator found(code.begin(), code.end(), literal); found != end; ++found) {
