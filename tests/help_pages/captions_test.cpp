@@ -1,8 +1,8 @@
 // What a page names in italics is written on the program, in these words.
 #include <QFile>
+#include <QRegularExpression>
 #include <QXmlStreamReader>
 #include <filesystem>
-#include <regex>
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 /// As the screen shows it, without the mark of a mnemonic.
 std::string Shown(const std::string& caption) {
-  return std::regex_replace(caption, std::regex("&(&?)"), "$1");
+  return QString::fromStdString(caption).replace(QRegularExpression("&(&?)"), "\\1").toStdString();
 }
 
 /// Of all designs, and what the program writes into lists and windows by itself.

@@ -1,5 +1,5 @@
 // The examples of the text language are what the simulated drive answers.
-#include <regex>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -20,10 +20,11 @@ std::vector<std::string> Split(const std::string& text, const std::string& mark)
 
 /// A step in brackets as an order to the simulated drive; an empty one if it is none.
 std::string OrderOf(const std::string& step) {
-  std::smatch part;
-  if (std::regex_match(step, part, std::regex(R"(\(close (\w+)\))"))) return "@ " + part.str(1) + " low";
-  if (std::regex_match(step, part, std::regex(R"(\(wait ([\d.]+) s\))"))) return "@ later " + part.str(1);
-  return {};
+  const auto part =
+      QRegularExpression(R"(^\((close|wait) ([\w.]+)( s)?\)$)").match(QString::fromStdString(step));
+  if (!part.hasMatch()) return {};
+  const std::string what = part.captured(2).toStdString();
+  return part.captured(1) == "close" ? "@ " + what + " low" : "@ later " + what;
 }
 
 /// The example as it came out, in the words of the page. An answer that the page leaves open stays open.
@@ -34,8 +35,8 @@ std::string Played(const std::string& example) {
   for (const std::string& step : Split(example, "; ")) {
     const std::vector<std::string> parts = Split(step, " → ");
     const std::string order = OrderOf(step);
-    std::string answer =
-        std::regex_replace(terminal.Do(order.empty() ? parts[0] : order), std::regex(R"(\|$)"), "");
+    std::string answer = terminal.Do(order.empty() ? parts[0] : order);
+    if (answer.ends_with('|')) answer.pop_back();
     const std::size_t open = step.find("…");
     if (open != std::string::npos && (parts[0] + " → " + answer).starts_with(step.substr(0, open)))
       answer = parts[1];

@@ -1,8 +1,8 @@
 // Every message box is explained in the help, with all its buttons.
+#include <QRegularExpression>
 #include <QString>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -55,16 +55,14 @@ struct Box {
 /// All boxes that stand in the scenarios' transcripts, each once.
 std::set<Box> BoxesOfScenarios() {
   std::set<Box> boxes;
-  const std::regex form(
-      R"re(box (without title|"(.*?)"), [a-z ]+, (OK|OK Cancel|Yes No): "(.*?)"( -> \w+)?)re");
-  const std::regex lineEnd(R"(\\x0A)");
-  std::istringstream lines(AllOf("tests", ".txt"));
-  std::smatch part;
-  for (std::string line; std::getline(lines, line);) {
-    const std::size_t at = line.find("box ");
-    if (at == std::string::npos || !std::regex_match(line = line.substr(at), part, form)) continue;
-    boxes.insert(
-        {Simplified(part.str(2) + " " + std::regex_replace(part.str(4), lineEnd, " ")), part.str(3)});
+  const QRegularExpression form(
+      R"re(box (?:without title|"(.*?)"), [a-z ]+, (OK|OK Cancel|Yes No): "(.*?)"(?: -> \w+)?$)re",
+      QRegularExpression::MultilineOption);
+  const QString transcripts = QString::fromStdString(AllOf("tests", ".txt"));
+  for (auto found = form.globalMatch(transcripts); found.hasNext();) {
+    const auto box = found.next();
+    const QString words = box.captured(1) + " " + box.captured(3).replace("\\x0A", " ");
+    boxes.insert({words.simplified().toStdString(), box.captured(2).toStdString()});
   }
   // Boxes that the scenarios themselves put up.
   boxes.erase({"something else", ""});
@@ -105,17 +103,16 @@ TEST(HelpMessages, EveryBoxOfTheScenariosIsExplained) {
 
 /// What stands between quotes in the boxes of a source; literals side by side are one.
 std::vector<std::string> LiteralsOfBoxes(const std::string& source) {
+  static const QRegularExpression box(R"(\.text\s*\+?=([^;]*);)");
+  static const QRegularExpression joint(R"("\s*\n\s*")");
+  static const QRegularExpression literal(R"re("((?:[^"\\]|\\.)+)")re");
   std::vector<std::string> literals;
-  static const std::regex box(R"(\.text\s*\+?=([^;]*);)");
-  static const std::regex literal(R"re("((?:[^"\\]|\\.)*)"(?:\s*"((?:[^"\\]|\\.)*)")*)re");
-  static const std::regex joint(R"("\s*\n\s*")"), quote(R"(\\")"), lineEnd(R"(\\n)");
-  for (std::sregex_iterator at(source.begin(), source.end(), box), end; at != end; ++at) {
-    const std::string code = (*at)[1];
-    for (std::sregex_iterator found(code.begin(), code.end(), literal); found != end; ++found) {
-      std::string text = std::regex_replace(found->str(), joint, "");
-      text = std::regex_replace(text.substr(1, text.size() - 2), quote, "\"");
-      if (!text.empty()) literals.push_back(Simplified(std::regex_replace(text, lineEnd, " ")));
-    }
+  const QString code = QString::fromStdString(source);
+  for (auto found = box.globalMatch(code); found.hasNext();) {
+    const QString joined = found.next().captured(1).replace(joint, "");
+    for (auto part = literal.globalMatch(joined); part.hasNext();)
+      literals.push_back(
+          part.next().captured(1).replace("\\n", " ").replace("\\\"", "\"").simplified().toStdString());
   }
   return literals;
 }
@@ -134,13 +131,13 @@ TEST(HelpMessages, EveryBoxOfTheSourcesIsExplained) {
 }
 
 TEST(HelpMessages, WordsOfTheSystemAreThoseOfThePort) {
-  const std::string source = AllOf("adapters/qt/serial", ".cpp");
+  const std::string source =
+      QString::fromStdString(AllOf("adapters/qt/serial", ".cpp")).replace("\\\"", "\"").toStdString();
   for (const auto& row : TableRows("messages.html", "causes")) {
     std::string pattern = row[0];
     for (std::size_t end; !pattern.empty(); pattern.erase(0, end == std::string::npos ? end : end + 3)) {
       end = pattern.find("…");
-      std::string piece = Simplified(pattern.substr(0, end));
-      piece = std::regex_replace(piece, std::regex("\""), "\\\"");
+      const std::string piece = Simplified(pattern.substr(0, end));
       EXPECT_NE(source.find(piece), std::string::npos) << piece;
     }
   }
