@@ -40,14 +40,14 @@ class Reader {
     page_.elements.insert(element.toStdString());
     if (element == "a" && xml_.attributes().hasAttribute("href")) page_.links.push_back(Attribute("href"));
     if (element == "a" && xml_.attributes().hasAttribute("name")) Place(Attribute("name"));
+    if (element == "link") page_.styled = Attribute("href") == "help.css" && Attribute("type") == "text/css";
     if (element == "img") Picture();
     if (element == "table") table_ = Attribute("id");
     if (element == "tr") row_.clear();
-    if (element == "tr") inRow_ = true;
     if (element == "code" || element == "pre") ++code_;
     if (element == "title" || element == "td" || IsHeading(element)) text_.clear();
     if (IsHeading(element)) places_.clear();
-    if (element == "b") bold_ = text_.size();
+    if (element == "i") italic_ = text_.size();
     if (!Inline(element)) page_.words += '\n';
   }
   void Place(const std::string& name) {
@@ -68,14 +68,11 @@ class Reader {
     if (element == "title") page_.title = said;
     if (element == "h1" && page_.heading.empty()) page_.heading = said;
     if (element == "td") row_.push_back(said);
-    // What begins a row is its name.
-    const bool named = inRow_ && row_.empty() && text_.left(bold_).trimmed().isEmpty();
-    if (element == "b" && !named) page_.bold.push_back(text_.mid(bold_).simplified().toStdString());
+    if (element == "i") page_.captions.push_back(text_.mid(italic_).simplified().toStdString());
     if (IsHeading(element))
       for (const std::string& place : std::exchange(places_, {})) page_.headings[place] = said;
     if (element == "tr" && !table_.empty() && !row_.empty()) page_.tables[table_].push_back(row_);
     if (element == "table") table_.clear();
-    if (element == "tr") inRow_ = false;
     if (element == "code" || element == "pre") --code_;
     if (!Inline(element)) page_.words += '\n';
   }
@@ -90,10 +87,9 @@ class Reader {
   Page& page_;
   QXmlStreamReader xml_;
   QString text_;  // since the cell or heading began
-  qsizetype bold_ = 0;
+  qsizetype italic_ = 0;
   std::vector<std::string> places_;  // in the heading that is being read
   std::vector<std::string> row_;
-  bool inRow_ = false;
   std::string table_;
   int code_ = 0;
 };

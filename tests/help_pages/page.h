@@ -14,6 +14,7 @@ using Rows = std::vector<std::vector<std::string>>;
 struct Page {
   /// Why it could not be read to its end, with the line; "" if it could.
   std::string fault;
+  bool styled = false;  // has the style sheet, told in the way that the viewer understands
   std::string title;
   std::string heading;  // of the first h1
   /// What a person reads, block by block, but for code and pre.
@@ -21,7 +22,7 @@ struct Page {
   std::vector<std::string> links;     // href, as it stands
   std::vector<std::string> pictures;  // src, as it stands
   std::vector<std::string> untold;    // pictures without a text of their own
-  std::vector<std::string> bold;      // what stands in b, but for the names of rows
+  std::vector<std::string> captions;  // what stands in i
   std::set<std::string> fragments;
   std::map<std::string, std::string> headings;  // by the fragments in them
   std::set<std::string> elements;

@@ -81,6 +81,7 @@ TEST(HelpPages, AreWellFormedAndNamedAsTheirHeading) {
   for (const std::string& name : PageNames()) {
     const Page& page = HelpPage(name);
     EXPECT_EQ(page.fault, "") << name;
+    EXPECT_TRUE(page.styled) << name;
     EXPECT_NE(page.title, "") << name;
     EXPECT_EQ(page.title, page.heading) << name;
     for (const std::string& element : page.elements)
