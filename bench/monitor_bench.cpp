@@ -15,8 +15,7 @@
 
 #include "adapters/qt/base/file_store.h"
 #include "adapters/qt/serial/serial_comm.h"
-#include "adapters/qt/windows/forms.h"
-#include "adapters/qt/windows/qt_desktop.h"
+#include "bench/bench_desktop.h"
 #include "core/program/configurator.h"
 #include "motor/small_catalogue.h"
 #include "platform/headless/headless_desktop.h"
@@ -29,19 +28,6 @@ namespace {
 constexpr int kRounds = 101;
 constexpr double kMinute = 60.0;
 constexpr int kMinutes = 60;
-
-/// Every box is answered with OK or Yes.
-class BenchDesktop : public QtDesktop {
- public:
-  explicit BenchDesktop(std::filesystem::path folder) : QtDesktop(BuildWindow), folder_(std::move(folder)) {}
-  std::filesystem::path ProgramDirectory() const override { return folder_; }
-  BoxAnswer ShowBox(const MessageBox& box) override {
-    return box.buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
-  }
-
- private:
-  std::filesystem::path folder_;
-};
 
 class CountingComm : public SerialComm {
  public:

@@ -17,10 +17,9 @@
 
 #include "adapters/qt/base/file_store.h"
 #include "adapters/qt/serial/serial_comm.h"
-#include "adapters/qt/windows/forms.h"
-#include "adapters/qt/windows/qt_desktop.h"
 #include "adapters/sqlite/motor_catalogue.h"
 #include "adapters/sqlite/sqlite_table.h"
+#include "bench/bench_desktop.h"
 #include "core/program/configurator.h"
 
 namespace kavr6 {
@@ -36,36 +35,11 @@ double NowMs() {
   return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
 
-double ProcessorMs() {
-  rusage use{};
-  getrusage(RUSAGE_SELF, &use);
-  return static_cast<double>(use.ru_utime.tv_sec + use.ru_stime.tv_sec) * 1e3 +
-         static_cast<double>(use.ru_utime.tv_usec + use.ru_stime.tv_usec) / 1e3;
-}
-
 double PeakMemoryMiB() {
   rusage use{};
   getrusage(RUSAGE_SELF, &use);
   return static_cast<double>(use.ru_maxrss) / 1024.0;
 }
-
-/// A folder as program directory, and every box answered with OK or Yes.
-class BenchDesktop : public QtDesktop {
- public:
-  explicit BenchDesktop(std::filesystem::path folder) : QtDesktop(BuildWindow), folder_(std::move(folder)) {}
-  std::filesystem::path ProgramDirectory() const override { return folder_; }
-  BoxAnswer ShowBox(const MessageBox& box) override {
-    return box.buttons == BoxButtons::YesNo ? BoxAnswer::Yes : BoxAnswer::Ok;
-  }
-  // A click that does nothing is quick and says nothing.
-  void Refused(const std::string& what) override {
-    std::fprintf(stderr, "the user cannot do this: %s\n", what.c_str());
-    std::_Exit(1);
-  }
-
- private:
-  std::filesystem::path folder_;
-};
 
 struct Program {
   explicit Program(const std::filesystem::path& folder)

@@ -80,10 +80,12 @@ void ReceivePath::OnComm() {
 }
 
 void ReceivePath::FeedLiveTool() {
-  ring_.RingPush(line_.comm.Input());
   const auto tool = FrontWindow ? tools_.find(FrontWindow()) : tools_.end();
-  if (tool == tools_.end()) return;
-  while (ring_.RingCount() > 0) {
+  if (tool == tools_.end()) return ring_.RingPush(line_.comm.Input());
+  for (;;) {
+    // A tool in front loses nothing: of a burst, what the ring cannot hold waits in the port.
+    ring_.RingPush(line_.comm.Input(RxRing::kRoom - ring_.RingCount()));
+    if (ring_.RingCount() == 0) return;
     tool->second(ring_.RingPop());
     line_.pump.PumpEvents();
   }

@@ -9,10 +9,12 @@
 
 namespace kavr6 {
 
-/// Holds at most 31 bytes. There is no overflow check: the 32nd unread byte makes the ring read as empty, and
-/// further bytes overwrite. Drives and tool count on that size.
+/// Holds at most kRoom bytes. There is no overflow check: one more unread byte makes the ring read as empty,
+/// and further bytes overwrite. Drives and tool count on that size.
 class RxRing {
  public:
+  static constexpr int kRoom = 31;
+
   void RingClear();
   int RingCount() const;
   /// 0, and no change, when empty.

@@ -1,5 +1,6 @@
 #include "platform/mscomm.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/runtime_error.h"
@@ -57,6 +58,13 @@ void MSComm::Output(std::string_view text) {
 }
 
 Bytes MSComm::Input() { return std::exchange(buffer_, {}); }
+
+Bytes MSComm::Input(int most) {
+  const auto end = buffer_.begin() + std::min(most, InBufferCount());
+  Bytes taken(buffer_.begin(), end);
+  buffer_.erase(buffer_.begin(), end);
+  return taken;
+}
 
 bool MSComm::WaitBlocking(int count, double limit) {
   const auto enough = [this, count] { return InBufferCount() >= count; };

@@ -50,6 +50,8 @@ class MSComm {
   void Output(std::string_view text);
   /// Takes all waiting bytes.
   Bytes Input();
+  /// Takes the oldest waiting bytes, so many at most.
+  Bytes Input(int most);
   int InBufferCount() const { return static_cast<int>(buffer_.size()); }
   /// Blocks the program until `count` bytes wait in the buffer, `limit` seconds (finite) have passed or the
   /// device is gone; with the port closed it returns at once. Bytes come in meanwhile, and nothing else

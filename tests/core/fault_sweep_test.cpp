@@ -227,7 +227,8 @@ Bytes ShownWords(AlarmHistory& history) {
   Bytes bytes(history.Visible() ? 16 : 0);
   for (std::size_t lamp = 0; lamp < bytes.size() * 8; ++lamp) {
     const std::size_t byte = lamp / 16 * 2 + (lamp % 16 < 8 ? 1 : 0);
-    if (history.RedSquare[static_cast<int>(lamp)].Light() == Lamp::State::Red) bytes[byte] |= 1U << lamp % 8;
+    if (history.RedSquare[static_cast<int>(lamp)].Light() == Lamp::State::Red)
+      bytes[byte] = static_cast<std::uint8_t>(bytes[byte] | 1U << lamp % 8);
   }
   return bytes;
 }

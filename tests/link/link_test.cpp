@@ -136,6 +136,15 @@ TEST_F(LiveToolTest, InFrontGetsEveryByteInOrderAcrossNestedArrivals) {
   EXPECT_TRUE(alarms.empty());
 }
 
+TEST_F(LiveToolTest, InFrontLosesNothingOfABurstThatTheRingCannotHold) {
+  std::string burst;
+  for (int i = 0; i < 400; ++i) burst += static_cast<char>('b' + i % 23);
+  comm.Feed(burst);
+  desktop.Post([&] { comm.Feed("a" + burst); });
+  Delay(desktop, 0.0);
+  EXPECT_EQ(typed, burst + "a|" + burst + "\xFC\x01\x02");
+}
+
 TEST_F(LiveToolTest, BehindAnotherWindowItsBytesWaitAndABurstIsLost) {
   desktop.BroughtToFront(front);
   Arrives(std::string(32, 'x') + "12345678");

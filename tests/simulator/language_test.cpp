@@ -1,8 +1,8 @@
 // Sessions in the text language, as texts that a person can hold against what a drive would say.
 #include <cstdlib>
 #include <fstream>
-#include <regex>
 #include <sstream>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -11,18 +11,30 @@
 namespace kavr6 {
 namespace {
 
+/// What stands in a row of a table of the page.
+std::vector<std::string> CellsOf(const std::string& line) {
+  std::vector<std::string> cells;
+  if (!line.starts_with("| ") || !line.ends_with(" |")) return cells;
+  const std::string row = line.substr(2) + " ";
+  for (std::size_t at = 0, end = 0; (end = row.find(" | ", at)) != std::string::npos; at = end + 3)
+    cells.push_back(row.substr(at, end - at));
+  return cells;
+}
+
 // The rows of the page on the line: what is said, what it means, the answer.
 TEST(LinePage, TellsWhatADriveAnswers) {
   std::ifstream page(KAVR6_SOURCE "/docs/line.md");
   std::string line;
   while (line != "## The text language") ASSERT_TRUE(std::getline(page, line));
   TextTerminal terminal;
-  const std::regex row(R"(\| (.+) \| .+ \| (.*) \|)");
   int rows = 0;
-  for (std::smatch cells; std::getline(page, line);) {
-    if (!std::regex_match(line, cells, row) || cells[1] == "Line") continue;
-    const std::string answer = std::regex_replace(terminal.Do(cells[1]), std::regex(R"(\|)"), R"(\|)");
-    EXPECT_EQ(answer, cells[2]) << cells[1];
+  while (std::getline(page, line)) {
+    const std::vector<std::string> cells = CellsOf(line);
+    if (cells.size() != 3 || cells[0] == "Line" || cells[0] == "---") continue;
+    std::string answer = terminal.Do(cells[0]);
+    for (std::size_t at = 0; (at = answer.find('|', at)) != std::string::npos; at += 2)
+      answer.insert(at, 1, '\\');
+    EXPECT_EQ(answer, cells[2]) << cells[0];
     ++rows;
   }
   EXPECT_EQ(rows, 40);
