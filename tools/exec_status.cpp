@@ -53,7 +53,8 @@ void ExecStatus::NameLamps() {
     lblStatusBit[bit].SetCaption(std::string(kStatusBits[at].name));
     lblStatusBit[kLamps + bit].SetCaption(std::string(kAlarms[kMonitoredAlarms[at]].monitored));
   }
-  for (int i = 0; i < kInputs; ++i) XLabel[i].SetCaption(std::string(kInputNames[static_cast<std::size_t>(i)]));
+  for (int i = 0; i < kInputs; ++i)
+    XLabel[i].SetCaption(std::string(kInputNames[static_cast<std::size_t>(i)]));
   for (int i = 0; i < OutLabel.Count(); ++i) OutLabel[i].SetCaption("OUT" + std::to_string(i + 1));
 }
 
