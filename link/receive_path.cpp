@@ -62,13 +62,13 @@ void ReceivePath::Clear() {
 }
 
 void ReceivePath::DeliverWaiting() {
-  if (state_.LiveToolActive) FeedLiveTool();
+  if (state_.LiveToolActive) OnComm();
 }
 
 void ReceivePath::OnComm() {
   if (state_.LiveToolActive) {
     FeedLiveTool();
-    return;
+    ScanRing();  // the rest of a piece in the middle of which the tool has given the line back
   }
   // What a message does can let events run, and with them further notifications, a block transfer that takes
   // the notification away, or a live tool that takes the line.
@@ -82,7 +82,7 @@ void ReceivePath::OnComm() {
 void ReceivePath::FeedLiveTool() {
   const auto tool = FrontWindow ? tools_.find(FrontWindow()) : tools_.end();
   if (tool == tools_.end()) return ring_.RingPush(line_.comm.Input());
-  for (;;) {
+  while (state_.LiveToolActive) {
     // A tool in front loses nothing: of a burst, what the ring cannot hold waits in the port.
     ring_.RingPush(line_.comm.Input(RxRing::kRoom - ring_.RingCount()));
     if (ring_.RingCount() == 0) return;

@@ -154,17 +154,16 @@ void Timer::Restart() {
 
 void Timer::Fire() {
   waiting_ = false;
-  if (!running_) {
-    running_ = true;
-    try {
-      Tick.Raise();
-    } catch (...) {
-      running_ = false;
-      throw;
-    }
+  Restart();
+  if (running_) return;
+  running_ = true;
+  try {
+    Tick.Raise();
+  } catch (...) {
     running_ = false;
+    throw;
   }
-  if (!waiting_) Restart();
+  running_ = false;
 }
 
 }  // namespace kavr6

@@ -311,8 +311,9 @@ class ConnectorLine : public Control {
   Colour colour_ = 0x808080;
 };
 
-/// Fires again and again while it is enabled and its interval is above 0, and never while its own handler
-/// still runs. Enabling it and changing the interval start the interval anew.
+/// Beats in step with its interval while it is enabled and that is above 0, however long its handler takes; a
+/// beat that falls while the handler still runs is left out. Enabling it and changing the interval start the
+/// interval anew.
 class Timer : public Control {
  public:
   Timer(Form& form, std::string name) : Control(form, std::move(name), ControlKind::Timer) {}

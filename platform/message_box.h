@@ -16,6 +16,7 @@ struct MessageBox {
   BoxIcon icon = BoxIcon::None;
   std::string title = {};  ///< empty: the program's title
   BoxButtons buttons = BoxButtons::Ok;
+  bool careful = false;  ///< a hasty Enter refuses
   bool operator==(const MessageBox&) const = default;
 };
 

@@ -34,7 +34,8 @@ void MenuRestore(const DriveLine& line, DriveIdentity& identity) {
       line.boxes.Ask({.text = "Do you want to erase all the information in your drive and restore factory "
                               "default values?",
                       .title = "Reset Drive Data",
-                      .buttons = BoxButtons::OkCancel});
+                      .buttons = BoxButtons::OkCancel,
+                      .careful = true});
   if (answer == BoxAnswer::Ok) {
     line.state.CommandActive = true;
     PauseBeforeCommand(line);

@@ -90,7 +90,7 @@ void ExecStatus::WireButtons() {
   Play.Clicked.Set([this] { Send("ME"); });
   Pause.Clicked.Set([this] { Send("MD"); });
   OK.Clicked.Set([this] {
-    Close();
+    GiveBack();
     Hide();
   });
   HoldChart.Clicked.Set([this] { StripChart.SetHeld(HoldChart.Value()); });
@@ -192,11 +192,11 @@ void ExecStatus::DoPowerUp(const std::string& text) {
 }
 
 bool ExecStatus::MayClose() {
-  Close();
+  GiveBack();
   return true;
 }
 
-void ExecStatus::Close() {
+void ExecStatus::GiveBack() {
   ++turn_;
   activating_ = saveAsked_ = false;
   Timer1.SetEnabled(false);

@@ -71,7 +71,9 @@ class ExecStatus : public LiveTool {
  protected:
   void Load() override { OK.Focus(); }
   void ProcessChar(std::uint8_t byte) override;
+  void GiveBack() override;
   bool MayClose() override;
+  void GiveBack() override;
 
  private:
   // The lights of inputs and outputs; the samples beside the legends show the low ones.
@@ -89,7 +91,6 @@ class ExecStatus : public LiveTool {
   void RestoreOutSettings();
   void Arrange();
   void ShowPlay(bool enabled, bool known);
-  void Close();
   void DoPowerUp(const std::string& text);
   void SaveWhenIdle();
   void AskForFile();

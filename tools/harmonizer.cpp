@@ -173,7 +173,7 @@ void Harmonizer::Done() {
   parts_.SliderPhase.SetValue(HarmonicPhaseValue);
   Desk().Ask({.text = "Don't forget to download the new settings to the drive to make them permanent."});
   // An alarm window that has opened and closed beside the box has brought the wizard to the front once more.
-  StopMotor();
+  LeaveLine();
   Hide();
 }
 
@@ -187,13 +187,10 @@ bool Harmonizer::MayClose() {
   return false;  // it is hidden
 }
 
-void Harmonizer::StopMotor() {
-  if (Visible() && line_.state.LiveToolActive) GiveBack();
-}
-
 void Harmonizer::GiveBack() {
   ++visit_;
   PowerUpPause.SetEnabled(false);
+  PowerUpText.clear();  // the rest of an announcement goes elsewhere
   NothingDue();
   Send("SJ");
   RestoreCM();
@@ -216,8 +213,6 @@ void Harmonizer::SliderScroll() {
 }
 
 void Harmonizer::ProcessChar(std::uint8_t byte) {
-  // The rest of a piece may still come in when the line has been given back in the middle of it.
-  if (!line_.state.LiveToolActive) return;
   PowerUpText += static_cast<char>(byte);
   while (PowerUpText.size() >= kAnnouncementSize) {
     if (PowerUpText[0] != kAnnouncement) PowerUpText.erase(0, 1);

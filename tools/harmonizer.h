@@ -41,15 +41,12 @@ class Harmonizer : public LiveTool {
   /// Runs while a drive that has started anew is given time.
   Timer PowerUpPause{*this, "PowerUpPause"};
 
-  /// Where the wizard has the line, the motor stops and the line is given back; the window stays. For the end
-  /// of the program.
-  void StopMotor();
-
  protected:
   void Load() override;
   /// The frame's close is Cancel, or the motor would jog on.
   bool MayClose() override;
   void ProcessChar(std::uint8_t byte) override;
+  void GiveBack() override;
 
  private:
   void Begin();
@@ -62,7 +59,6 @@ class Harmonizer : public LiveTool {
   void SliderScroll();
   void AnswerPowerUp();
   void TakeUpAgain();
-  void GiveBack();
 
   void ReadHGHP();
   void SaveCM();

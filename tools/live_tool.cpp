@@ -22,6 +22,10 @@ void LiveTool::Take(std::uint8_t byte) {
   ProcessChar(byte);
 }
 
+void LiveTool::LeaveLine() {
+  if (Visible() && line_.state.LiveToolActive) GiveBack();
+}
+
 void LiveTool::AnswerDue(double since) {
   if (SilenceClock.Enabled()) return;
   dueSince_ = since;

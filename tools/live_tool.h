@@ -26,9 +26,14 @@ class LiveTool : public Form {
   std::function<void()> DeliverWaiting;
   /// A byte of the drive has come in.
   void Take(std::uint8_t byte);
+  /// Gives the line back where this tool has it; the window stays. Also for the end of the program: a drive
+  /// left in its text language would not answer the next start.
+  void LeaveLine();
 
  protected:
   virtual void ProcessChar(std::uint8_t byte) = 0;
+  /// Leaves the drive as a closing window does, and lowers LiveToolActive. It does not wait.
+  virtual void GiveBack() = 0;
 
   /// Writes letters and the carriage return that ends a command.
   void Send(std::string_view letters) { line_.comm.Output(std::string(letters) + '\r'); }

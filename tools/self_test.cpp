@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "link/wire.h"
+
 namespace kavr6 {
 namespace {
 
@@ -11,7 +13,6 @@ constexpr int kMovePeriod = 2250;
 constexpr double kStopPause = 0.1;  // seconds
 
 constexpr std::string_view kStopMotion = "SK";
-constexpr std::string_view kLeaveText = "QT";
 
 }  // namespace
 
@@ -48,7 +49,7 @@ void SelfTest::Stop() {
   stopping_ = true;
   Delay(line_.pump, kStopPause);
   if (!Visible()) return;  // a further click, which stops the motor once more, has come to its end first
-  Send(kLeaveText);
+  Send(kQuitText);
   Timer1.SetInterval(kFirstPeriod);
   stopping_ = false;
   Hide();
@@ -57,7 +58,7 @@ void SelfTest::Stop() {
 void SelfTest::StopMotor() {
   if (!Visible()) return;
   Send(kStopMotion);
-  Send(kLeaveText);
+  Send(kQuitText);
 }
 
 }  // namespace kavr6

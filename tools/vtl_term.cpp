@@ -71,10 +71,10 @@ void VTLterm::WireSession() {
   Activate.Set([this] { BeginSession(); });
   // Also the end of a window that has been hidden; by then its session has ended.
   Deactivate.Set([this] {
-    if (line_.state.LiveToolActive) EndSession(kQuitText);
+    if (line_.state.LiveToolActive) GiveBack();
   });
   Quit.Clicked.Set([this] {
-    EndSession(kQuitText);
+    GiveBack();
     Hide();
   });
 }
@@ -90,6 +90,8 @@ void VTLterm::EndSession(std::string_view command) {
   line_.state.LiveToolActive = false;
   NothingDue();
 }
+
+void VTLterm::GiveBack() { EndSession(kQuitText); }
 
 bool VTLterm::MayClose() {
   EndSession("HM");  // not what the button says
@@ -134,7 +136,6 @@ void VTLterm::LimitHistory() {
   const std::string& text = History.Text();
   if (text.size() <= kMostCharacters || CharacterCount(text) <= kMostCharacters) return;
   History.DropFront(UnitsOf(text, kFirstKept - 1));
-  History.CaretToEnd();
 }
 
 void VTLterm::Recall(const std::string& line) {

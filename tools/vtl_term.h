@@ -41,6 +41,7 @@ class VTLterm : public LiveTool {
   void Load() override { CenterOnScreen(*this); }
   bool MayClose() override;
   void ProcessChar(std::uint8_t byte) override;
+  void GiveBack() override;
 
  private:
   void WireSession();

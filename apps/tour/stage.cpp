@@ -27,7 +27,8 @@ Stage::Stage(std::filesystem::path folder) : folder_(std::move(folder)) {
   std::filesystem::remove_all(folder_ / "ports");
   std::filesystem::create_directories(folder_);
   for (const auto& old : std::filesystem::directory_iterator(folder_))
-    if (old.path().extension() == ".png") std::filesystem::remove(old.path());
+    if (old.path().extension() == ".png" || old.path().extension() == ".csv")
+      std::filesystem::remove(old.path());
   log_.open(folder_ / "tour.log");
   QObject::connect(&dialogTimer_, &QTimer::timeout, [this] { LookForDialog(); });
   dialogTimer_.start(kPollMs);
@@ -76,6 +77,8 @@ QWidget& Stage::Window(const std::string& form) {
         return found != nullptr;
       },
       kWindowSeconds, "window " + form);
+  // One that has only just opened does not know yet how large its parts are.
+  QTest::qWait(kPollMs);
   return *found;
 }
 

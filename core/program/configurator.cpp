@@ -93,6 +93,7 @@ void Configurator::WireTools() {
   for (LiveTool* tool : std::initializer_list<LiveTool*>{&Terminal, &StatusMonitor, &SmoothingWizard}) {
     receive.AddLiveTool(tool->Name(), [tool](std::uint8_t byte) { tool->Take(byte); });
     tool->DeliverWaiting = [this] { receive.DeliverWaiting(); };
+    Main.Desk().AtEnd([tool] { tool->LeaveLine(); });
   }
   Terminal.ShowCommandList = [this] {
     if (!Commands.Visible()) PlaceBeside(Terminal, Commands);
@@ -107,7 +108,6 @@ void Configurator::WireTools() {
   Main.Openers.Restore = [this] { MenuRestore(line, identity); };
   Main.Openers.SelfTest = [this] { MotorTest.ShowModal(); };
   Main.Desk().AtEnd([this] { MotorTest.StopMotor(); });
-  Main.Desk().AtEnd([this] { SmoothingWizard.StopMotor(); });
 }
 
 // The dialogs whose OK a download presses first, as the user would, where they are open; in this order. Those

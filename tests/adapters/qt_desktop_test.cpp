@@ -80,12 +80,14 @@ class QtDesktopTest : public testing::Test {
 
 TEST_F(QtDesktopTest, BoxShowsItsTextAsItStandsAndAnswersByKeyOrByClosing) {
   constexpr Qt::Key closed{};  // by its frame
-  const std::tuple<BoxButtons, Qt::Key, BoxAnswer> cases[] = {
-      {BoxButtons::Ok, closed, BoxAnswer::Ok},
-      {BoxButtons::OkCancel, Qt::Key_Return, BoxAnswer::Ok},
-      {BoxButtons::YesNo, Qt::Key_Return, BoxAnswer::Yes},
-      {BoxButtons::YesNo, closed, BoxAnswer::No}};
-  for (const auto& [buttons, key, answer] : cases) {
+  constexpr auto kText = "a  <b>&c";
+  const std::tuple<MessageBox, Qt::Key, BoxAnswer> cases[] = {
+      {{.text = kText, .buttons = BoxButtons::Ok}, closed, BoxAnswer::Ok},
+      {{.text = kText, .buttons = BoxButtons::OkCancel}, Qt::Key_Return, BoxAnswer::Ok},
+      {{.text = kText, .buttons = BoxButtons::OkCancel, .careful = true}, Qt::Key_Return, BoxAnswer::Cancel},
+      {{.text = kText, .buttons = BoxButtons::YesNo}, Qt::Key_Return, BoxAnswer::Yes},
+      {{.text = kText, .buttons = BoxButtons::YesNo}, closed, BoxAnswer::No}};
+  for (const auto& [asked, key, answer] : cases) {
     WithBox([press = key](QMessageBox& box) {
       EXPECT_EQ(box.text(), "a  <b>&c");
       EXPECT_EQ(box.textFormat(), Qt::PlainText);
@@ -96,7 +98,7 @@ TEST_F(QtDesktopTest, BoxShowsItsTextAsItStandsAndAnswersByKeyOrByClosing) {
         QTest::keyClick(&box, press);
       }
     });
-    EXPECT_EQ(desktop.Ask({.text = "a  <b>&c", .buttons = buttons}), answer);
+    EXPECT_EQ(desktop.Ask(asked), answer);
   }
 }
 

@@ -136,6 +136,17 @@ TEST_F(LiveToolTest, InFrontGetsEveryByteInOrderAcrossNestedArrivals) {
   EXPECT_TRUE(alarms.empty());
 }
 
+TEST_F(LiveToolTest, RestOfAPieceInWhichItEndsIsForTheMainScreen) {
+  path.AddLiveTool("VTLterm", [this](std::uint8_t c) {
+    typed += static_cast<char>(c);
+    desktop.Post([this] { state.LiveToolActive = false; });  // a click that has been waiting
+  });
+  Arrives("xOK\xFC\x01\x02");
+  EXPECT_EQ(typed, "x");
+  EXPECT_EQ(state.GlobalBuffer, "OK");
+  EXPECT_EQ(alarms, std::vector{130});
+}
+
 TEST_F(LiveToolTest, InFrontLosesNothingOfABurstThatTheRingCannotHold) {
   std::string burst;
   for (int i = 0; i < 400; ++i) burst += static_cast<char>('b' + i % 23);

@@ -331,6 +331,21 @@ TEST_F(ControlModels, TimerNeverRunsInsideItself) {
   EXPECT_TRUE(until >= 3 && runs == 0) << until << ' ' << runs;
 }
 
+TEST_F(ControlModels, TimerKeepsStepWithItsIntervalHoweverLongItsHandlerTakes) {
+  std::vector<double> beats;
+  window.timer.Tick.Set([&] {
+    beats.push_back(desktop.Now());
+    Delay(desktop, beats.size() == 2 ? 0.25 : 0.06);
+  });
+  window.timer.SetInterval(100);
+  Control& timer = window.timer;
+  timer.SetEnabled(true);
+  Delay(desktop, 0.65);
+  ASSERT_EQ(beats.size(), 4U);
+  const double expected[] = {0.1, 0.2, 0.5, 0.6};
+  for (std::size_t i = 0; i < beats.size(); ++i) EXPECT_NEAR(beats[i], expected[i], 1e-9);
+}
+
 TEST(Event, RefusesASecondHandlerUnlessItIsToReplaceTheFirst) {
   Event<> event;
   int runs = 0;

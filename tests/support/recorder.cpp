@@ -111,6 +111,7 @@ void Recorder::FollowRecord(const std::string& name, const TextArea& area) {
   if (text == before) return;
   const bool own = !area.StandingOut().empty() && area.StandingOut().back().end == text.size();
   if (text.starts_with(before)) {
+    if (area.SelStart() != before.size()) transcript_.Note(name + " had its caret elsewhere");
     transcript_.Growth(name + (own ? ", own" : ""), text.substr(before.size()));
   } else if (before.ends_with(text)) {
     transcript_.Note(name + " loses its first " + std::to_string(before.size() - text.size()) +

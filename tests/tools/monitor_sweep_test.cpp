@@ -65,6 +65,14 @@ class MonitorSweep : public testing::Test {
   std::string shown;
 };
 
+TEST_F(MonitorSweep, ChartHoldsTheLastThreeMinutes) {
+  monitor.Show();
+  Delay(scene.desktop, 200.0);
+  const Chart::Rows& rows = monitor.StripChart.Shown();
+  EXPECT_NEAR(rows.back().time - rows.front().time, 180.0, 0.2);
+  monitor.OK.Click();
+}
+
 TEST_F(MonitorSweep, AFaultAtAnyByteIsOverWithTheNextOpening) {
   Session();
   const std::string whole = shown;

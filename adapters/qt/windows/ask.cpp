@@ -46,8 +46,8 @@ Choice ChoiceOf(BoxButtons buttons) {
   return {BoxAnswer::Ok, QMessageBox::Ok, BoxAnswer::Ok, QMessageBox::Ok};
 }
 
-/// Room for a sentence of usual length on one line: the toolkit's own width leaves a word or two for the
-/// next.
+/// Room for a sentence of usual length on one line, where the toolkit's own width leaves a word or two for
+/// the next, and for the title beside the buttons of its frame.
 void WidenText(const QMessageBox& window) {
   constexpr int kCharactersInALine = 84;
   auto* const label = window.findChild<QLabel*>("qt_msgbox_label");
@@ -55,7 +55,9 @@ void WidenText(const QMessageBox& window) {
   const QFontMetrics metrics = label->fontMetrics();
   const int most =
       std::min(kCharactersInALine * metrics.averageCharWidth(), window.screen()->size().width() / 2);
-  label->setMinimumWidth(std::min(metrics.size(0, window.text()).width() + 1, most));
+  constexpr int kFrameButtons = 6;  // as wide as so many lines are high
+  const int title = metrics.horizontalAdvance(window.windowTitle()) + kFrameButtons * metrics.height();
+  label->setMinimumWidth(std::min(std::max(metrics.size(0, window.text()).width() + 1, title), most));
 }
 
 }  // namespace
@@ -68,7 +70,7 @@ BoxAnswer ShowMessageBox(const MessageBox& box, QWidget* parent) {
   window.setText(ToQt(box.text));
   window.setIcon(IconOf(box.icon));
   window.setStandardButtons(choice.acceptButton | choice.refuseButton);
-  window.setDefaultButton(choice.acceptButton);
+  window.setDefaultButton(box.careful ? choice.refuseButton : choice.acceptButton);
   window.setEscapeButton(choice.refuseButton);
   // The box knows its size only when it is shown, and not every window manager centres it over a splash.
   window.setWindowModality(Qt::ApplicationModal);

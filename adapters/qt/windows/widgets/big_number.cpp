@@ -4,12 +4,15 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "adapters/qt/windows/widgets/large_label.h"
+
 namespace kavr6::widgets {
 namespace {
 
-constexpr double kTimes = 2.4;  // the size of the letters around it
+constexpr double kTimes = 3.2;  // the size of the letters around it
 constexpr int kUsualLength = 9;
 constexpr int kLeastLength = 6;
+constexpr double kLeastHeight = 0.7;
 
 double FigureWidth(const QFontMetricsF& metrics) {
   double widest = 0;
@@ -30,15 +33,7 @@ double WidthOf(const QString& text, const QFontMetricsF& metrics) {
 
 }  // namespace
 
-QFont BigNumber::Large(double times) const {
-  QFont large = font();
-  if (large.pointSizeF() > 0) {
-    large.setPointSizeF(large.pointSizeF() * times);
-  } else {
-    large.setPixelSize(qRound(large.pixelSize() * times));
-  }
-  return large;
-}
+QFont BigNumber::Large(double times) const { return Enlarged(font(), times); }
 
 QSize BigNumber::sizeHint() const {
   const QFontMetricsF metrics(Large(kTimes));
@@ -46,7 +41,7 @@ QSize BigNumber::sizeHint() const {
 }
 
 QSize BigNumber::minimumSizeHint() const {
-  return {sizeHint().width() * kLeastLength / kUsualLength, sizeHint().height()};
+  return {sizeHint().width() * kLeastLength / kUsualLength, qRound(sizeHint().height() * kLeastHeight)};
 }
 
 void BigNumber::paintEvent(QPaintEvent*) {
@@ -54,6 +49,8 @@ void BigNumber::paintEvent(QPaintEvent*) {
   double times = kTimes;
   if (const double width = WidthOf(text(), QFontMetricsF(Large(times))); width > box.width())
     times *= box.width() / width;
+  if (const double height = QFontMetricsF(Large(times)).height(); height > box.height())
+    times *= box.height() / height;
   QPainter painter(this);
   painter.setFont(Large(times));
   painter.setPen(palette().color(foregroundRole()));

@@ -13,7 +13,7 @@ class BigNumber : public QLabel {
 
  public:
   explicit BigNumber(QWidget* parent = nullptr) : QLabel(parent) {}
-  /// Room for a sign and eight figures; a design that must be small may give less.
+  /// Room for a sign and eight figures; a window that is short of room may give less.
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 

@@ -45,6 +45,12 @@ QSize Lamp::sizeHint() const {
   return {side, side};
 }
 
+QSize Lamp::minimumSizeHint() const {
+  constexpr double kLeastLines = 1.2;
+  const int side = sizeHint().width();
+  return {side, std::min(side, qRound(kLeastLines * fontMetrics().height()))};
+}
+
 void Lamp::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);

@@ -20,7 +20,8 @@ class Lamp : public QWidget {
   void setLines(double lines);
   int state() const { return state_; }
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
+  /// Where a window is short of room it may be a little less high, and is drawn smaller then.
+  QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

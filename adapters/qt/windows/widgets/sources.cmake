@@ -11,6 +11,7 @@ set(WIDGET_SOURCES
     widgets/hot_spot.cpp
     widgets/image_button.cpp
     widgets/lamp.cpp
+    widgets/large_label.cpp
     widgets/page_area.cpp
     widgets/page_browser.cpp
     widgets/percent_panel.cpp

@@ -50,7 +50,7 @@ void StripChart::setContent(QVector<Strip> strips, double span, bool held) {
 QSize StripChart::sizeHint() const { return {fontMetrics().height() * 30, fontMetrics().height() * 14}; }
 
 QSize StripChart::minimumSizeHint() const {
-  return {fontMetrics().height() * 14, fontMetrics().height() * 10};
+  return {fontMetrics().height() * 14, fontMetrics().height() * 9};
 }
 
 void StripChart::paintEvent(QPaintEvent*) {
@@ -100,7 +100,9 @@ void StripChart::PaintStrip(QPainter& painter, const Strip& strip, const QRectF&
   painter.setPen(QPen(Mixed(base, ink, 0.3), 1));
   painter.setBrush(sheet);
   painter.drawRect(box);
-  const QRectF inside = box.adjusted(kGap, kGap, -kGap, -kGap);
+  const QRectF whole = box.adjusted(kGap, kGap, -kGap, -kGap);
+  // The line keeps clear of the name.
+  const QRectF inside = whole.adjusted(0, fontMetrics().height(), 0, 0);
   if (!strip.values.isEmpty()) {
     const Scale scale = ScaleOf(strip.values);
     QPainterPath path;
@@ -116,13 +118,13 @@ void StripChart::PaintStrip(QPainter& painter, const Strip& strip, const QRectF&
     painter.setPen(QPen(Mixed(palette().color(QPalette::Highlight), ink, 0.25), 1.6));
     painter.drawPath(path);
     painter.setPen(palette().color(QPalette::WindowText));
-    const QRectF beside(box.right() + kGap, box.top(), width(), box.height());
+    const QRectF beside(box.right() + kGap, inside.top() - kGap, width(), inside.height() + 2 * kGap);
     const bool flat = scale.least == scale.most;
     painter.drawText(beside, Qt::AlignLeft | (flat ? Qt::AlignVCenter : Qt::AlignTop), Figures(scale.most));
     if (!flat) painter.drawText(beside, Qt::AlignLeft | Qt::AlignBottom, Figures(scale.least));
   }
   painter.setPen(ink);
-  painter.drawText(inside, Qt::AlignLeft | Qt::AlignTop, strip.name + ", " + strip.unit);
+  painter.drawText(whole, Qt::AlignLeft | Qt::AlignTop, strip.name + ", " + strip.unit);
 }
 
 }  // namespace kavr6::widgets
