@@ -4,6 +4,7 @@
 #include "adapters/sqlite/sqlite_table.h"
 #include "core/program/configurator.h"
 #include "image/parameter_image.h"
+#include "platform/headless/collected_print.h"
 #include "platform/headless/headless_desktop.h"
 #include "platform/headless/memory_files.h"
 #include "platform/headless/scripted_comm.h"
@@ -16,7 +17,8 @@ struct Bench {
   ScriptedComm comm{desktop};
   SqliteTable table;
   MemoryFiles files;
-  Configurator program{{desktop, comm, table, files}};
+  CollectedPrint print;
+  Configurator program{{desktop, comm, table, files, print}};
 
   Bench() {
     InitVars(program.settings);

@@ -18,6 +18,7 @@
 #include "bench/bench_desktop.h"
 #include "core/program/configurator.h"
 #include "motor/small_catalogue.h"
+#include "platform/headless/collected_print.h"
 #include "platform/headless/headless_desktop.h"
 #include "platform/headless/memory_files.h"
 #include "simulator/simulated_comm.h"
@@ -46,7 +47,8 @@ int MeasureRounds(const std::filesystem::path& folder) {
   CountingComm comm(desktop, folder / "ports");
   MemoryTable table = CatalogueTable();
   DiskFiles files;
-  Configurator program({desktop, comm, table, files});
+  CollectedPrint print;
+  Configurator program({desktop, comm, table, files, print});
   program.Start();
   ExecStatus& monitor = program.StatusMonitor;
   program.receive.AddLiveTool(monitor.Name(), [&](std::uint8_t byte) {
@@ -105,7 +107,8 @@ int LiveAnHour() {
   comm.Connect(1, &drive);
   MemoryTable table = CatalogueTable();
   MemoryFiles files;
-  Configurator program({desktop, comm, table, files});
+  CollectedPrint print;
+  Configurator program({desktop, comm, table, files, print});
   program.Start();
   long questions = 0;
   long answers = 0;

@@ -16,6 +16,7 @@
 #include <sys/resource.h>
 
 #include "adapters/qt/base/file_store.h"
+#include "adapters/qt/print/qt_print_job.h"
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/sqlite/motor_catalogue.h"
 #include "adapters/sqlite/sqlite_table.h"
@@ -43,11 +44,14 @@ double PeakMemoryMiB() {
 
 struct Program {
   explicit Program(const std::filesystem::path& folder)
-      : desktop(folder), comm(desktop, folder / "ports"), configurator({desktop, comm, table, files}) {}
+      : desktop(folder),
+        comm(desktop, folder / "ports"),
+        configurator({desktop, comm, table, files, print}) {}
   BenchDesktop desktop;
   SerialComm comm;
   SqliteTable table;
   DiskFiles files;
+  QtPrintJob print{[this] { return desktop.BoxParent(); }};
   Configurator configurator;
 };
 

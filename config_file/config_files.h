@@ -13,13 +13,6 @@
 
 namespace kavr6 {
 
-/// What the questions for a file, to open, save or print, have in common.
-struct FileDialogState {
-  std::string Filter = "Configurator Files|*.cnf";
-  std::string DefaultExt = "cnf";
-  std::string InitDir;  ///< where the next one begins, UTF-8
-};
-
 /// What the file commands work on; all of it outlives them.
 struct ConfigFilesParts {
   Desktop& desk;

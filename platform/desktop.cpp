@@ -74,27 +74,34 @@ std::string Desktop::WhatBlocks(const Form& form) const {
 
 class Desktop::BoxOnScreen {
  public:
-  explicit BoxOnScreen(std::vector<Opened>& opened) : opened_(opened) { opened_.push_back({nullptr, true}); }
+  explicit BoxOnScreen(Desktop& desktop) : desktop_(desktop) { desktop_.opened_.push_back({nullptr, true}); }
   BoxOnScreen(const BoxOnScreen&) = delete;
   BoxOnScreen& operator=(const BoxOnScreen&) = delete;
   ~BoxOnScreen() {
-    const auto last = std::find_if(opened_.rbegin(), opened_.rend(),
-                                   [](const Opened& opened) { return opened.form == nullptr; });
-    opened_.erase(std::next(last).base());
+    auto& opened = desktop_.opened_;
+    const auto last = std::find_if(opened.rbegin(), opened.rend(),
+                                   [](const Opened& entry) { return entry.form == nullptr; });
+    opened.erase(std::next(last).base());
+    desktop_.BoxGone();
   }
 
  private:
-  std::vector<Opened>& opened_;
+  Desktop& desktop_;
 };
 
 BoxAnswer Desktop::Ask(const MessageBox& box) {
-  const BoxOnScreen standing(opened_);
+  const BoxOnScreen standing(*this);
   return ShowBox(box);
 }
 
 std::string Desktop::ChooseFile(const FileDialog& dialog) {
-  const BoxOnScreen standing(opened_);
+  const BoxOnScreen standing(*this);
   return ShowFileDialog(dialog);
+}
+
+bool Desktop::RunDialog(const std::function<bool()>& dialog) {
+  const BoxOnScreen standing(*this);
+  return dialog();
 }
 
 std::string Desktop::ActiveFormName() const { return Front() == nullptr ? std::string() : Front()->Name(); }

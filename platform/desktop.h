@@ -40,6 +40,9 @@ class Desktop : public EventPump, public Boxes {
   /// the user gives up. An open dialog names a file that is there; a save dialog asks before an existing file
   /// is to be replaced.
   std::string ChooseFile(const FileDialog& dialog);
+  /// Runs a dialog of the machine that stands above all windows until it has its answer; events keep running
+  /// meanwhile.
+  bool RunDialog(const std::function<bool()>& dialog);
   virtual bool ShiftDown() const = 0;
   /// What stands before the decimals of a number where the system's user writes one, UTF-8.
   virtual std::string DecimalSign() const = 0;
@@ -82,6 +85,8 @@ class Desktop : public EventPump, public Boxes {
  protected:
   virtual void OpenWindow(Form& form, bool modal) = 0;
   virtual void CloseWindow(Form& form) = 0;
+  /// A box or a dialog of the machine has gone from the screen.
+  virtual void BoxGone() {}
   /// The form ends its life; it must not be touched again.
   virtual void DropWindow(Form& /*form*/) {}
   virtual BoxAnswer ShowBox(const MessageBox& box) = 0;

@@ -13,6 +13,15 @@ struct FileDialog {
   std::string folder;            ///< where the dialog begins, UTF-8
 };
 
+/// What the questions for a file, to open or save, and for a printer have in common.
+struct FileDialogState {
+  std::string Filter = "Configurator Files|*.cnf";
+  std::string DefaultExt = "cnf";
+  std::string InitDir;       ///< where the next one begins, UTF-8
+  bool CancelError = false;  ///< giving up is an error of the command
+  int Flags = 0;             ///< of the question for a printer, see print_job.h
+};
+
 /// The folder that a file is in; full paths in UTF-8.
 std::string FolderOf(const std::string& name);
 

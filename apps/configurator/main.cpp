@@ -6,6 +6,7 @@
 
 #include "adapters/qt/base/end_signals.h"
 #include "adapters/qt/base/file_store.h"
+#include "adapters/qt/print/qt_print_job.h"
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/qt/windows/forms.h"
 #include "adapters/qt/windows/qt_desktop.h"
@@ -27,7 +28,8 @@ int main(int argc, char** argv) {
   desktop.AtEnd([&comm] { comm.Release(); });
   SqliteTable motors;
   DiskFiles files;
-  Configurator configurator({desktop, comm, motors, files});
+  QtPrintJob print([&desktop] { return desktop.BoxParent(); });
+  Configurator configurator({desktop, comm, motors, files, print});
   // Drawing the icon costs milliseconds; the main screen comes first.
   desktop.CallAfter(0.3, [] { QApplication::setWindowIcon(QIcon(":/artwork/kavr6.svg")); });
   desktop.Post([&configurator] { configurator.Start(); });

@@ -4,9 +4,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPixmap>
+#include <QPushButton>
 #include <QTest>
 #include <csignal>
 #include <cstdio>
@@ -41,6 +43,7 @@ void Stage::Note(const std::string& text) {
 
 void Stage::Step(const std::string& what) {
   if (!boxes_.empty()) Fail("this box has not come: " + boxes_.front().text);
+  if (!prints_.empty()) Fail("the question for a printer has not come");
   if (!files_.empty()) Fail("this file dialog has not come: " + files_.front().name.string());
   Note(std::to_string(++steps_) + ". " + what);
 }
@@ -131,11 +134,16 @@ void Stage::AnswerNextFileDialog(const std::filesystem::path& name, const std::s
   files_.push_back({name, picture});
 }
 
+void Stage::AnswerNextPrintDialog(const std::filesystem::path& name, const std::string& picture) {
+  prints_.push_back({name, picture});
+}
+
 void Stage::LookForDialog() {
   QWidget* const dialog = QApplication::activeModalWidget();
   if (dialog == nullptr || !dialog->isVisible() || dialog == answered_) return;
   if (auto* const box = qobject_cast<QMessageBox*>(dialog)) AnswerBox(*box);
   if (auto* const file = qobject_cast<QFileDialog*>(dialog)) AnswerFileDialog(*file);
+  if (auto* const print = qobject_cast<QPrintDialog*>(dialog)) AnswerPrintDialog(*print);
 }
 
 void Stage::AnswerBox(QMessageBox& box) {
@@ -163,6 +171,22 @@ void Stage::AnswerFileDialog(QFileDialog& dialog) {
   if (!expected.picture.empty()) Picture(dialog, expected.picture);
   Note("   file dialog: " + expected.name.filename().string());
   QTest::keyClick(edit, Qt::Key_Return);
+}
+
+void Stage::AnswerPrintDialog(QPrintDialog& dialog) {
+  auto* const printers = dialog.findChild<QComboBox*>("printers");
+  auto* const file = dialog.findChild<QLineEdit*>("filename");
+  auto* const buttons = dialog.findChild<QDialogButtonBox*>();
+  if (prints_.empty() || printers == nullptr || file == nullptr || buttons == nullptr)
+    Fail("unexpected question for a printer");
+  const FileToCome expected = prints_.front();
+  prints_.pop_front();
+  answered_ = &dialog;
+  printers->setCurrentIndex(printers->findText("PDF", Qt::MatchContains));
+  file->setText(QString::fromStdString(expected.name.string()));
+  if (!expected.picture.empty()) Picture(dialog, expected.picture);
+  Note("   print dialog: " + expected.name.filename().string());
+  buttons->button(QDialogButtonBox::Ok)->click();
 }
 
 void Stage::Picture(QWidget& window, const std::string& name) {

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
+#include <QPrintDialog>
 #include <QProcess>
 #include <QString>
 #include <QTimer>
@@ -47,6 +48,8 @@ class Stage {
                      const std::string& picture = {});
   /// The same for the next file dialog: this name is typed and confirmed with Enter.
   void AnswerNextFileDialog(const std::filesystem::path& name, const std::string& picture = {});
+  /// The same for the next question for a printer: prints to a PDF file of that name.
+  void AnswerNextPrintDialog(const std::filesystem::path& name, const std::string& picture = {});
   /// Saves a picture of the window; its file's name begins with a running number.
   void Picture(QWidget& window, const std::string& name);
   /// Lets events run until `done` holds; the tour fails when that takes longer than `seconds`.
@@ -69,6 +72,7 @@ class Stage {
   void LookForDialog();
   void AnswerBox(QMessageBox& box);
   void AnswerFileDialog(QFileDialog& dialog);
+  void AnswerPrintDialog(QPrintDialog& dialog);
 
   std::filesystem::path folder_;
   std::ofstream log_;
@@ -76,6 +80,7 @@ class Stage {
   int pictures_ = 0;
   std::deque<BoxToCome> boxes_;
   std::deque<FileToCome> files_;
+  std::deque<FileToCome> prints_;
   QTimer dialogTimer_;
   QPointer<QWidget> answered_;
 };

@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <fstream>
 
 #include "apps/tour/tour.h"
@@ -39,6 +40,22 @@ void Tour::OpenBadFile() {
   stage_.AnswerNextFileDialog(stage_.Folder() / "machine.cnf");
   stage_.Command(Main(), "MenuOpen");
   stage_.Check(Main().windowTitle().contains("machine.cnf"), "the good file is open again");
+}
+
+void Tour::PrintReport() {
+  stage_.Step("The report: a look at it, then printed as a PDF");
+  desktop_.CallAfter(0.3, [this] {
+    QWidget* const preview = QApplication::activeModalWidget();
+    if (preview == nullptr) stage_.Fail("the preview does not come");
+    stage_.Picture(*preview, "print-preview");
+    preview->close();
+  });
+  stage_.Command(Main(), "MenuPreview");
+  const std::filesystem::path file = stage_.Folder() / "report.pdf";
+  std::filesystem::remove(file);
+  stage_.AnswerNextPrintDialog(file, "print");
+  stage_.Command(Main(), "MenuPrint");
+  stage_.Check(std::filesystem::file_size(file) > 1000, "the PDF is there: " + file.filename().string());
 }
 
 }  // namespace kavr6

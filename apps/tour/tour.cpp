@@ -12,7 +12,8 @@ Tour::Tour(Stage& stage)
       drive_(stage, QCoreApplication::applicationDirPath() + "/drive_simulator"),
       desktop_(BuildWindow, stage),
       comm_(desktop_, stage.Folder() / "ports"),
-      program_({desktop_, comm_, table_, files_}) {}
+      print_([this] { return desktop_.BoxParent(); }),
+      program_({desktop_, comm_, table_, files_, print_}) {}
 
 void Tour::Play() {
   Start();
@@ -21,6 +22,7 @@ void Tour::Play() {
   DefineMotor();
   SaveAndReopen();
   OpenBadFile();
+  PrintReport();
   Download();
   Upload();
   SetVelocity();

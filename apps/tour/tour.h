@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/qt/base/file_store.h"
+#include "adapters/qt/print/qt_print_job.h"
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/qt/windows/qt_desktop.h"
 #include "adapters/sqlite/sqlite_table.h"
@@ -48,6 +49,7 @@ class Tour {
   // steps_files.cpp
   void SaveAndReopen();
   void OpenBadFile();
+  void PrintReport();
   // steps_terminal.cpp
   void TalkToTheDrive();
   // steps_alarms.cpp
@@ -74,6 +76,7 @@ class Tour {
   SerialComm comm_;
   SqliteTable table_;
   DiskFiles files_;
+  QtPrintJob print_;
   Configurator program_;
 };
 

@@ -21,6 +21,7 @@ Configurator::Configurator(const Machine& machine)
                state,
                settings,
                motorTable}),
+      report({machine.desktop, machine.print, Files.SaveFile, state, settings, motorTable}),
       MotorSetup(Setup(), motorTable, limits),
       CustomMotorSetup(Setup(), MotorSetup),
       PulseDirSetup(Setup()),
@@ -67,6 +68,8 @@ void Configurator::WireFiles() {
   Main.Openers.Open = [this] { Files.MenuOpen(); };
   Main.Openers.Save = [this] { Files.MenuSave(); };
   Main.Openers.SaveAs = [this] { Files.MenuSaveAs(); };
+  Main.Openers.Print = [this] { report.MenuPrint(); };
+  Main.Openers.Preview = [this] { report.MenuPreview(); };
 }
 
 void Configurator::WireSetupDialogs() {

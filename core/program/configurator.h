@@ -23,6 +23,8 @@
 #include "motor/dialogs/motor_dialog.h"
 #include "motor/motor_calculations.h"
 #include "motor/motor_table.h"
+#include "platform/print_job.h"
+#include "reports/printed_report.h"
 #include "reports/summarizer.h"
 #include "tools/alarm_history.h"
 #include "tools/exec_status.h"
@@ -39,6 +41,7 @@ struct Machine {
   MSComm& comm;
   TableAccess& motors;
   FileStore& files;
+  PrintJob& print;
 };
 
 /// Owns the settings, the drive state and every window, and hands each what it needs. One instance is one
@@ -65,6 +68,7 @@ class Configurator {
 
   MainForm Main;
   Summarizer summary;
+  PrintedReport report;
   MotorDialog MotorSetup;
   EditMotor CustomMotorSetup;
   PulseDirDialog PulseDirSetup;

@@ -78,6 +78,7 @@ void MainForm::WireMenus() {
       Command{&MenuSave, &MainFormOpeners::Save},
       Command{&MenuSaveAs, &MainFormOpeners::SaveAs},
       Command{&MenuPrint, &MainFormOpeners::Print},
+      Command{&MenuPreview, &MainFormOpeners::Preview},
       Command{&MenuHistory, &MainFormOpeners::History, true},
       Command{&MenuClearFault, &MainFormOpeners::ClearFault},
       Command{&MenuIOStatus, &MainFormOpeners::IOStatus},

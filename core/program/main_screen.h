@@ -59,6 +59,7 @@ class MainScreen : public Form {
   MenuItem MenuSave{*this, "MenuSave", "Save"};
   MenuItem MenuSaveAs{*this, "MenuSaveAs", "Save As..."};
   MenuItem MenuPrint{*this, "MenuPrint", "Print..."};
+  MenuItem MenuPreview{*this, "MenuPreview", "Print Preview..."};
   MenuItem MenuExit{*this, "MenuExit", "Exit"};
   MenuItem MenuHistory{*this, "MenuHistory", "Alarm History"};
   MenuItem MenuClearFault{*this, "MenuClearFault", "Clear Alarm"};

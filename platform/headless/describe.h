@@ -27,8 +27,8 @@ std::string YesNo(bool value);
 /// Up to 15 significant digits, 7 of a float.
 std::string NumberOf(double value);
 std::string NumberOf(float value);
-/// In quotes when all of it can be printed, or is lines with carriage returns and line feeds at their ends; else in
-/// hexadecimal.
+/// In quotes when all of it can be printed, or is lines with carriage returns and line feeds at their ends;
+/// else in hexadecimal.
 std::string BytesInWords(std::span<const std::uint8_t> bytes);
 /// "0A FF": two digits a byte.
 std::string Hex(std::span<const std::uint8_t> bytes);

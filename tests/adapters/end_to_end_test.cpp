@@ -8,6 +8,7 @@
 #include "adapters/qt/windows/qt_desktop.h"
 #include "core/program/configurator.h"
 #include "motor/small_catalogue.h"
+#include "platform/headless/collected_print.h"
 #include "platform/headless/memory_files.h"
 
 namespace kavr6 {
@@ -25,7 +26,8 @@ TEST(EndToEnd, DriveThatDiesInATransferIsToldAndServesAfterItsReturn) {
   SerialComm comm(desktop, std::filesystem::path(folder.path().toStdString()) / "ports");
   MemoryTable table = CatalogueTable();
   MemoryFiles files;
-  Configurator program({desktop, comm, table, files});
+  CollectedPrint print;
+  Configurator program({desktop, comm, table, files, print});
   MainForm& main = program.Main;
   double& speed = program.settings.Speed;
   main.EnsureLoaded();

@@ -12,6 +12,7 @@
 #include "adapters/qt/windows/qt_desktop.h"
 #include "core/program/configurator.h"
 #include "motor/small_catalogue.h"
+#include "platform/headless/collected_print.h"
 #include "platform/headless/headless_desktop.h"
 #include "platform/headless/memory_files.h"
 
@@ -108,7 +109,8 @@ std::string Play(User& user) {
   Wire comm(user.Desk());
   MemoryTable table = CatalogueTable();
   MemoryFiles files;
-  Configurator program({user.Desk(), comm, table, files});
+  CollectedPrint print;
+  Configurator program({user.Desk(), comm, table, files, print});
   std::string log;
   const auto tell = [&](const char* step) {
     user.Settle();

@@ -25,6 +25,7 @@ Recorder::Recorder(Scene& scene) : scene_(scene), transcript_(scene.desktop), se
   rest_ = RestValues();
   front_ = scene_.desktop.ActiveFormName();
   scene_.desktop.watcher = scene_.comm.watcher = this;
+  scene_.print.Told = [this](const std::string& what) { Note(what); };
   scene_.files.Replaced = [this](const std::string& name, std::string_view text) {
     std::string lines = "file \"" + name + "\" now holds:\n| ";
     for (const char c : text) lines += c == '\n' ? "\n| " : std::string(c == '\r' ? 0U : 1U, c);
@@ -49,6 +50,7 @@ Recorder::~Recorder() {
   }
   scene_.desktop.watcher = scene_.comm.watcher = nullptr;
   scene_.files.Replaced = {};
+  scene_.print.Told = {};
   scene_.table.Added = {};
 }
 
@@ -72,6 +74,7 @@ Properties Recorder::SharedValues() const {
           {"DriveHasFault", YesNo(state.DriveHasFault)},
           {"CommandActive", YesNo(state.CommandActive)},
           {"SaveFile", Quoted(files.Filter) + " ." + files.DefaultExt + " in " + Quoted(files.InitDir)},
+          {"SaveFile CancelError", YesNo(files.CancelError)},
           {"RThreshold", std::to_string(scene_.comm.RThreshold())}};
 }
 

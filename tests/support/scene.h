@@ -8,6 +8,7 @@
 
 #include "core/program/configurator.h"
 #include "motor/small_catalogue.h"
+#include "platform/headless/collected_print.h"
 #include "platform/headless/memory_files.h"
 #include "simulator/simulated_drive.h"
 #include "tests/support/watched.h"
@@ -21,7 +22,8 @@ struct Scene {
   WatchedComm comm{desktop, desktop.Line()};
   MemoryTable table = CatalogueTable();
   MemoryFiles files;
-  Configurator program{{desktop, comm, table, files}};
+  CollectedPrint print;
+  Configurator program{{desktop, comm, table, files, print}};
   DriveState& state = program.state;
   MainForm& main = program.Main;
   Settings& settings = program.settings;

@@ -129,6 +129,7 @@ void TellOpeners(S s, W) {
       {&O::Encoder, "Encoder"},   {&O::IO, "IO"},
       {&O::Regen, "Regen"},       {&O::Open, "Open"},
       {&O::Save, "Save"},         {&O::SaveAs, "SaveAs"},
+      {&O::Print, "Print"},       {&O::Preview, "Preview"},
       {&O::History, "History"},   {&O::ClearFault, "ClearFault"},
       {&O::IOStatus, "IOStatus"}, {&O::Restore, "Restore"},
       {&O::Terminal, "Terminal"}, {&O::SelfTest, "SelfTest"},
@@ -293,6 +294,14 @@ void Motor(S s, W w) {
   s.scene.table.Add(row);
 }
 
+void Printer(S s, W w) {
+  CollectedPrint& print = s.scene.print;
+  const std::string state = w.Next();
+  print.Cancels = state == "cancelled";
+  print.Fails = state == "broken";
+  if (state == "open") print.During = std::exchange(s.meanwhile, {});
+}
+
 void Focus(S s, W) {
   const Control* const control = s.Window(s.scene.desktop.ActiveFormName()).FocusedControl();
   s.recorder->Note("focus: " + (control == nullptr ? "none" : control->Name()));
@@ -376,6 +385,7 @@ const std::map<std::string, StepDone> kSteps{
     {"remove", [](S s, W w) { s.scene.files.content.erase(w.Next()); }},
     {"disk", [](S s, W w) { s.scene.files.FailReplace = w.Next() == "full"; }},
     {"catalogue", Motor},
+    {"printer", Printer},  // "ready", "cancelled", "broken" or, after meanwhile, "open"
     {"table", Table},
 };
 // clang-format on

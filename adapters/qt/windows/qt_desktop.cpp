@@ -46,16 +46,10 @@ QtDesktop::~QtDesktop() {
   if (exiting == this) exiting = nullptr;
 }
 
-BoxAnswer QtDesktop::ShowBox(const MessageBox& box) {
-  const BoxAnswer answer = ShowMessageBox(box, BoxParent());
-  LowerLifted();
-  return answer;
-}
+BoxAnswer QtDesktop::ShowBox(const MessageBox& box) { return ShowMessageBox(box, BoxParent()); }
 
 std::string QtDesktop::ShowFileDialog(const FileDialog& dialog) {
-  std::string name = kavr6::ChooseFile(dialog, BoxParent());
-  LowerLifted();
-  return name;
+  return kavr6::ChooseFile(dialog, BoxParent());
 }
 
 void QtDesktop::Beep() { QApplication::beep(); }

@@ -44,6 +44,8 @@ class QtDesktop : public Desktop {
   ProgramVersion Version() const override;
   /// The window of a form; null before it has first been shown.
   QWidget* WindowOf(const Form& form) const;
+  /// The window that a box or a dialog opens above; null without any.
+  QWidget* BoxParent() const;
 
  protected:
   void OpenWindow(Form& form, bool modal) override;
@@ -51,6 +53,7 @@ class QtDesktop : public Desktop {
   void DropWindow(Form& form) override;
   BoxAnswer ShowBox(const MessageBox& box) override;
   std::string ShowFileDialog(const FileDialog& dialog) override;
+  void BoxGone() override { LowerLifted(); }
   /// Runs no destructors.
   [[noreturn]] void EndProcess(int exitCode) override;
 
@@ -59,7 +62,6 @@ class QtDesktop : public Desktop {
   FormWindow& Built(Form& form);
   void UserActivated(Form& form);
   QWidget* FrontWindow() const;
-  QWidget* BoxParent() const;
   void LowerLifted();
   void AwaitActivation();
 

@@ -1,0 +1,75 @@
+#include "adapters/qt/print/paint_document.h"
+
+#include <QFontMetricsF>
+#include <QPageLayout>
+#include <QPainter>
+#include <algorithm>
+
+#include "adapters/qt/base/text.h"
+
+namespace kavr6 {
+namespace {
+
+// In mm. The left margin is the wider one: the sheet may be filed.
+constexpr QMarginsF kMargins(22, 24, 15, 20);
+constexpr QMarginsF kLeastMargins(8, 16, 8, 16);
+// In points.
+constexpr int kMarginFont = 8;
+constexpr int kGap = 10;
+constexpr int kPointsPerInch = 72;
+constexpr qreal kMmPerInch = 25.4;
+
+/// The area of the text, in the printer's pixels from the corner of the paper.
+QRectF TextArea(const QPrinter& printer) {
+  const QPageLayout layout = printer.pageLayout();
+  const QMarginsF set = layout.margins(QPageLayout::Millimeter);
+  const qreal scale = printer.resolution() / kMmPerInch;
+  const QMarginsF margins(
+      std::max(set.left(), kLeastMargins.left()), std::max(set.top(), kLeastMargins.top()),
+      std::max(set.right(), kLeastMargins.right()), std::max(set.bottom(), kLeastMargins.bottom()));
+  return QRectF(layout.fullRectPixels(printer.resolution())).marginsRemoved(margins * scale);
+}
+
+/// Title and file name above the text, the number of the page below it.
+void PaintMargins(QPainter& painter, const QRectF& area, const PageMargins& margins, const QString& number) {
+  const qreal gap = painter.device()->logicalDpiY() * qreal{kGap} / kPointsPerInch;
+  const QFontMetricsF metrics(painter.font(), painter.device());
+  const qreal above = area.top() - gap - metrics.descent();
+  const QString title = ToQt(margins.title);
+  const qreal room = area.width() - metrics.horizontalAdvance(title) - 4 * gap;
+  const QString file = metrics.elidedText(ToQt(margins.file + margins.remark), Qt::ElideMiddle, room);
+  painter.drawText(QPointF(area.left(), above), title);
+  painter.drawText(QPointF(area.right() - metrics.horizontalAdvance(file), above), file);
+  painter.drawText(
+      QPointF(area.right() - metrics.horizontalAdvance(number), area.bottom() + gap + metrics.ascent()),
+      number);
+}
+
+}  // namespace
+
+void SetUpPage(QPrinter& printer, const QPageSize& paper) {
+  printer.setFullPage(true);
+  printer.setPageSize(paper);
+  printer.setPageMargins(kMargins, QPageLayout::Millimeter);
+}
+
+bool PaintDocument(QPrinter& printer, const PrintedDocument& document) {
+  QPainter painter;
+  if (!painter.begin(&printer)) return false;
+  const QRectF area = TextArea(printer);
+  const std::vector<PageTexts> pages = FlowPages(document.lines, area, printer);
+  QFont marginFont = document.lines.empty() ? painter.font() : document.lines.back().font;
+  marginFont.setPointSize(kMarginFont);
+  for (std::size_t page = 0; page < pages.size(); ++page) {
+    if (page > 0 && !printer.newPage()) return false;
+    painter.setFont(marginFont);
+    PaintMargins(painter, area, document.margins, QString("Page %1 of %2").arg(page + 1).arg(pages.size()));
+    for (const PlacedText& placed : pages[page]) {
+      painter.setFont(placed.font);
+      painter.drawText(placed.baseline, placed.text);
+    }
+  }
+  return painter.end() && printer.printerState() != QPrinter::Error;
+}
+
+}  // namespace kavr6

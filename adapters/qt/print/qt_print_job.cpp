@@ -1,0 +1,77 @@
+#include "adapters/qt/print/qt_print_job.h"
+
+#include <QFileInfo>
+#include <QPrintDialog>
+#include <utility>
+
+#include "adapters/qt/base/text.h"
+#include "adapters/qt/print/paper.h"
+#include "adapters/qt/print/preview_window.h"
+#include "platform/runtime_error.h"
+
+namespace kavr6 {
+namespace {
+
+constexpr int kPrinterError = 482;
+
+}  // namespace
+
+QPrinter& QtPrintJob::Printer() {
+  if (printer_ == nullptr) {
+    printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    SetUpPage(*printer_, SystemPaper());
+  }
+  return *printer_;
+}
+
+/// The dialog proposes a file by the document's name. One that was printed to stays where it is: the next
+/// document goes beside it.
+void QtPrintJob::NameDocument(QPrinter& printer) const {
+  printer.setDocName(QFileInfo(ToQt(document_.margins.file)).completeBaseName());
+  const QFileInfo before(printer.outputFileName());
+  if (!before.fileName().isEmpty())
+    printer.setOutputFileName(before.path() + "/" + printer.docName() + ".pdf");
+}
+
+bool QtPrintJob::AskForPrinter(int flags) { return Ask(flags, parent_()); }
+
+bool QtPrintJob::Ask(int flags, QWidget* parent) {
+  NameDocument(Printer());
+  QPrintDialog window(&Printer(), parent);
+  window.setOption(QAbstractPrintDialog::PrintPageRange, (flags & kPrintNoPageRange) == 0);
+  window.setOption(QAbstractPrintDialog::PrintSelection, (flags & kPrintNoSelection) == 0);
+  return window.exec() == QDialog::Accepted;
+}
+
+void QtPrintJob::SetFont(const PrintFont& font) {
+  font_ = QFont(ToQt(font.name), font.points, font.bold ? QFont::Bold : QFont::Normal);
+}
+
+void QtPrintJob::PrintLine(int column, const std::string& text) {
+  QString shown = ToQt(text);
+  // One line stays one line.
+  for (QChar& character : shown)
+    if (!character.isPrint() && !character.isSurrogate()) character = ' ';
+  document_.lines.push_back({column, shown, font_});
+}
+
+void QtPrintJob::EndDoc() {
+  const PrintedDocument document = std::exchange(document_, {});
+  if (!PaintDocument(Printer(), document)) throw RuntimeError(kPrinterError, "Printer error");
+}
+
+void QtPrintJob::ShowPreview(int flags) {
+  const PrintedDocument document = document_;
+  PreviewWindow window(
+      Printer(), [&document](QPrinter* printer) { PaintDocument(*printer, document); },
+      [&] {
+        if (!Ask(flags, &window)) return false;
+        PaintDocument(Printer(), document);
+        return true;
+      },
+      parent_());
+  window.exec();
+  document_ = {};
+}
+
+}  // namespace kavr6
