@@ -73,7 +73,6 @@ class ExecStatus : public LiveTool {
   void ProcessChar(std::uint8_t byte) override;
   void GiveBack() override;
   bool MayClose() override;
-  void GiveBack() override;
 
  private:
   // The lights of inputs and outputs; the samples beside the legends show the low ones.
