@@ -83,4 +83,9 @@ inline constexpr auto kIoFunctions = std::to_array<IoFunction>({
      kBrakeOpens},
 });
 
+/// Names of the inputs, with what some do on their own; the first eight are on the larger drives alone.
+inline constexpr auto kInputNames = std::to_array<std::string_view>(
+    {"IN1", "IN2", "IN3", "IN4", "IN5/cwjog", "IN6/ccwjog", "IN7/cwlim", "IN8/ccwlim", "X0", "X1/cwjog",
+     "X2/ccwjog", "X3", "X4", "X5", "X6/ccwlimit", "X7/cwlimit"});
+
 }  // namespace kavr6

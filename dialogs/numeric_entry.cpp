@@ -81,6 +81,8 @@ std::string EntryText(double value, EntryForm form) {
 
 }  // namespace
 
+std::span<const EntryLimits> AllLimits() { return kLimits; }
+
 const EntryLimits* FindLimits(std::string_view dialog, std::string_view field) {
   const auto* const row = std::ranges::find_if(
       kLimits, [&](const EntryLimits& limits) { return limits.dialog == dialog && limits.field == field; });

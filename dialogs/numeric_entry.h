@@ -2,6 +2,7 @@
 // field is left.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -30,6 +31,8 @@ struct EntryLimits {
   int sliderFactor = 0;  ///< slider value of 1.0; 0: no slider follows the text
 };
 
+/// All fields that have limits.
+std::span<const EntryLimits> AllLimits();
 /// The limits of a field; null where it has none.
 const EntryLimits* FindLimits(std::string_view dialog, std::string_view field);
 /// The row of this field, in the unit that stands beside it; a field without one is a std::logic_error.

@@ -19,10 +19,6 @@ constexpr double kBeforeModel = 0.1;  // seconds
 constexpr int kModelOffset = 48;      // the drive tells its model code as one character, this much below it
 constexpr char kReturn = '\r';
 
-constexpr auto kInputNames = std::to_array<const char*>(
-    {"IN1", "IN2", "IN3", "IN4", "IN5/cwjog", "IN6/ccwjog", "IN7/cwlim", "IN8/ccwlim", "X0", "X1/cwjog",
-     "X2/ccwjog", "X3", "X4", "X5", "X6/ccwlimit", "X7/cwlimit"});
-
 struct OutputWords {
   std::string_view function;  ///< the command that sets what the output does on its own, if it does
   std::string_view name;
@@ -57,7 +53,8 @@ void ExecStatus::NameLamps() {
     lblStatusBit[bit].SetCaption(std::string(kStatusBits[at].name));
     lblStatusBit[kLamps + bit].SetCaption(std::string(kAlarms[kMonitoredAlarms[at]].monitored));
   }
-  for (int i = 0; i < kInputs; ++i) XLabel[i].SetCaption(kInputNames[static_cast<std::size_t>(i)]);
+  for (int i = 0; i < kInputs; ++i)
+    XLabel[i].SetCaption(std::string(kInputNames[static_cast<std::size_t>(i)]));
   for (int i = 0; i < OutLabel.Count(); ++i) OutLabel[i].SetCaption("OUT" + std::to_string(i + 1));
 }
 
