@@ -1,20 +1,16 @@
 // Any bytes as a configuration file: they become a record that can be written and read again, or end in a
 // RuntimeError that says where.
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "config_file/settings_file.h"
+#include "fuzz/require.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
 namespace {
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 struct File {
   FileHead head{.version = "1.0"};

@@ -2,18 +2,14 @@
 // written again, or end in a RuntimeError.
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 
+#include "fuzz/require.h"
 #include "image/parameter_image.h"
 #include "motor/small_catalogue.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
 namespace {
-
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
 
 bool Within(Long value, Long least, Long most) { return value >= least && value <= most; }
 

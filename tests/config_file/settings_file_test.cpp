@@ -214,20 +214,6 @@ TEST(SettingsFile, VersionsAreTakenApart) {
     EXPECT_EQ(Reading(File().With(1, text)).text, "Line 1: there is no version number") << text;
 }
 
-TEST(SettingsFile, RandomRecordsComeBack) {
-  Dice dice;
-  for (int i = 0; i < 3000; ++i) {
-    Settings written = dice.Record();
-    written.NoiseFilter = dice.Roll(100, 15000);
-    written.StepFilterFreq = dice.Roll(1, 20000);
-    const MotorRecord row = dice.Record();
-    const std::string file = WriteSettingsFile({"1.0", -1, 32767}, written, row);
-    const Reading reading(file);
-    ASSERT_EQ(reading.settings, written) << reading.text << file;
-    ASSERT_EQ(reading.row, row) << file;
-  }
-}
-
 TEST(SettingsFile, ACutFileKeepsWhatStandsBeforeTheCut) {
   const File file;
   int line = 1;
