@@ -6,7 +6,6 @@
 #include "platform/control_array.h"
 #include "platform/controls.h"
 #include "platform/form.h"
-#include "platform/grid.h"
 #include "platform/headless/headless_desktop.h"
 #include "platform/page_view.h"
 #include "platform/text_area.h"
@@ -24,26 +23,14 @@ struct Window : Form {
     text.Change.Set([this] { log += "text=" + text.Text() + " "; });
     text.LostFocus.Set([this] { text.SetText("clean"); });
     area.Change.Set([this] { log += "area=" + area.Text() + " "; });
-    area.KeyUp.Set([this](int code) { log += "key" + std::to_string(code) + " "; });
     list.Clicked.Set([this] { log += "list=" + std::to_string(list.ListIndex()) + " "; });
     list.DoubleClicked.Set([this] { log += "double "; });
     slider.Scrolled.Set([this] { log += "scroll=" + std::to_string(slider.Value()) + " "; });
     slider.Change.Set([this] { log += "slider=" + std::to_string(slider.Value()) + " "; });
     for (ClickableControl* control :
-         std::initializer_list<ClickableControl*>{&check, &first, &second, &ok, &framed, &image})
+         std::initializer_list<ClickableControl*>{&check, &first, &second, &ok, &framed})
       control->Clicked.Set([this, control] { log += control->Name() + " "; });
-    menu.Clicked.Set([this] { log += "menu "; });
-    grid.DoubleClicked.Set([this](int row) { log += "grid" + std::to_string(row) + " "; });
-    pages.CanGoBackChanged.Set([this] { log += pages.CanGoBack() ? "back " : "no-back "; });
     for (const char* row : {"a", "b", "c"}) list.AddItem(row);
-  }
-  bool KeyPressed(char character) override {
-    log += character;
-    return true;
-  }
-  bool MayClose() override {
-    log += "close ";
-    return false;
   }
 
   TextBox text{*this, "text"};
@@ -56,12 +43,9 @@ struct Window : Form {
   ListBox list{*this, "list"};
   Slider slider{*this, "slider", {.min = 0, .max = 90}};
   Button ok{*this, "OK"};
-  ImageButton image{*this, "image", "Up", "Down"};
   Frame outer{*this, "outer"};
   Frame inner{*this, "inner"};
   Button framed{*this, "framed"};
-  MenuItem menu{*this, "menu", "Menu"};
-  Grid grid{*this, "grid", 2, 1};
   PageView pages{*this, "pages"};
   Timer timer{*this, "timer"};
   std::string log;
@@ -148,6 +132,44 @@ TEST_F(ControlModels, UserCannotActOnWhatHandlersOrOtherWindowsHaveTakenAway) {
   }
 }
 
+TEST_F(ControlModels, PressTakesTheFocusBehindOtherWindows) {
+  Window front(desktop, "front");
+  front.Show();
+  window.check.Press();
+  EXPECT_EQ(window.log, "check ");
+  EXPECT_EQ(window.FocusedControl(), &window.check);
+  EXPECT_EQ(desktop.ActiveFormName(), "front");
+}
+
+TEST_F(ControlModels, ViewIsToldOfAnEmptyListAndOfTheLeastSize) {
+  int told = 0;
+  window.list.SetView([&told] { ++told; });
+  window.SetView([&told] { ++told; });
+  window.list.Clear();
+  EXPECT_EQ(told, 1);
+  window.SetMinSize(10, 10);
+  EXPECT_EQ(told, 2);
+  window.SetView({}), window.list.SetView({});
+}
+
+TEST_F(ControlModels, SelectionKeepsWithinItsText) {
+  const auto expect = [](const auto& field, std::size_t start, std::size_t length) {
+    EXPECT_EQ(std::pair(field.SelStart(), field.SelLength()), std::pair(start, length));
+  };
+  window.area.Type("RV\r\n");
+  expect(window.area, 4, 0);
+  window.area.SetSelection(99, 0);
+  expect(window.area, 4, 0);
+  window.area.SetSelection(1, 99);
+  expect(window.area, 1, 3);
+  window.area.SetText("xy");
+  expect(window.area, 1, 1);
+  window.area.SetText("");
+  expect(window.area, 0, 0);
+  window.text.Type("dirty"), window.text.SetText("d");
+  expect(window.text, 1, 0);
+}
+
 TEST_F(ControlModels, NamesOfArraysAndAddressesOfPages) {
   ControlArray<Lamp> lamps(window, "LED", 2);
   EXPECT_EQ(window.Find("LED(1)"), &lamps[1]);
@@ -184,12 +206,14 @@ TEST_F(ControlModels, TimerKeepsStepWithItsIntervalHoweverLongItsHandlerTakes) {
     beats.push_back(desktop.Now());
     Delay(desktop, beats.size() == 2 ? 0.25 : 0.06);
   });
-  window.timer.SetInterval(100);
   Control& timer = window.timer;
   timer.SetEnabled(true);
+  Delay(desktop, 1.0);
+  ASSERT_TRUE(beats.empty()) << "a timer without an interval does not run";
+  window.timer.SetInterval(100);
   Delay(desktop, 0.65);
   ASSERT_EQ(beats.size(), 4U);
-  const double expected[] = {0.1, 0.2, 0.5, 0.6};
+  const double expected[] = {1.1, 1.2, 1.5, 1.6};
   for (std::size_t i = 0; i < beats.size(); ++i) EXPECT_NEAR(beats[i], expected[i], 1e-9);
 }
 
