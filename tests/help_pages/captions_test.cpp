@@ -1,9 +1,10 @@
-// What a page names in italics is written on the program, in these words.
+// What a page names in italics or in cells for captions is written on the program, in these words.
 #include <QFile>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 #include <cctype>
 #include <filesystem>
+#include <set>
 
 #include <gtest/gtest.h>
 
@@ -51,12 +52,21 @@ bool IsCaption(const std::set<std::string>& captions, const std::string& words) 
   return false;
 }
 
-TEST(HelpCaptions, ItalicsAreWordsOfTheProgram) {
+/// The words of a page that are told to be captions.
+Texts CaptionsOn(const std::string& page) {
+  Texts words;
+  for (const QDomElement& italics : Elements(page, "i")) words.push_back(TextOf(italics));
+  for (const QDomElement& cell : Elements(page, "td"))
+    if (cell.attribute("class") == "caption") words.push_back(TextOf(cell));
+  return words;
+}
+
+TEST(HelpCaptions, AreWordsOfTheProgram) {
   const std::set<std::string> captions = Captions();
   EXPECT_GT(captions.size(), 200U) << "the designs were not read";
   EXPECT_FALSE(IsCaption(captions, "Downloa"));
   for (const std::string& name : PageNames())
-    for (const std::string& words : HelpPage(name).captions) {
+    for (const std::string& words : CaptionsOn(name)) {
       std::string rest = words;  // menu > command
       for (std::size_t at; (at = rest.find(" > ")) != std::string::npos; rest.erase(0, at + 3))
         EXPECT_TRUE(captions.contains(rest.substr(0, at))) << name << ": " << words;
