@@ -73,7 +73,7 @@ void AddAlarms(Facts& facts) {
     std::string& name = cells[1];
     if (name.empty()) continue;
     facts["alarm-names"].push_back({bit, {name}});
-    name = Element("a", name, "href=\"#alarm" + bit + "\"");
+    name = Element("a", name, Replaced("href=\"#alarm?\"", "?", bit));
   }
 }
 

@@ -1,7 +1,6 @@
 #include "apps/help_writer/help_writer.h"
 
 #include <algorithm>
-#include <sstream>
 #include <stdexcept>
 
 #include "apps/help_writer/markup.h"
@@ -28,32 +27,26 @@ std::string TableRows(const FactTable& table) {
 
 }  // namespace
 
-std::string HelpWriter::CellsOf(const std::string& kind, const std::string& table, const std::string& key) {
+std::string HelpWriter::Answer(const std::string& instruction) {
+  std::istringstream words(instruction);
+  std::string kind, table, key;
+  std::getline(words >> kind >> table >> std::ws, key);
   const FactTable& rows = facts_.at(table);
+  shown_.insert(table);
+  if (kind == "rows" && key.empty()) return TableRows(rows);
   const auto row = std::ranges::find(rows, key, &FactRow::key);
-  if (row == rows.end()) throw std::out_of_range("row");
+  if (row == rows.end() || (kind != "cells" && kind != "text")) throw std::out_of_range(instruction);
   keys_[table].insert(key);
   std::string cells;
   for (const std::string& cell : row->cells) cells += kind == "text" ? cell : Element("td", cell);
   return cells;
 }
 
-std::string HelpWriter::Answer(const std::string& instruction) {
-  std::istringstream words(instruction);
-  std::string kind, table, key;
-  words >> kind >> table >> std::ws;
-  std::getline(words, key);
-  shown_.insert(table);
-  if (kind == "rows" && key.empty()) return TableRows(facts_.at(table));
-  if (kind == "cells" || kind == "text") return CellsOf(kind, table, key);
-  throw std::out_of_range("kind");
-}
-
 void HelpWriter::CheckKeys(const std::string& page) {
   for (const auto& [table, keys] : keys_)
     for (const FactRow& row : facts_.at(table))
       if (const std::size_t times = keys.count(row.key); times != 1)
-        faults_.push_back(page + " shows " + table + " " + row.key + " " + std::to_string(times) + " times");
+        faults_ << page << " shows " << table << " " << row.key << " " << times << " times\n";
 }
 
 std::string HelpWriter::Filled(const std::string& page, std::string_view source) {
@@ -67,17 +60,17 @@ std::string HelpWriter::Filled(const std::string& page, std::string_view source)
     try {
       filled += Answer(instruction);
     } catch (const std::out_of_range&) {
-      faults_.push_back(page + " asks for what is not there: " + instruction);
+      faults_ << page << " asks for what is not there: " << instruction << "\n";
     }
   }
   CheckKeys(page);
   return filled.append(source);
 }
 
-const std::vector<std::string>& HelpWriter::Faults() {
+std::string HelpWriter::Faults() {
   for (const auto& [table, rows] : facts_)
-    if (!shown_.contains(table)) faults_.push_back("No page shows the facts of " + table);
-  return faults_;
+    if (!shown_.contains(table)) faults_ << "No page shows the facts of " << table << "\n";
+  return faults_.str();
 }
 
 }  // namespace kavr6

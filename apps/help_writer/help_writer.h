@@ -3,9 +3,9 @@
 
 #include <map>
 #include <set>
+#include <sstream>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "apps/help_writer/facts.h"
 
@@ -23,18 +23,18 @@ class HelpWriter {
  public:
   /// The page with its facts. What is wrong with it, Faults tells.
   std::string Filled(const std::string& page, std::string_view source);
-  /// After the last page: all that is wrong, one sentence each with the name of the page.
-  const std::vector<std::string>& Faults();
+  /// After the last page: all that is wrong, a line each with the name of the page; "" if nothing is.
+  std::string Faults();
 
  private:
+  /// What stands in the place of an instruction; std::out_of_range if there is no such thing.
   std::string Answer(const std::string& instruction);
-  std::string CellsOf(const std::string& kind, const std::string& table, const std::string& key);
   void CheckKeys(const std::string& page);
 
   const std::map<std::string, FactTable> facts_ = AllFacts();
   std::set<std::string> shown_;                             // tables, on any page
   std::map<std::string, std::multiset<std::string>> keys_;  // asked for on this page, by table
-  std::vector<std::string> faults_;
+  std::ostringstream faults_;
 };
 
 }  // namespace kavr6

@@ -26,8 +26,8 @@ bool Write(const fs::path& source, const fs::path& target) {
   for (const auto& entry : fs::directory_iterator(source))
     if (const fs::path name = entry.path().filename(); name.extension() == ".html")
       pages[name] = writer.Filled(name.string(), ContentOf(entry.path()));
-  const std::vector<std::string>& faults = writer.Faults();
-  for (const std::string& fault : faults) std::cerr << fault << "\n";
+  const std::string faults = writer.Faults();
+  std::cerr << faults;
   if (!faults.empty()) return false;
   fs::remove_all(target);
   fs::copy(source, target, fs::copy_options::recursive);

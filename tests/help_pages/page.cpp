@@ -19,7 +19,7 @@ std::map<std::string, QDomDocument> ReadAll() {
     QFile file(entry.path());
     QString fault;
     int line = 0;
-    if (!pages[entry.path().filename()].setContent(&file, &fault, &line))
+    if (!file.open(QFile::ReadOnly) || !pages[entry.path().filename()].setContent(&file, &fault, &line))
       ADD_FAILURE() << entry.path() << " line " << line << ": " << fault.toStdString();
   }
   return pages;
@@ -32,6 +32,7 @@ const std::map<std::string, QDomDocument>& Pages() {
 
 std::vector<QDomElement> ListOf(const QDomNodeList& nodes) {
   std::vector<QDomElement> elements;
+  elements.reserve(static_cast<std::size_t>(nodes.size()));
   for (int i = 0; i < nodes.size(); ++i) elements.push_back(nodes.at(i).toElement());
   return elements;
 }
