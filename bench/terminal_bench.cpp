@@ -18,6 +18,7 @@
 #include "bench/bench_desktop.h"
 #include "core/program/configurator.h"
 #include "motor/small_catalogue.h"
+#include "platform/headless/collected_print.h"
 
 namespace kavr6 {
 namespace {
@@ -57,7 +58,8 @@ int Listen(const std::filesystem::path& folder, pid_t speaker) {
   SerialComm comm(desktop, folder / "ports");
   MemoryTable table = CatalogueTable();
   DiskFiles files;
-  Configurator program({desktop, comm, table, files});
+  CollectedPrint print;
+  Configurator program({desktop, comm, table, files, print});
   program.Start();
   program.ports.Select(0);
   long heard = 0;

@@ -54,6 +54,8 @@ constexpr std::array<CommandRow, 44> kCommands{{
 
 }  // namespace
 
+std::span<const CommandRow> TextCommands() { return kCommands; }
+
 Summary::Summary(Desktop& desktop) : CommandList(desktop, "Summary", kCommands) {
   SetCaption("VTL Commands");
   Opens(btnEF, EFcodes);

@@ -8,6 +8,9 @@
 
 namespace kavr6 {
 
+/// The rows of the window below.
+std::span<const CommandRow> TextCommands();
+
 /// Window "Summary", with the windows that it opens.
 class Summary : public CommandList {
  public:

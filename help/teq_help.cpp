@@ -43,6 +43,8 @@ constexpr std::array<CommandRow, 33> kServoCommands{{
 
 }  // namespace
 
+std::span<const CommandRow> ServoTextCommands() { return kServoCommands; }
+
 TEQhelp::TEQhelp(Desktop& desktop) : CommandList(desktop, "TEQhelp", kServoCommands) {
   SetCaption("Additional TEQ Servo Commands");
   Opens(cmdControlModes, ControlModes);

@@ -6,6 +6,9 @@
 
 namespace kavr6 {
 
+/// The rows of the window below.
+std::span<const CommandRow> ServoTextCommands();
+
 /// Window "TEQhelp", with the windows that it opens.
 class TEQhelp : public CommandList {
  public:

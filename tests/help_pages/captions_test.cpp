@@ -1,9 +1,10 @@
-// What a page names in italics is written on the program, in these words.
+// What a page names in italics or in cells for captions is written on the program, in these words.
 #include <QFile>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 #include <cctype>
 #include <filesystem>
+#include <set>
 
 #include <gtest/gtest.h>
 
@@ -51,17 +52,21 @@ bool IsCaption(const std::set<std::string>& captions, const std::string& words) 
   return false;
 }
 
-TEST(HelpCaptions, ItalicsAreWordsOfTheProgram) {
+TEST(HelpCaptions, ItalicsAndCellsForCaptionsAreWordsOfTheProgram) {
   const std::set<std::string> captions = Captions();
   EXPECT_GT(captions.size(), 200U) << "the designs were not read";
   EXPECT_FALSE(IsCaption(captions, "Downloa"));
-  for (const std::string& name : PageNames())
-    for (const std::string& words : HelpPage(name).captions) {
-      std::string rest = words;  // menu > command
+  for (const std::string& name : PageNames()) {
+    for (const QDomElement& cell : Elements(name, "td"))
+      EXPECT_TRUE(cell.attribute("class") != "caption" || captions.contains(TextOf(cell)))
+          << name << ": " << TextOf(cell);
+    for (const QDomElement& italics : Elements(name, "i")) {
+      std::string rest = TextOf(italics);  // menu > command
       for (std::size_t at; (at = rest.find(" > ")) != std::string::npos; rest.erase(0, at + 3))
-        EXPECT_TRUE(captions.contains(rest.substr(0, at))) << name << ": " << words;
-      EXPECT_TRUE(IsCaption(captions, rest)) << name << ": " << words;
+        EXPECT_TRUE(captions.contains(rest.substr(0, at))) << name << ": " << rest;
+      EXPECT_TRUE(IsCaption(captions, rest)) << name << ": " << rest;
     }
+  }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QString>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -33,17 +34,9 @@ std::string AllOf(const fs::path& folder, const std::string& ending) {
 }
 
 /// Whether the text is the pattern with something for each "…".
-bool Fits(std::string_view text, std::string_view pattern) {
-  static constexpr std::string_view kOpen = "…";
-  const std::size_t open = pattern.find(kOpen);
-  if (open == std::string_view::npos) return text == pattern;
-  if (!text.starts_with(pattern.substr(0, open))) return false;
-  pattern.remove_prefix(open + kOpen.size());
-  for (text.remove_prefix(open); !text.empty();) {
-    text.remove_prefix(1);
-    if (Fits(text, pattern)) return true;
-  }
-  return false;
+bool Fits(const std::string& text, const std::string& pattern) {
+  const QString form = QRegularExpression::escape(QString::fromStdString(pattern)).replace("\\…", ".+");
+  return QRegularExpression("^" + form + "$").match(QString::fromStdString(text)).hasMatch();
 }
 
 struct Box {

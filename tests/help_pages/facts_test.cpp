@@ -1,0 +1,51 @@
+// The facts that the build has filled into the pages.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+#include "tests/help_pages/page.h"
+
+namespace kavr6 {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(HelpFacts, StandInThePages) {
+  const std::tuple<const char*, const char*, std::size_t, Texts> facts[] = {
+      {"ConfigSoftware_Motor.html", "limits-motor", 0, {"Running Current", "amps", "0.5", "6"}},
+      {"velocity.html", "limits-velocity", 4, {"Speed", "rev/sec at +10V", "-100", "100"}},
+      {"VTLdialog.html", "limits-vtl", 2, {"Step Smoothing Filter", "Hz", "1", "2500"}},
+      {"ErrorCodes.html", "alarms", 7, {"7", "overcurrent", "motor short", "over current", "red", "yes"}},
+      {"ErrorCodes.html", "alarms", 14, {"14", "", "", "reserved", "", "yes"}},
+      {"text_language.html", "commands", 42, {"SK", "stop & kill buffer"}},
+      {"text_language.html", "servo", 13, {"ISX", "input status, extended I/O"}},
+      {"codes.html", "RScodes", 4, {"W", "waiting for input"}},
+      {"report.html", "words", 9, {"Enable: Open to enable", "Enable motor when Enable input is closed."}}};
+  for (const auto& [page, table, row, words] : facts) {
+    Texts cells = TableRows(page, table).at(row);
+    cells.resize(words.size());  // prose follows
+    EXPECT_EQ(cells, words);
+  }
+}
+
+/// Whether the pages are written if one more source says this.
+bool Written(const std::string& page, const std::string& content) {
+  const std::string folder = testing::TempDir() + "help_facts";
+  fs::remove_all(folder);
+  fs::create_directory(folder);
+  fs::copy(KAVR6_SOURCE "/resources/help", folder + "/in");
+  std::ofstream(folder + "/in/" + page) << content;
+  return std::system((KAVR6_HELP_WRITER " " + folder + "/in " + folder + "/out").c_str()) == 0;
+}
+
+TEST(HelpFacts, NoneIsLeftOut) {
+  EXPECT_TRUE(Written("more.html", "<?rows models?>"));
+  EXPECT_FALSE(Written("regen.html", "")) << "the fields of a dialog";
+  EXPECT_FALSE(Written("more.html", "<?cells models KAVR6-Zu?>")) << "rows of a table";
+  EXPECT_FALSE(Written("more.html", "<?rows colors?>")) << "an unknown table";
+}
+
+}  // namespace
+}  // namespace kavr6
