@@ -3,14 +3,12 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <source_location>
 
 namespace kavr6 {
 
-inline void Require(bool holds, const char* what = "",
-                    std::source_location place = std::source_location::current()) {
+inline void Require(bool holds, const char* what) {
   if (holds) return;
-  std::fprintf(stderr, "broken in line %u: %s\n", place.line(), what);
+  std::fprintf(stderr, "broken: %s\n", what);
   std::abort();
 }
 

@@ -2,8 +2,9 @@
 // list, grid, report and bytes alike, so none of these can be held against another.
 #include <fstream>
 #include <iterator>
-#include <ranges>
+#include <numeric>
 #include <sstream>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -28,6 +29,13 @@ void Tell(std::ostream& text, const char* title, const Table& table, Row row) {
 }
 
 char Colour(Lamp::State lit) { return "-gyr"[static_cast<std::size_t>(lit)]; }
+
+/// So many numbers from the first on.
+std::vector<Long> From(Long first, std::size_t count) {
+  std::vector<Long> numbers(count);
+  std::iota(numbers.begin(), numbers.end(), first);
+  return numbers;
+}
 
 std::string ModeNameOf(Long op, Long control, Long pulses) {
   Settings s;
@@ -63,13 +71,13 @@ TEST(Facts, StandAsTheyAreWrittenOutByHand) {
   Tell(text, "Status by bit", kStatusBits,
        [&](const StatusBit& bit) { text << Colour(bit.lit) << ' ' << bit.name; });
   Tell(text, "Motion modes on the main screen: by operating mode, with control modes 2, 7, 11 and 21",
-       std::views::iota(0, 9), [&](Long op) {
+       From(0, 9), [&](Long op) {
          text << op;
          for (const Long control : {2, 7, 11, 21}) text << '|' << ModeNameOf(op, control, 0);
        });
-  Tell(text, "Motion modes on the main screen: by kind of pulses", std::views::iota(-1, 4),
+  Tell(text, "Motion modes on the main screen: by kind of pulses", From(-1, 5),
        [&](Long pulses) { text << pulses << ' ' << ModeNameOf(3, 7, pulses); });
-  Tell(text, "Packed velocity codes and their three options", std::views::iota(10, 20), [&](Long packed) {
+  Tell(text, "Packed velocity codes and their three options", From(10, 10), [&](Long packed) {
     Settings s;
     s.ControlMode = packed;
     DecodeControlMode(s);
