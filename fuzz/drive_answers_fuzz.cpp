@@ -1,17 +1,12 @@
 // Any bytes instead of what a drive says to the host terminal and to a reader of its alarm history.
 // Input: a byte that is odd for the terminal and even for the history, and the drive's bytes. They come in
 // parts of 1 to 64 bytes, as many as the first byte says.
-#include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <span>
 #include <string>
 
-#include "link/receive_path.h"
-#include "platform/headless/headless_desktop.h"
+#include "fuzz/link_scene.h"
 #include "platform/headless/memory_files.h"
-#include "platform/headless/scripted_comm.h"
 #include "tools/alarm_history.h"
 #include "tools/vtl_term.h"
 
@@ -21,35 +16,16 @@ using namespace kavr6;
 
 constexpr std::size_t kMostCharacters = 4000;
 
-void Require(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "broken: %s\n", what);
-  std::abort();
-}
-
-struct Scene : HeadlessDesktop {
-  Form main{*this, "MainForm"};
-  ScriptedComm comm{*this};
+struct Scene : LinkScene<> {
   MemoryFiles files;
-  DriveState state;
-  DriveLine line{state, comm, *this, *this};
-  ReceivePath path{line};
   VTLterm terminal{line, *this, files};
   AlarmHistory history{*this, line};
 
-  Scene() {
-    AnswerAnything();
-    comm.SetPortOpen(true);
-    comm.SetRThreshold(1);
-    path.FrontWindow = [this] { return ActiveFormName(); };
-    path.AddLiveTool(terminal.Name(), [this](std::uint8_t byte) { terminal.Take(byte); });
-    main.Show();
-  }
+  Scene() { Serve(terminal); }
 
   void Feed(std::span<const std::uint8_t> bytes, std::size_t part) {
-    for (; !bytes.empty(); bytes = bytes.subspan(std::min(part, bytes.size()))) {
-      const auto next = bytes.first(std::min(part, bytes.size()));
-      comm.Feed(Bytes(next.begin(), next.end()));
+    while (!bytes.empty()) {
+      comm.Feed(TakeBytes(bytes, part));
       Delay(*this, 0.01);
     }
   }
@@ -120,6 +96,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   } else {
     ReadHistory(scene, bytes);
   }
-  Require(!scene.state.LiveToolActive && scene.comm.RThreshold() == 1, "the line is back");
+  scene.RequireLineGivenBack();
   return 0;
 }

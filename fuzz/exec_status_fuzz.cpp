@@ -1,18 +1,13 @@
 // Any bytes instead of the drive's answers, while the status monitor asks, is closed and opened again.
 // Input: groups of one byte with orders (the bits below) and as many bytes as its low four bits say. Each
 // group comes after the next thing that the monitor writes, or after a while.
-#include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <map>
 #include <span>
 #include <string>
 
-#include "link/receive_path.h"
-#include "platform/headless/headless_desktop.h"
+#include "fuzz/link_scene.h"
 #include "platform/headless/memory_files.h"
-#include "platform/headless/scripted_comm.h"
 #include "tools/exec_status.h"
 
 namespace {
@@ -24,12 +19,6 @@ constexpr unsigned kUseButton = 0x10;
 constexpr unsigned kOtherWindow = 0x20;
 constexpr unsigned kClose = 0x40;
 constexpr unsigned kLosePort = 0x80;
-
-void Require(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "broken: %s\n", what);
-  std::abort();
-}
 
 /// What a drive answers that is well, with everything at work.
 const std::map<std::string, std::string> kGoodAnswers{{"MN\r", "["},
@@ -58,32 +47,21 @@ class BadDrive : public ScriptedComm {
     const auto good = kGoodAnswers.find({bytes.begin(), bytes.end()});
     if (well && good != kGoodAnswers.end()) return Feed(good->second, 0.01);
     if (well || rest.empty()) return;
-    const unsigned orders = rest[0];
-    const auto answer = rest.subspan(1, std::min<std::size_t>(orders & kSizeBits, rest.size() - 1));
-    rest = rest.subspan(1 + answer.size());
-    Feed(Bytes(answer.begin(), answer.end()), 0.01);
+    const unsigned orders = TakeBytes(rest, 1)[0];
+    Feed(TakeBytes(rest, orders & kSizeBits), 0.01);
     Order(orders);
   }
 };
 
-struct Scene : HeadlessDesktop {
-  Form main{*this, "MainForm"};
+struct Scene : LinkScene<BadDrive> {
   Form other{*this, "Other"};
-  BadDrive comm{*this};
   MemoryFiles files;
-  DriveState state;
-  ReceivePath path{{state, comm, *this, *this}};
-  ExecStatus monitor{{state, comm, *this, *this}, *this, files};
+  ExecStatus monitor{line, *this, files};
 
   Scene() {
     RecordRefusals();
-    AnswerAnything();
-    comm.SetPortOpen(true);
-    comm.SetRThreshold(1);
-    path.FrontWindow = [this] { return ActiveFormName(); };
+    Serve(monitor);
     monitor.DeliverWaiting = [this] { path.DeliverWaiting(); };
-    path.AddLiveTool(monitor.Name(), [this](std::uint8_t byte) { monitor.Take(byte); });
-    main.Show();
     comm.Order = [this](unsigned orders) { CallAfter(0.005, [this, orders] { Obey(orders); }); };
   }
   void Obey(unsigned orders) {
@@ -112,7 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!scene.comm.PortOpen()) scene.comm.SetPortOpen(true);
   scene.other.Hide();
   if (scene.monitor.Visible()) scene.monitor.OK.Click();
-  Require(!scene.state.LiveToolActive && scene.comm.RThreshold() == 1, "closing gives the line back");
+  scene.RequireLineGivenBack();
   scene.path.Clear();
   scene.monitor.Show();
   Delay(scene, 1.5);

@@ -1,16 +1,9 @@
 // Any bytes, arriving in any pieces, with a live tool coming and going and boxes that stand open for a while.
 // Input: groups of one byte with orders (the bits below) and as many bytes as its low six bits say.
-#include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <span>
 
-#include "core/drive_state.h"
-#include "link/receive_path.h"
-#include "platform/form.h"
-#include "platform/headless/headless_desktop.h"
-#include "platform/headless/scripted_comm.h"
+#include "fuzz/link_scene.h"
 
 namespace {
 
@@ -20,27 +13,13 @@ constexpr unsigned kSizeBits = 0x3F;
 constexpr unsigned kLetTimePass = 0x40;
 constexpr unsigned kSwitchTool = 0x80;
 
-void Require(bool holds, const char* what) {
-  if (holds) return;
-  std::fprintf(stderr, "broken: %s\n", what);
-  std::abort();
-}
-
-struct Scene : HeadlessDesktop {
-  Form front{*this, "MainForm"};
+struct Scene : LinkScene<> {
   Form tool{*this, "VTLterm"};
-  ScriptedComm comm{*this};
-  DriveState state;
-  ReceivePath path{{state, comm, *this, *this}};
   std::size_t fed = 0;
   std::size_t toTool = 0;
   std::size_t alarms = 0;
 
   Scene() {
-    comm.SetPortOpen(true);
-    comm.SetRThreshold(1);
-    path.FrontWindow = [this] { return ActiveFormName(); };
-    front.Show();
     tool.Show();
     path.AddLiveTool(tool.Name(), [this](std::uint8_t) { ++toTool; });
     path.ServoError152 = [this](int word) {
@@ -55,15 +34,15 @@ struct Scene : HeadlessDesktop {
   // Off, on and in front, on but behind another window.
   void SwitchTool() {
     if (state.LiveToolActive && ActiveFormName() == tool.Name()) {
-      BroughtToFront(front);
+      BroughtToFront(main);
     } else {
       state.LiveToolActive = !state.LiveToolActive;
       BroughtToFront(tool);
     }
   }
-  void Feed(std::span<const std::uint8_t> bytes, double seconds) {
+  void Feed(const Bytes& bytes, double seconds) {
     fed += bytes.size();
-    comm.Feed(Bytes(bytes.begin(), bytes.end()));
+    comm.Feed(bytes);
     if (seconds > 0) Delay(*this, seconds);
     for (const char c : state.GlobalBuffer) Require(static_cast<unsigned char>(c) < 128, "text is below 128");
     const auto waiting = static_cast<std::size_t>(path.Ring().RingCount());
@@ -77,11 +56,9 @@ struct Scene : HeadlessDesktop {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Scene scene;
   for (std::span<const std::uint8_t> rest(data, size); !rest.empty();) {
-    const unsigned orders = rest[0];
-    const auto bytes = rest.subspan(1, std::min<std::size_t>(orders & kSizeBits, rest.size() - 1));
+    const unsigned orders = TakeBytes(rest, 1)[0];
     if ((orders & kSwitchTool) != 0) scene.SwitchTool();
-    scene.Feed(bytes, (orders & kLetTimePass) != 0 ? 0.005 : 0.0);
-    rest = rest.subspan(1 + bytes.size());
+    scene.Feed(TakeBytes(rest, orders & kSizeBits), (orders & kLetTimePass) != 0 ? 0.005 : 0.0);
   }
   scene.state.LiveToolActive = false;
   Delay(scene, 60.0);

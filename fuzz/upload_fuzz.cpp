@@ -2,8 +2,8 @@
 // written again, or end in a RuntimeError.
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 
+#include "fuzz/require.h"
 #include "image/parameter_image.h"
 #include "motor/small_catalogue.h"
 #include "platform/runtime_error.h"
@@ -11,19 +11,16 @@
 namespace kavr6 {
 namespace {
 
-void Require(bool holds) {
-  if (!holds) std::abort();
-}
-
 bool Within(Long value, Long least, Long most) { return value >= least && value <= most; }
 
 void RequireLimits(const Settings& s) {
-  Require(Within(s.IdlePercent, 0, 90) && Within(s.BitRateCode, 1, 5) && Within(s.MotionOutMode, 1, 8));
+  Require(Within(s.IdlePercent, 0, 90) && Within(s.BitRateCode, 1, 5) && Within(s.MotionOutMode, 1, 8),
+          "codes");
   for (const Long code : {s.EnableMode, s.AlarmResetMode, s.AlarmOutMode, s.BrakeMode, s.LimitMode})
-    Require(Within(code, 1, 3));
-  Require(!Within(s.ControlMode, 12, 18) && (s.ProtocolFlags & ~0x37) == 0);
-  Require(s.NoiseFilter > 0 && s.RunCurrent > 0 && std::isfinite(s.AnalogFilter));
-  Require(!s.MotorName.empty() && s.MotorName.size() <= 13 && !s.RS485Addr.empty());
+    Require(Within(code, 1, 3), "codes of inputs and outputs");
+  Require(!Within(s.ControlMode, 12, 18) && (s.ProtocolFlags & ~0x37) == 0, "modes");
+  Require(s.NoiseFilter > 0 && s.RunCurrent > 0 && std::isfinite(s.AnalogFilter), "numbers");
+  Require(!s.MotorName.empty() && s.MotorName.size() <= 13 && !s.RS485Addr.empty(), "texts");
 }
 
 void UploadAndWriteAgain(std::span<const Byte> buffer) {
@@ -32,17 +29,19 @@ void UploadAndWriteAgain(std::span<const Byte> buffer) {
   const MotorRow row = MotorTable(table).Row();
   Settings settings;
   const UploadedMotor uploaded = DecodeImage(buffer, settings);
-  Require(buffer.size() >= 159 && Within(uploaded.ARfreq, 0, 65535) && uploaded.Motor.MotorName.size() <= 13);
+  Require(buffer.size() >= 159 && Within(uploaded.ARfreq, 0, 65535) && uploaded.Motor.MotorName.size() <= 13,
+          "the motor");
   RequireLimits(settings);
 
   ParameterImage image{};
   DownloadString(image, settings, row);
   StoreChecksum(image);
-  Require(ChecksumHolds(image));
+  Require(ChecksumHolds(image), "the sum");
   Settings again;
   DecodeImage(image, again);
   Require(again.Speed == settings.Speed && again.CmdScale == settings.CmdScale &&
-          again.RunCurrent == settings.RunCurrent && again.MotorName == settings.MotorName);
+              again.RunCurrent == settings.RunCurrent && again.MotorName == settings.MotorName,
+          "what is written reads the same");
 }
 
 }  // namespace

@@ -264,24 +264,5 @@ TEST(SummaryGrid, ShowsMergedCellsOfTheSameTextAsOneAndOpensNoDivider) {
   EXPECT_EQ(picked, (std::vector{0, 2}));
 }
 
-TEST(MainFormDesign, LinesReachFromTheButtonsToTheirPartsAtEverySize) {
-  const std::unique_ptr<QWidget> window = BuildWindow("MainForm");
-  const auto on = [&window](const char* name) {
-    const auto* const widget = window->findChild<QWidget*>(name);
-    return QRect(widget->mapTo(window.get(), QPoint()), widget->size());
-  };
-  for (const QSize size : {QSize(640, 480), QSize(1366, 700)}) {
-    window->resize(size);
-    window->show();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(window->size(), size);
-    for (const auto& [line, button, part] :
-         {std::tuple("MotionLine", "Motion", "HSinout1"), {"CommLine", "CommList", "HSrs485"}}) {
-      EXPECT_TRUE(on(line).intersects(on(button)) && on(line).intersects(on(part))) << line;
-      EXPECT_FALSE(on(button).intersects(on(part))) << line;
-    }
-  }
-}
-
 }  // namespace
 }  // namespace kavr6

@@ -264,24 +264,6 @@ TEST_F(QtDesktopTest, AddressesOpenInTheSystemsPrograms) {
   QDesktopServices::unsetUrlHandler("https");
 }
 
-TEST_F(QtDesktopTest, ModalWindowReturnsWhenHiddenAndSwitchingOfTheUserIsTold) {
-  TestForm below(desktop, "Below");
-  TestForm above(desktop, "Above");
-  below.Show();
-  desktop.Post([&] { Key(above, Qt::Key_Escape); });
-  above.ShowModal();
-  EXPECT_EQ(above.log, "load front Cancel behind ");
-  above.Show();
-  EXPECT_EQ(above.log, "load front Cancel behind front ");
-  desktop.WindowOf(below)->activateWindow();
-  desktop.PumpEvents();
-  EXPECT_EQ(desktop.ActiveFormName(), "Below");
-  below.log.clear();
-  WithBox([](QMessageBox& box) { box.accept(); });
-  desktop.Ask({.text = "x"});
-  EXPECT_EQ(below.log, "") << "a box is no window of the program";
-}
-
 TEST_F(QtDesktopTest, WindowsThatFollowEachOtherAndRefusedClicksComeOutAsOnAnyDesktop) {
   TestForm below(desktop, "Below");
   TestForm above(desktop, "Above");

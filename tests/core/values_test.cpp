@@ -99,15 +99,5 @@ TEST(Settings, TheTableHasEveryFieldOnceInTheOrderOfTheRecord) {
   EXPECT_EQ(NameOf(&Settings::StallAccel), "StallAccel");
 }
 
-TEST(Settings, ModeNamesFollowTheThreeCodes) {
-  const std::tuple<Long, Long, Long, const char*> cases[] = {
-      {3, 7, 2, "Quadrature Following"}, {3, 7, 1, "CW/CCW Pulse"}, {3, 2, 0, "before"}, {5, 7, 0, ""}};
-  Settings s;
-  for (const auto& [op, control, pulse, name] : cases) {
-    s.OpMode = op, s.ControlMode = control, s.PulseType = pulse;
-    EXPECT_EQ(ModeName(s, "before"), name) << op << ' ' << control << ' ' << pulse;
-  }
-}
-
 }  // namespace
 }  // namespace kavr6

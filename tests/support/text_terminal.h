@@ -43,6 +43,19 @@ class TextTerminal {
   }
 
  private:
+  /// Printable ones as they are, others as hexadecimal digits in brackets.
+  static std::string BytesOf(const std::string& text) {
+    std::string bytes;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+      if (text[at] != '<') {
+        bytes += text[at];
+        continue;
+      }
+      bytes += static_cast<char>(std::stoi(text.substr(at + 1), nullptr, 16));
+      at = text.find('>', at);
+    }
+    return bytes;
+  }
   void Say(std::string_view bytes, double seconds) {
     comm_.Output(bytes);
     Delay(desktop_, seconds);
@@ -53,12 +66,13 @@ class TextTerminal {
     std::string word, what;
     words >> word >> what;
     if (word == "later") return Say("", std::stod(what));
-    if (word == "bytes") return Say(what, 0.05);
+    if (word == "bytes") return Say(BytesOf(what), 0.05);
     if (word == "volts") drive_.SetVolts(std::stod(what));
     if (word == "encoder") drive_.SetEncoder(std::stol(what));
     if (word == "shaft") drive_.SetStalled(what == "held");
     if (word == "alarm") drive_.RaiseAlarm(std::stoi(what, nullptr, 16));
     if (word == "model") drive_.SetIdentity(52, std::stoi(what), 'k');
+    if (word == "alarms") drive_.SetAlarmSticking(what == "stick");
     if (word == "restart") drive_.Restart();
     if (const auto input = DriveTerminals::InputOf(word)) drive_.SetInput(*input, what == "high");
     Say("", 0.05);
