@@ -222,5 +222,47 @@ TEST_F(UploadSweep, AdapterThatHandsEverythingOverAtOnceShowsWhatTheSumCannotSee
   }
 }
 
+/// The words that the lamps show, as bytes; none while the window is not there.
+Bytes ShownWords(AlarmHistory& history) {
+  Bytes bytes(history.Visible() ? 16 : 0);
+  for (std::size_t lamp = 0; lamp < bytes.size() * 8; ++lamp) {
+    const std::size_t byte = lamp / 16 * 2 + (lamp % 16 < 8 ? 1 : 0);
+    if (history.RedSquare[static_cast<int>(lamp)].Light() == Lamp::State::Red)
+      bytes[byte] = static_cast<std::uint8_t>(bytes[byte] | 1U << lamp % 8);
+  }
+  return bytes;
+}
+
+TEST(AlarmHistorySweep, ShowsWhatHasComeOrTellsOfTheSilence) {
+  const Bytes sent{0x12, 0x01, 0x02, 0x34, 0x00, 0x56, 0x61, 0x08,
+                   0x10, 0x27, 0x49, 0x7F, 0x33, 0x0C, 0x05, 0x44};
+  for (const Kind& kind : AllKinds()) {
+    for (int at = 0; at < 16; ++at) {
+      SCOPED_TRACE(testing::PrintToString(std::tuple(int(kind.fault), int{kind.value}, at)));
+      Scene scene;
+      scene.desktop.AnswerAnything();
+      scene.Start();
+      scene.drive.SetSilent(true);
+      for (std::size_t i = sent.size(); i > 0; i -= 2)
+        scene.drive.RaiseAlarm(sent[i - 2] * 256 + sent[i - 1]);
+      scene.drive.SetSilent(false);
+      scene.comm.Arm(Fault(kind, Direction::ToTool, at));
+      AlarmHistory& history = scene.program.LastAlarms;
+      Bytes shown;
+      scene.desktop.CallAfter(0.6, [&] {
+        shown = ShownWords(history);
+        if (history.Visible()) history.OK.Click();
+      });
+      scene.main.MenuHistory.Click();
+      Delay(scene.desktop, 4.0);
+      Bytes inHand = Received(kind, sent, at);
+      inHand.resize(inHand.size() < 16 ? 0 : 16);
+      EXPECT_EQ(shown, inHand);
+      EXPECT_EQ(scene.desktop.Boxes().size(), inHand.empty() ? 1U : 0U);
+      scene.ExpectCalm();
+    }
+  }
+}
+
 }  // namespace
 }  // namespace kavr6
