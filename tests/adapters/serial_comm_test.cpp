@@ -91,6 +91,37 @@ TEST_F(SerialCommTest, CarriesEveryByteValueBothWaysAgainAfterReopening) {
   }
 }
 
+TEST_F(SerialCommTest, TalkWithoutAGapIsReadInPartsAndWhole) {
+  Open(comm_);
+  comm_.SetRThreshold(1);
+  int notices = 0;
+  std::string heard;
+  comm_.OnComm.Set([&](int) {
+    ++notices;
+    heard += Text(comm_.Input());
+  });
+  std::string said;
+  std::thread speaker([&] {
+    for (int i = 0; i < 300; ++i) {
+      said += static_cast<char>('a' + i % 26);
+      Say(said.substr(said.size() - 1));
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+  });
+  pump_.PumpEventsUntil([&] { return heard.size() == 300; }, 5.0);
+  speaker.join();
+  EXPECT_EQ(heard, said);
+  EXPECT_LT(notices, 200) << "the first 48 byte by byte, the others in parts";
+  // A blocking wait and a hang-up do not wait for the end of a rest.
+  Say(std::string(100, 'x'));
+  pump_.PumpEventsUntil([&] { return heard.size() > 300; }, 2.0);
+  Say(std::string(20, 'y'));
+  comm_.SetRThreshold(0);
+  EXPECT_TRUE(comm_.WaitBlocking(static_cast<int>(420 - heard.size()), 2.0));
+  peer_.Unplug();
+  EXPECT_TRUE(pump_.PumpEventsUntil([&] { return !comm_.PortOpen(); }, 2.0));
+}
+
 TEST_F(SerialCommTest, HangUpClosesOnceAndIsForgottenOnceReopened) {
   int changes = 0;
   comm_.StateChanged.Set([&] { ++changes; });

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cmath>
 #include <thread>
+#include <utility>
 
 #include "adapters/qt/serial/line_settings.h"
 #include "adapters/qt/serial/open_failure.h"
@@ -20,6 +21,14 @@ namespace {
 
 /// Some drivers fail for ever without saying that the device is gone.
 constexpr int kMostFailuresInARow = 100;
+
+/// A line that talks without a gap, as into a terminal, is read in parts: to wake for each of its bytes costs
+/// more than all that is done with them. No answer to a question is as long; an image is read without a
+/// notification.
+constexpr int kUnbrokenBytes = 48;
+constexpr double kGapSeconds = 0.003;
+constexpr double kRestSeconds = 0.016;
+constexpr int kGoesOnBytes = 12;  // behind a rest
 
 /// The lock that keeps a device from being opened twice goes by the name, so links are resolved first.
 QString WithoutLinks(const std::string& device) {
@@ -55,7 +64,7 @@ void LetBytesLeave([[maybe_unused]] const QSerialPort& port) {
 
 SerialComm::SerialComm(Scheduler& scheduler, std::filesystem::path links)
     : MSComm(scheduler), scheduler_(scheduler), names_(std::move(links)) {
-  QObject::connect(&port_, &QSerialPort::readyRead, [this] { TakeBytes(); });
+  QObject::connect(&port_, &QSerialPort::readyRead, [this] { ReadyRead(); });
   QObject::connect(&port_, &QSerialPort::errorOccurred, [this](QSerialPort::SerialPortError error) {
     // The end of a blocking wait is told as an error, too.
     const bool failed = error != QSerialPort::NoError && error != QSerialPort::TimeoutError;
@@ -65,6 +74,7 @@ SerialComm::SerialComm(Scheduler& scheduler, std::filesystem::path links)
 
 void SerialComm::Release() {
   port_.disconnect();
+  scheduler_.Cancel(std::exchange(rest_, 0));
   if (port_.isOpen()) {
     port_.flush();
     LetBytesLeave(port_);
@@ -88,6 +98,7 @@ void SerialComm::OpenDevice(int number) {
 }
 
 void SerialComm::CloseDevice() {
+  EndRest();
   if (port_.isOpen()) {
     const QSignalBlocker unheard(port_);  // whether the line is dead matters no more
     port_.flush();
@@ -103,21 +114,50 @@ void SerialComm::Send(std::span<const std::uint8_t> bytes) {
 
 void SerialComm::Block(const std::function<bool()>& done, double limit) {
   constexpr double kLongestSlice = 1000.0;
+  EndRest();
   TakeBytes();  // which the port may hold already
   const double deadline = scheduler_.Now() + limit;
   for (double left = limit; left > 0.0 && !done(); left = deadline - scheduler_.Now())
     port_.waitForReadyRead(static_cast<int>(std::ceil(std::min(left, kLongestSlice) * 1000.0)));
 }
 
+void SerialComm::ReadyRead() {
+  if (rest_ != 0) return;
+  TakeBytes();
+  if (unbroken_ >= kUnbrokenBytes && RThreshold() == 1) Rest();
+}
+
+// With a full buffer the port does not look at the device.
+void SerialComm::Rest() {
+  port_.setReadBufferSize(1);
+  rest_ = scheduler_.CallAfter(kRestSeconds, [this] {
+    EndRest();
+    TakeBytes();
+  });
+}
+
+void SerialComm::EndRest() {
+  if (rest_ == 0) return;
+  scheduler_.Cancel(std::exchange(rest_, 0));
+  port_.setReadBufferSize(0);
+  // The gap that the rest has made is none of the line's; but one within it is not seen.
+  lastBytes_ = scheduler_.Now();
+  unbroken_ = kUnbrokenBytes - kGoesOnBytes;
+}
+
 void SerialComm::TakeBytes() {
   const QByteArray bytes = port_.readAll();
   if (bytes.isEmpty()) return;
   failuresInARow_ = 0;
+  const double now = scheduler_.Now();
+  if (now - std::exchange(lastBytes_, now) > kGapSeconds) unbroken_ = 0;
+  unbroken_ = std::min(unbroken_ + static_cast<int>(bytes.size()), kUnbrokenBytes);
   Arrived(
       std::span(reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())));
 }
 
 void SerialComm::PortFailed() {
+  EndRest();
   // Reading also wakes a port that has gone deaf over an error that was none, such as a peer that has stopped
   // reading, or bytes announced twice.
   TakeBytes();

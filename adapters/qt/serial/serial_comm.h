@@ -33,7 +33,10 @@ class SerialComm : public MSComm {
   void Block(const std::function<bool()>& done, double limit) override;
 
  private:
+  void ReadyRead();
   void TakeBytes();
+  void Rest();
+  void EndRest();
   void PortFailed();
   bool HungUp() const;
 
@@ -41,6 +44,9 @@ class SerialComm : public MSComm {
   PortNames names_;
   QSerialPort port_;
   int failuresInARow_ = 0;  // since the opening, without a byte in between
+  int unbroken_ = 0;        // bytes that have come in without a gap
+  double lastBytes_ = 0.0;
+  Scheduler::TaskId rest_ = 0;  // 0: none
 };
 
 }  // namespace kavr6
