@@ -170,6 +170,7 @@ def main():
     parser.add_argument('count', nargs='?', type=int, default=50, metavar='COUNT')
     parser.add_argument('seed', nargs='?', type=int, default=int(date.today().strftime('%Y%m%d')), metavar='SEED',
                         help='without one, the date')
+    parser.add_argument('--in', nargs='+', dest='folders', metavar='FOLDER', help='draw from these alone')
     parser.add_argument('--list', action='store_true', help='only name the first COUNT faults, compiling or not')
     parser.add_argument('--show', nargs='+', metavar='KEY', help='show these faults')
     parser.add_argument('--apply', metavar='KEY', help='put this fault into the working tree (git checkout takes it out)')
@@ -178,6 +179,9 @@ def main():
     options = parser.parse_args()
 
     faults = all_faults()
+    if options.folders:
+        folders = tuple(folder.rstrip('/') + '/' for folder in options.folders)
+        faults = [fault for fault in faults if fault.path.startswith(folders)]
     if options.apply:
         fault = chosen(faults, [options.apply])[0]
         path = PROJECT / fault.path
