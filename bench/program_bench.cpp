@@ -51,7 +51,7 @@ struct Program {
   SerialComm comm;
   SqliteTable table;
   DiskFiles files;
-  QtPrintJob print{[this] { return desktop.BoxParent(); }};
+  QtPrintJob print{[this] { return desktop.BoxParent(); }, [] {}};
   Configurator configurator;
 };
 

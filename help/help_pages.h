@@ -72,6 +72,7 @@ inline constexpr std::array kHelpKeyPages{
     HelpKeyPage{"DefCodes", "codes.html"},
     HelpKeyPage{"message box", "messages.html"},
     HelpKeyPage{"file dialog", "configuration_files.html"},
+    HelpKeyPage{"print dialog", "report.html"},
 };
 
 /// The page that a control shows; empty where none is told.

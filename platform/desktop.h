@@ -50,6 +50,7 @@ class Desktop : public EventPump, public Boxes {
   std::function<void(const std::string& where)> HelpWanted;
   static constexpr const char* kInBox = "message box";
   static constexpr const char* kInFileDialog = "file dialog";
+  static constexpr const char* kInPrintDialog = "print dialog";  ///< and the preview
   virtual bool ShiftDown() const = 0;
   /// What stands before the decimals of a number where the system's user writes one, UTF-8.
   virtual std::string DecimalSign() const = 0;

@@ -30,7 +30,6 @@ void PageView::GoBack() {
 
 void PageView::Moved(bool couldGoBack) {
   ++showings_;
-  TakeTitle({});  // until the view has found the new one
   Refresh();
   if (couldGoBack != CanGoBack()) CanGoBackChanged.Raise();
 }
@@ -41,12 +40,6 @@ void PageView::Follow(const std::string& address) {
 
 void PageView::FollowOutside(const std::string& address) {
   if (UserFocuses()) Owner().Desk().OpenOutside(address);
-}
-
-void PageView::TakeTitle(const std::string& title) {
-  if (title_ == title) return;
-  title_ = title;
-  TitleChanged.Raise();
 }
 
 }  // namespace kavr6

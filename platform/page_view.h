@@ -36,23 +36,17 @@ class PageView : public Control {
   /// Grows whenever a page is to be shown, also one that is on show.
   int Showings() const { return showings_; }
   Event<> CanGoBackChanged;
-  /// What the page on show calls itself; empty where the view knows no name.
-  const std::string& Title() const { return title_; }
-  Event<> TitleChanged;
 
   /// The user follows a link to that address.
   void Follow(const std::string& address);
   /// The user follows a link to a web or mail address: the page on show stays.
   void FollowOutside(const std::string& address);
-  /// The view has found the title of the page on show.
-  void TakeTitle(const std::string& title);
 
  private:
   void Moved(bool couldGoBack);
 
   std::vector<std::string> visited_;
   int showings_ = 0;
-  std::string title_;
 };
 
 }  // namespace kavr6

@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
   desktop.AtEnd([&comm] { comm.Release(); });
   SqliteTable motors;
   DiskFiles files;
-  QtPrintJob print([&desktop] { return desktop.BoxParent(); });
+  QtPrintJob print([&desktop] { return desktop.BoxParent(); }, desktop.HelpIn(Desktop::kInPrintDialog));
   Configurator configurator({desktop, comm, motors, files, print});
   // Drawing the icon costs milliseconds; the main screen comes first.
   desktop.CallAfter(0.3, [] { QApplication::setWindowIcon(QIcon(":/artwork/kavr6.svg")); });

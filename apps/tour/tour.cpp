@@ -12,7 +12,7 @@ Tour::Tour(Stage& stage)
       drive_(stage, QCoreApplication::applicationDirPath() + "/drive_simulator"),
       desktop_(BuildWindow, stage),
       comm_(desktop_, stage.Folder() / "ports"),
-      print_([this] { return desktop_.BoxParent(); }),
+      print_([this] { return desktop_.BoxParent(); }, desktop_.HelpIn(Desktop::kInPrintDialog)),
       program_({desktop_, comm_, table_, files_, print_}) {}
 
 void Tour::Play() {

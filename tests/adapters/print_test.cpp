@@ -60,6 +60,7 @@ struct User {
       log += "asked ";
       for (const auto option : {QAbstractPrintDialog::PrintPageRange, QAbstractPrintDialog::PrintSelection})
         EXPECT_FALSE(print->testOption(option));
+      QTest::keyClick(print->findChild<QDialogButtonBox*>(), Qt::Key_F1);
       if (file.isEmpty()) return print->reject();
       print->findChild<QLineEdit*>("filename")->setText(file);
       print->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
@@ -76,7 +77,7 @@ struct Print : testing::Test {
   QTemporaryDir folder;
   QString pdf = folder.filePath("report.pdf");
   User user;
-  QtPrintJob job{[] { return nullptr; }};
+  QtPrintJob job{[] { return nullptr; }, [this] { user.log += "helped "; }};
 
   Print() { user.file = pdf; }
   void Write(const std::vector<std::pair<int, std::string>>& lines) {
@@ -134,7 +135,7 @@ TEST_F(Print, PaperIsThatOfTheCountryAndTheTextKeepsWithinIt) {
                                      {"fr_CA.UTF-8", "612 x 792 pts (letter)"},
                                      {"de_DE.UTF-8", "595 x 842 pts (A4)"}}) {
     qputenv("LC_ALL", locale);
-    QtPrintJob fresh{[] { return nullptr; }};
+    QtPrintJob fresh{[] { return nullptr; }, [] {}};
     fresh.SetFont({"Arial", 9, false});
     fresh.PrintLine(2, "text");
     EXPECT_TRUE(fresh.AskForPrinter(kFlags));
@@ -179,7 +180,7 @@ TEST_F(Print, NothingIsPrintedWithoutAPrinterAndAFailureIsAnErrorOfItsOwn) {
   user.file.clear();
   Write({{2, "cancelled"}});
   EXPECT_FALSE(job.AskForPrinter(kFlags));
-  EXPECT_EQ(user.log.toStdString(), "asked ");
+  EXPECT_EQ(user.log.toStdString(), "asked helped ");
   user.file = "/nowhere/report.pdf";
   EXPECT_FALSE(job.AskForPrinter(kFlags)) << "the dialog refuses the file, and is left";
   user.file = folder.filePath("gone/report.pdf");
@@ -207,11 +208,12 @@ TEST_F(Print, PreviewTurnsItsPagesAndPrints) {
     read();
     for (const char* words : {"&Next", "&Next", "Pre&vious", "Zoom &In", "Zoom &Out", "&Whole Page"})
       press(window, words), read();
+    QTest::keyClick(window.findChild<QPrintPreviewWidget*>(), Qt::Key_F1);
     press(window, "&Print...");
   };
   Write(std::vector<std::pair<int, std::string>>(90, {2, "a line"}));
   job.ShowPreview(kFlags);
-  EXPECT_EQ(user.log.toStdString(), "looks asked ");
+  EXPECT_EQ(user.log.toStdString(), "looks helped asked helped ");
   EXPECT_EQ(shown.join(", ").toStdString(),
             "Page 1 of 2, Page 2 of 2, Page 2 of 2, Page 1 of 2, Page 1 of 2, Page 1 of 2, Page 1 of 2");
   EXPECT_EQ(TextOf(pdf).count("a line"), 90);

@@ -45,6 +45,24 @@ TEST(HelpFacts, NoneIsLeftOut) {
   EXPECT_FALSE(Written("regen.html", "")) << "the fields of a dialog";
   EXPECT_FALSE(Written("more.html", "<?cells models KAVR6-Zu?>")) << "rows of a table";
   EXPECT_FALSE(Written("more.html", "<?rows colors?>")) << "an unknown table";
+  const std::string units =
+      "<?cells inertia-units oz in sec2?><?cells inertia-units g cm2?><?cells inertia-units kg cm2?>";
+  EXPECT_TRUE(Written("more.html", units + "<?cells inertia-units kg m2?>"));
+  EXPECT_FALSE(Written("more.html", units + "<?text inertia-units g cm2?><?cells inertia-units kg m2?>"))
+      << "a row twice";
+}
+
+TEST(HelpFacts, FillTheWidthOfTheirTables) {
+  for (const std::string& page : PageNames())
+    for (const QDomElement& row : Elements(page, "tr")) {
+      const auto widthOf = [](const QDomElement& cells) {
+        int width = 0;
+        for (QDomElement cell = cells.firstChildElement(); !cell.isNull(); cell = cell.nextSiblingElement())
+          width += cell.attribute("colspan", "1").toInt();
+        return width;
+      };
+      EXPECT_EQ(widthOf(row), widthOf(row.parentNode().firstChildElement("tr"))) << page << TextOf(row);
+    }
 }
 
 }  // namespace

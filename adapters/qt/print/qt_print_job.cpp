@@ -7,6 +7,7 @@
 #include "adapters/qt/base/text.h"
 #include "adapters/qt/print/paper.h"
 #include "adapters/qt/print/preview_window.h"
+#include "adapters/qt/windows/help_key.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
@@ -38,6 +39,7 @@ bool QtPrintJob::AskForPrinter(int flags) { return Ask(flags, parent_()); }
 bool QtPrintJob::Ask(int flags, QWidget* parent) {
   NameDocument(Printer());
   QPrintDialog window(&Printer(), parent);
+  const HelpKey key(window, help_);
   window.setOption(QAbstractPrintDialog::PrintPageRange, (flags & kPrintNoPageRange) == 0);
   window.setOption(QAbstractPrintDialog::PrintSelection, (flags & kPrintNoSelection) == 0);
   return window.exec() == QDialog::Accepted;
@@ -70,6 +72,7 @@ void QtPrintJob::ShowPreview(int flags) {
         return true;
       },
       parent_());
+  const HelpKey key(window, help_);
   window.exec();
   document_ = {};
 }

@@ -15,8 +15,10 @@ namespace kavr6 {
 /// printers when the first one is needed; what the user chooses is proposed the next time.
 class QtPrintJob : public PrintJob {
  public:
-  /// `parent` tells what the dialogs stand above; null for nothing.
-  explicit QtPrintJob(std::function<QWidget*()> parent) : parent_(std::move(parent)) {}
+  /// `parent` tells what the dialogs stand above; null for nothing. `help` is called when F1 is pressed in
+  /// one of them.
+  QtPrintJob(std::function<QWidget*()> parent, std::function<void()> help)
+      : parent_(std::move(parent)), help_(std::move(help)) {}
 
   void SetMargins(const PageMargins& margins) override { document_.margins = margins; }
   bool AskForPrinter(int flags) override;
@@ -33,6 +35,7 @@ class QtPrintJob : public PrintJob {
   void NameDocument(QPrinter& printer) const;
 
   std::function<QWidget*()> parent_;
+  std::function<void()> help_;
   std::unique_ptr<QPrinter> printer_;
   PrintedDocument document_;
   QFont font_;

@@ -25,15 +25,13 @@ std::string AddressOf(const QUrl& url) {
 class Pages {
  public:
   Pages(const PageView& view, widgets::PageBrowser& browser) : view_(view), browser_(browser) {}
-  /// False when the page is on show already.
-  bool Show() {
-    if (std::exchange(showings_, view_.Showings()) == view_.Showings()) return false;
+  void Show() {
+    if (std::exchange(showings_, view_.Showings()) == view_.Showings()) return;
     if (!places_.empty()) places_.back() = browser_.place();
     const bool back = view_.Depth() < places_.size();
     places_.resize(view_.Depth());
     browser_.showPage(UrlOf(SplitAddress(view_.Address())));
     if (back) browser_.goTo(places_.back());
-    return true;
   }
 
  private:
@@ -58,9 +56,7 @@ RefreshView BindPageView(Control& control, QObject& target, const UserAction& ac
   });
   QObject::connect(browser, &widgets::PageBrowser::backWanted, browser,
                    [&view, act] { act([&view] { view.GoBack(); }); });
-  return [&view, browser, act, pages = Pages(view, *browser)]() mutable {
-    if (pages.Show()) act([&view, title = FromQt(browser->documentTitle())] { view.TakeTitle(title); });
-  };
+  return [pages = Pages(view, *browser)]() mutable { pages.Show(); };
 }
 
 }  // namespace kavr6

@@ -46,6 +46,8 @@ class QtDesktop : public Desktop {
   QWidget* WindowOf(const Form& form) const;
   /// The window that a box or a dialog opens above; null without any.
   QWidget* BoxParent() const;
+  /// What F1 does in a dialog of the toolkit's own; `place` is one of those of Desktop.
+  std::function<void()> HelpIn(const char* place);
 
  protected:
   void OpenWindow(Form& form, bool modal) override;
@@ -63,7 +65,6 @@ class QtDesktop : public Desktop {
   FormWindow& Built(Form& form);
   void UserActivated(Form& form);
   QWidget* FrontWindow() const;
-  std::function<void()> HelpIn(const char* place);
   void LowerLifted();
   void AwaitActivation();
 
