@@ -50,7 +50,7 @@ void AlarmHistory::Run() {
 
 void AlarmHistory::DispAlarmHistory(const Bytes& data) {
   for (int code = 0; code < kCodes; ++code) {
-    const auto at = static_cast<std::size_t>(kBytesInACode * code);
+    const auto at = std::size_t{kBytesInACode} * static_cast<std::size_t>(code);
     const int word = data.at(at) * 256 + data.at(at + 1);
     for (int bit = 0; bit < kAlarmsInACode; ++bit)
       RedSquare[kAlarmsInACode * code + bit].SetLight((word >> bit & 1) != 0 ? Lamp::State::Red

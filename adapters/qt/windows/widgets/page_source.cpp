@@ -48,7 +48,7 @@ QString PageSource(const QString& path, const QString& fragment) {
   if (!file.open(QIODevice::ReadOnly))
     return Message("This page cannot be read:", path, file.errorString() + ".");
   const QByteArray bytes = file.readAll();
-  const QString html = QString::fromUtf8(bytes);
+  QString html = QString::fromUtf8(bytes);
   if (const QString damage = DamageOf(bytes); !damage.isEmpty())
     return WithNote(html, "This page is damaged: " + damage + ".  " + kAdvice);
   if (!fragment.isEmpty() && !HasPlace(html, fragment))
