@@ -27,8 +27,8 @@ constexpr int kMostFailuresInARow = 100;
 /// notification.
 constexpr int kUnbrokenBytes = 48;
 constexpr double kGapSeconds = 0.003;
-constexpr double kRestSeconds = 0.016;
-constexpr int kGoesOnBytes = 12;  // behind a rest
+constexpr double kRestSeconds = 0.03;
+constexpr int kGoesOnBytes = 24;  // behind a rest
 
 /// The lock that keeps a device from being opened twice goes by the name, so links are resolved first.
 QString WithoutLinks(const std::string& device) {
