@@ -13,9 +13,8 @@
 
 #include <unistd.h>
 
-#include "adapters/qt/base/file_store.h"
 #include "adapters/qt/serial/serial_comm.h"
-#include "bench/bench_desktop.h"
+#include "bench/bench_program.h"
 #include "core/program/configurator.h"
 #include "motor/small_catalogue.h"
 #include "platform/headless/collected_print.h"
@@ -43,13 +42,10 @@ class CountingComm : public SerialComm {
 };
 
 int MeasureRounds(const std::filesystem::path& folder) {
-  BenchDesktop desktop(folder);
-  CountingComm comm(desktop, folder / "ports");
-  MemoryTable table = CatalogueTable();
-  DiskFiles files;
-  CollectedPrint print;
-  Configurator program({desktop, comm, table, files, print});
-  program.Start();
+  BenchProgram<CountingComm> bench(folder);
+  BenchDesktop& desktop = bench.desktop;
+  CountingComm& comm = bench.comm;
+  Configurator& program = bench.program;
   ExecStatus& monitor = program.StatusMonitor;
   program.receive.AddLiveTool(monitor.Name(), [&](std::uint8_t byte) {
     ++comm.bytes;

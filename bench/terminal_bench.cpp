@@ -13,12 +13,8 @@
 #include <time.h>  // NOLINT(modernize-deprecated-headers): nor are the clocks of the system
 #include <unistd.h>
 
-#include "adapters/qt/base/file_store.h"
 #include "adapters/qt/serial/serial_comm.h"
-#include "bench/bench_desktop.h"
-#include "core/program/configurator.h"
-#include "motor/small_catalogue.h"
-#include "platform/headless/collected_print.h"
+#include "bench/bench_program.h"
 
 namespace kavr6 {
 namespace {
@@ -54,13 +50,9 @@ void SleepUntil(timespec& at, long nanoseconds) {
 }
 
 int Listen(const std::filesystem::path& folder, pid_t speaker) {
-  BenchDesktop desktop(folder);
-  SerialComm comm(desktop, folder / "ports");
-  MemoryTable table = CatalogueTable();
-  DiskFiles files;
-  CollectedPrint print;
-  Configurator program({desktop, comm, table, files, print});
-  program.Start();
+  BenchProgram<SerialComm> bench(folder);
+  BenchDesktop& desktop = bench.desktop;
+  Configurator& program = bench.program;
   program.ports.Select(0);
   long heard = 0;
   VTLterm& terminal = program.Terminal;

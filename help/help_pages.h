@@ -2,8 +2,9 @@
 #pragma once
 
 #include <array>
-#include <string>
 #include <string_view>
+
+#include "platform/desktop.h"
 
 namespace kavr6 {
 
@@ -70,9 +71,9 @@ inline constexpr std::array kHelpKeyPages{
     HelpKeyPage{"BRcodes", "codes.html"},
     HelpKeyPage{"ControlModes", "codes.html"},
     HelpKeyPage{"DefCodes", "codes.html"},
-    HelpKeyPage{"message box", "messages.html"},
-    HelpKeyPage{"file dialog", "configuration_files.html"},
-    HelpKeyPage{"print dialog", "report.html"},
+    HelpKeyPage{Desktop::kInBox, "messages.html"},
+    HelpKeyPage{Desktop::kInFileDialog, "configuration_files.html"},
+    HelpKeyPage{Desktop::kInPrintDialog, "report.html"},
 };
 
 /// The page that a control shows; empty where none is told.

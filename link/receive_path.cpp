@@ -11,7 +11,6 @@ namespace kavr6 {
 namespace {
 
 constexpr std::uint8_t kFirstHeader = 128;
-constexpr int kMessageSize = 3;
 
 /// Where a freshly started drive is given time.
 enum class Pause { BeforeModel, AfterModel, None };

@@ -26,6 +26,11 @@ inline constexpr std::string_view kEnableMotor = "n";
 inline constexpr std::string_view kClearAlarmAndEnable = "zzn";
 inline constexpr std::string_view kRestoreFactory = "i4071";  ///< the drive acts on the whole text alone
 
+/// Bytes of a message of the drive; the first one is its MessageHeader.
+inline constexpr int kMessageSize = 3;
+/// Ends a line of the text language.
+inline constexpr char kReturn = '\r';
+
 /// Words that kReadWord asks for.
 inline constexpr std::uint8_t kStatusWord = 128;
 inline constexpr std::uint8_t kSubRevision = 142;

@@ -17,7 +17,6 @@ namespace {
 constexpr int kPeriod = 160;          // milliseconds
 constexpr double kBeforeModel = 0.1;  // seconds
 constexpr int kModelOffset = 48;      // the drive tells its model code as one character, this much below it
-constexpr char kReturn = '\r';
 
 struct OutputWords {
   std::string_view function;  ///< the command that sets what the output does on its own, if it does

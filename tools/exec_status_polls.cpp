@@ -13,7 +13,6 @@ namespace kavr6 {
 namespace {
 
 constexpr double kAnswerLimit = 0.5;  // seconds
-constexpr double kSecondsPerMinute = 60.0;
 constexpr std::size_t kWordDigits = 4;
 
 /// Drives that tell of the first inputs and outputs as well.

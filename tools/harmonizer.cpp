@@ -13,7 +13,6 @@ namespace kavr6 {
 namespace {
 
 constexpr char kAnnouncement = static_cast<char>(MessageHeader::PowerUp);
-constexpr std::size_t kAnnouncementSize = 3;
 constexpr double kEntryPause = 0.05;  // seconds
 constexpr int kPowerUpPause = 100;    // milliseconds
 constexpr double kReplyPause = 0.25;  // seconds
@@ -42,7 +41,7 @@ std::optional<Long> NumberIn(std::string_view reply) {
   const std::size_t sign = reply.find('=');
   if (sign == std::string_view::npos) return std::nullopt;
   const std::string_view behind = reply.substr(sign + 1);
-  const std::size_t end = behind.find('\r');
+  const std::size_t end = behind.find(kReturn);
   if (end == std::string_view::npos) return std::nullopt;
   try {
     return ToLong(StrictNumber(behind.substr(0, end)));
@@ -67,9 +66,8 @@ constexpr Harmonizer::Step kSpeed{
     "Motor Speed",
     {.min = 0, .max = 500, .smallStep = 1, .largeStep = 25, .tickSpacing = 100},
     "Move the slider until you find the speed where the motor makes the most noise or vibration.  Usually "
-    "this "
-    "is around 1 rev/sec.  It helps to have to motor resting on a table top as that will amplify the sound.  "
-    "Press NEXT when you find the loudest speed."};
+    "this is around 1 rev/sec.  It helps to have to motor resting on a table top as that will amplify the "
+    "sound.  Press NEXT when you find the loudest speed."};
 constexpr Harmonizer::Step kGain{
     "Harmonic Gain",
     {.min = 0, .max = 3000, .smallStep = 10, .largeStep = 100, .tickSpacing = 100},
@@ -214,15 +212,15 @@ void Harmonizer::SliderScroll() {
 
 void Harmonizer::ProcessChar(std::uint8_t byte) {
   PowerUpText += static_cast<char>(byte);
-  while (PowerUpText.size() >= kAnnouncementSize) {
+  while (PowerUpText.size() >= kMessageSize) {
     if (PowerUpText[0] != kAnnouncement) PowerUpText.erase(0, 1);
-    if (PowerUpText.size() >= kAnnouncementSize && PowerUpText[0] == kAnnouncement) AnswerPowerUp();
+    if (PowerUpText.size() >= kMessageSize && PowerUpText[0] == kAnnouncement) AnswerPowerUp();
   }
 }
 
 void Harmonizer::AnswerPowerUp() {
   line_.comm.Output(kTakeUpText);
-  PowerUpText.erase(0, kAnnouncementSize);
+  PowerUpText.erase(0, kMessageSize);
   Send("PR1");
   // A timer and no wait in here: of a flood of announcements each would wait inside the one before. The last
   // one's pause counts.

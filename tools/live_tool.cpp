@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "link/wire.h"
+
 namespace kavr6 {
 namespace {
 
@@ -25,6 +27,8 @@ void LiveTool::Take(std::uint8_t byte) {
 void LiveTool::LeaveLine() {
   if (Visible() && line_.state.LiveToolActive) GiveBack();
 }
+
+void LiveTool::Send(std::string_view letters) { line_.comm.Output(std::string(letters) + kReturn); }
 
 void LiveTool::AnswerDue(double since) {
   if (SilenceClock.Enabled()) return;

@@ -36,7 +36,7 @@ class LiveTool : public Form {
   virtual void GiveBack() = 0;
 
   /// Writes letters and the carriage return that ends a command.
-  void Send(std::string_view letters) { line_.comm.Output(std::string(letters) + '\r'); }
+  void Send(std::string_view letters);
   /// An answer is due from now on, or from a time that has passed, unless one has been due already.
   void AnswerDue() { AnswerDue(Desk().Now()); }
   void AnswerDue(double since);

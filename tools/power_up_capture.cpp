@@ -7,7 +7,6 @@ namespace kavr6 {
 namespace {
 
 constexpr std::uint8_t kAnnouncement = static_cast<std::uint8_t>(MessageHeader::PowerUp);
-constexpr std::size_t kAnnouncementSize = 3;
 constexpr int kFirstSilentModel = 100;
 
 }  // namespace
@@ -16,7 +15,7 @@ bool PowerUpCapture::Take(std::uint8_t byte) {
   if (!InPowerUp && byte != kAnnouncement) return false;
   if (!InPowerUp) PowerUpText.clear();
   PowerUpText += static_cast<char>(byte);
-  InPowerUp = PowerUpText.size() < kAnnouncementSize;
+  InPowerUp = PowerUpText.size() < kMessageSize;
   if (!InPowerUp && DoPowerUp) DoPowerUp(PowerUpText);
   return true;
 }

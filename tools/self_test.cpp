@@ -25,7 +25,7 @@ SelfTest::SelfTest(const Form& over, const DriveLine& line)
   StopSelfTest.Clicked.Set([this] { Stop(); });
 }
 
-void SelfTest::Send(std::string_view letters) { line_.comm.Output(std::string(letters) + '\r'); }
+void SelfTest::Send(std::string_view letters) { line_.comm.Output(std::string(letters) + kReturn); }
 
 void SelfTest::Begin() {
   // An alarm window that opens and closes in the pause of Stop must not set the motor going again.

@@ -3,14 +3,13 @@
 #include <charconv>
 
 #include "core/numbers.h"
+#include "link/wire.h"
 
 namespace kavr6 {
 namespace {
 
-constexpr char kReturn = '\r';
 constexpr const char* kPicture = "#0.00";
 constexpr const char* kInsteadOfDigit = "  ";
-constexpr double kSecondsPerMinute = 60.0;
 constexpr double kTwoDigits = 10.0;
 
 }  // namespace

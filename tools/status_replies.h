@@ -27,6 +27,7 @@ std::optional<std::string_view> LineBehind(std::string_view buffer, std::string_
 bool IsHigh(std::string_view signals, std::size_t place);
 /// The hexadecimal number at the beginning of a text, its last 32 bits; 0 without one.
 unsigned HexNumber(std::string_view text);
+inline constexpr double kSecondsPerMinute = 60.0;
 /// Revolutions per minute as revolutions per second, "10.00" or "  9.98": decimal points stand in line.
 std::string ShownSpeed(double rpm);
 /// "10.00" or "  9.98".
