@@ -17,12 +17,17 @@ double MonotonicSeconds() {
 
 RealTimeScheduler::RealTimeScheduler() : start_(MonotonicSeconds()) {}
 
-double RealTimeScheduler::Now() const { return MonotonicSeconds() - start_; }
+double RealTimeScheduler::Now() const { return running_ ? *running_ : MonotonicSeconds() - start_; }
 
 void RealTimeScheduler::RunDue() {
   const double now = Now();
   const TaskId newest = tasks_.Newest();
-  while (tasks_.FirstIsDue(now, newest)) tasks_.TakeFirst().task();
+  while (tasks_.FirstIsDue(now, newest)) {
+    const TaskList::Entry first = tasks_.TakeFirst();
+    running_ = first.time;
+    first.task();
+  }
+  running_.reset();
 }
 
 double RealTimeScheduler::SecondsToNext() const { return std::max(0.0, tasks_.FirstTime() - Now()); }

@@ -1,6 +1,8 @@
 // Tasks on the machine's own clock.
 #pragma once
 
+#include <optional>
+
 #include "platform/task_list.h"
 
 namespace kavr6 {
@@ -10,7 +12,8 @@ class RealTimeScheduler : public Scheduler {
  public:
   RealTimeScheduler();
 
-  /// Seconds on the monotonic clock since the construction.
+  /// Seconds on the monotonic clock since the construction. A task sees the time for which it was due: what it
+  /// starts then is not late because the machine has woken up late.
   double Now() const override;
   TaskId CallAfter(double seconds, Task task) override {
     return tasks_.Add(Now() + seconds, std::move(task));
@@ -24,6 +27,7 @@ class RealTimeScheduler : public Scheduler {
 
  private:
   double start_;
+  std::optional<double> running_;  // when the task that runs was due
   TaskList tasks_;
 };
 

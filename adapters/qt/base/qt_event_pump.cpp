@@ -38,7 +38,7 @@ class QtEventPump::Level {
   ~Level() {
     pump_.innermost_ = outer_;
     // The call that was to wake an outer loop may have been taken by this one.
-    QAbstractEventDispatcher::instance()->interrupt();
+    pump_.outerIsToLook_ = true;
   }
 
   bool Process(QEventLoop::ProcessEventsFlags flags) const {
@@ -71,8 +71,9 @@ QtEventPump::QtEventPump(TaskQueue::Runner run) : tasks_(std::move(run)) {
 
 /// Some dispatchers deliver what has been posted and then sleep in the same call, whatever the events have
 /// brought about.
-void QtEventPump::LookBeforeSleep() const {
-  if (innermost_ != nullptr && innermost_->MayReturn()) QAbstractEventDispatcher::instance()->interrupt();
+void QtEventPump::LookBeforeSleep() {
+  const bool mayReturn = innermost_ != nullptr && innermost_->MayReturn();
+  if (std::exchange(outerIsToLook_, false) || mayReturn) QAbstractEventDispatcher::instance()->interrupt();
 }
 
 void QtEventPump::RaiseFailure() {

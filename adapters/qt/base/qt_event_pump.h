@@ -26,11 +26,12 @@ class QtEventPump : public EventPump {
 
  private:
   class Level;
-  void LookBeforeSleep() const;
+  void LookBeforeSleep();
   void RaiseFailure();
 
   TaskQueue tasks_;
   const Level* innermost_ = nullptr;
+  bool outerIsToLook_ = false;
   std::exception_ptr failure_;
 };
 

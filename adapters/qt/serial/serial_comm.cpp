@@ -27,7 +27,7 @@ constexpr int kMostFailuresInARow = 100;
 /// notification.
 constexpr int kUnbrokenBytes = 48;
 constexpr double kGapSeconds = 0.003;
-constexpr double kRestSeconds = 0.03;
+constexpr double kRestSeconds = 0.04;
 constexpr int kGoesOnBytes = 24;  // behind a rest
 
 /// The lock that keeps a device from being opened twice goes by the name, so links are resolved first.
