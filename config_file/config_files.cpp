@@ -97,19 +97,30 @@ void ConfigFiles::RescueSettings() {
   }
 }
 
+bool ConfigFiles::MayReplaceChanges() {
+  if (!p_.state.Modified) return true;
+  const BoxAnswer answer = p_.desk.Ask(
+      {.text = "You have made changes without Saving or Downloading.  Do you really want to open a file and "
+               "replace your program?",
+       .icon = BoxIcon::Question,
+       .title = "Open",
+       .buttons = BoxButtons::OkCancel});
+  return answer == BoxAnswer::Ok;
+}
+
 void ConfigFiles::MenuOpen() {
-  if (p_.state.Modified) {
-    const BoxAnswer answer = p_.desk.Ask(
-        {.text =
-             "You have made changes without Saving or Downloading.  Do you really want to open a file and "
-             "replace your program?",
-         .icon = BoxIcon::Question,
-         .title = "Open",
-         .buttons = BoxButtons::OkCancel});
-    if (answer != BoxAnswer::Ok) return;
-  }
+  if (!MayReplaceChanges()) return;
   const std::string name = ChooseFile(FileDialog::Purpose::Open);
-  if (name.empty()) return;
+  if (!name.empty()) OpenFile(name);
+}
+
+void ConfigFiles::OpenChosen(const std::string& name) {
+  if (!MayReplaceChanges()) return;
+  SaveFile.InitDir = FolderOf(name);
+  OpenFile(name);
+}
+
+void ConfigFiles::OpenFile(const std::string& name) {
   std::string content;
   try {
     content = p_.files.Read(name);

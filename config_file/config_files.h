@@ -39,6 +39,8 @@ class ConfigFiles {
   /// Asks before changes are thrown away, then for the file, and reads it. A file that cannot be read to its
   /// end is told in a box and counts as opened all the same.
   void MenuOpen();
+  /// The same with a file that the user has chosen already.
+  void OpenChosen(const std::string& name);
   /// Saves under the name in use, or as MenuSaveAs without one. A failure is told in a box; the file in place
   /// is then as it was. A file that could not be read to its end is not written over without a question.
   void MenuSave();
@@ -57,6 +59,8 @@ class ConfigFiles {
   void DoSave();
   void DoSaveAs();
   bool MayReplaceUnread();
+  bool MayReplaceChanges();
+  void OpenFile(const std::string& name);
   /// Empty when the user gives up. The next dialog begins where this one ended.
   std::string ChooseFile(FileDialog::Purpose purpose);
   /// What to tell where it went wrong.

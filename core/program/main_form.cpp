@@ -1,6 +1,8 @@
 #include "core/program/main_form.h"
 
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <map>
 #include <utility>
 
@@ -186,6 +188,15 @@ bool MainForm::KeyPressed(char character) {
   MenuTerminal.Press();
   return true;
 }
+
+bool MainForm::TakesFiles(const std::vector<std::string>& files) const {
+  if (files.size() != 1 || p_.comm.RThreshold() != 1) return false;
+  std::string ending = files[0].substr(files[0].size() - std::min<std::size_t>(files[0].size(), 4));
+  for (char& letter : ending) letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+  return ending == "." + p_.files.SaveFile.DefaultExt;
+}
+
+void MainForm::FilesDropped(const std::vector<std::string>& files) { p_.files.OpenChosen(files[0]); }
 
 bool MainForm::MayClose() {
   Leave();

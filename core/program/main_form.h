@@ -62,6 +62,9 @@ class MainForm : public MainScreen {
   void Load() override;
   bool MayClose() override;
   bool KeyPressed(char character) override;
+  /// One configuration file, unless a block transfer has the line.
+  bool TakesFiles(const std::vector<std::string>& files) const override;
+  void FilesDropped(const std::vector<std::string>& files) override;
 
  private:
   void StartSharedValues();

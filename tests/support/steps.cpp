@@ -102,6 +102,15 @@ void Key(S s, W w) {
                                                                : "the control gets it");
 }
 
+/// Files are dragged onto a window and let fall where it takes them.
+void Drop(S s, W w) {
+  Form& form = s.Window(w.Next());
+  std::vector<std::string> files;
+  while (w.More()) files.push_back(w.Next());
+  if (!form.WouldTake(files)) return s.recorder->Note("the window does not take this");
+  form.DropFiles(files);
+}
+
 /// F1 in a window, or in what the desktop names in quotes.
 void HelpKey(S s, W w) {
   const std::string where = w.Next();
@@ -345,6 +354,7 @@ const std::map<std::string, StepDone> kSteps{
     {"press", [](S s, W w) { s.The<ImageButton>(w.Next()).MouseDown(); }},
     {"release", [](S s, W w) { s.The<ImageButton>(w.Next()).MouseUp(); }},
     {"key", Key},
+    {"drop", Drop},
     {"f1", HelpKey},
     {"close", [](S s, W w) { s.Window(w.Next()).RequestClose(); }},
     {"bring", [](S s, W w) { s.Window(w.Next()).Show(); }},  // without a user
