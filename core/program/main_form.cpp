@@ -62,7 +62,8 @@ void MainForm::WireButtons() {
                                                      {kEncoderRow, &Encoder}};
     if (const auto section = SectionOf(row)) buttons.at(*section)->Press();
   });
-  for (HotSpot* spot : {&HSACPower, &HSdomelabel, &HSencoder, &HSinout1, &HSinout2, &HSled, &HSrs485}) {
+  for (HotSpot* spot :
+       {&HSACPower, &HSdomelabel, &HSencoder, &HSinout1, &HSinout2, &HSled, &HSmotor, &HSregen, &HSrs485}) {
     spot->Clicked.Set([this, spot] {
       if (Openers.HelpOn) Openers.HelpOn(*spot);
     });
@@ -143,7 +144,7 @@ void MainForm::Load() {
   p_.motorDialog.EnsureLoaded();
   motorsLoaded_ = true;
   p_.summary.SummaryInit();
-  Motion.Focus();
+  Motor.Focus();
   ShowPortStatus();
   ShowDriveStatus();
   ShowSettingsStatus();

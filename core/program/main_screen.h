@@ -38,6 +38,8 @@ class MainScreen : public Form {
   HotSpot HSinout1{*this, "HSinout1"};
   HotSpot HSinout2{*this, "HSinout2"};
   HotSpot HSled{*this, "HSled"};
+  HotSpot HSmotor{*this, "HSmotor"};
+  HotSpot HSregen{*this, "HSregen"};
   HotSpot HSrs485{*this, "HSrs485"};
 
   ConnectorLine MotorLine1{*this, "MotorLine1"};

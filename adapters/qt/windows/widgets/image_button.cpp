@@ -28,6 +28,11 @@ void ImageButton::setPicture(const QString& name) {
   update();
 }
 
+void ImageButton::setPictureLines(double lines) {
+  pictureLines_ = lines;
+  updateGeometry();
+}
+
 QSize ImageButton::FaceSize(double pictureLines) const {
   const QFontMetrics metrics = fontMetrics();
   const QSize natural = ArtworkSize(picture_);
@@ -37,7 +42,7 @@ QSize ImageButton::FaceSize(double pictureLines) const {
   return {std::max(width, word) + 4 * kPadding, height + metrics.height() + 3 * kPadding};
 }
 
-QSize ImageButton::sizeHint() const { return FaceSize(3.0); }
+QSize ImageButton::sizeHint() const { return FaceSize(pictureLines_); }
 
 QSize ImageButton::minimumSizeHint() const { return FaceSize(2.0); }
 

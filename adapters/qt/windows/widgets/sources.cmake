@@ -24,4 +24,5 @@ set(WIDGET_SOURCES
     widgets/strip_chart.cpp
     widgets/summary_grid.cpp
     widgets/table_ground.cpp
+    widgets/work_area.cpp
     ../../../resources/artwork.qrc)
