@@ -13,7 +13,10 @@
 #include "core/drive_state.h"
 #include "core/settings.h"
 #include "image/transfers.h"
+#include "link/drive_identity.h"
 #include "link/receive_path.h"
+#include "motor/motor_calculations.h"
+#include "motor/motor_table.h"
 #include "platform/file_store.h"
 #include "platform/program_version.h"
 
