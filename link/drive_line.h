@@ -21,6 +21,11 @@ struct DriveLine {
 
 inline bool NoCommPort(const MSComm& comm) { return !comm.PortOpen(); }
 
+/// A question has had no answer in time. With the port closed that says nothing about the drive.
+inline void TellNoAnswer(const DriveLine& line) {
+  if (line.comm.PortOpen()) line.state.Drive.NoAnswer();
+}
+
 /// Send one or two bytes in one write. With the port closed they do nothing.
 void WriteByte(MSComm& comm, std::uint8_t byte);
 void Write2Bytes(MSComm& comm, std::uint8_t first, std::uint8_t second);

@@ -306,8 +306,12 @@ class ConnectorLine : public Control {
   ConnectorLine(Form& form, std::string name) : Control(form, std::move(name), ControlKind::ConnectorLine) {}
   Colour BorderColor() const { return colour_; }
   void SetBorderColor(Colour colour) { Assign(colour_, colour); }
+  /// Not so: its end hangs loose before the connector.
+  bool Plugged() const { return plugged_; }
+  void SetPlugged(bool plugged) { Assign(plugged_, plugged); }
 
  private:
+  bool plugged_ = true;
   Colour colour_ = 0x808080;
 };
 

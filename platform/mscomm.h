@@ -1,6 +1,7 @@
 // The serial control: one port, its receive buffer and its receive notification.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -39,6 +40,11 @@ class MSComm {
   /// Opening a port that cannot be opened is a RuntimeError whose text is a plain sentence without its full
   /// stop. Opening and closing empty the buffer; closing keeps RThreshold and ParityReplace.
   void SetPortOpen(bool open);
+  /// Number of the error with which this port, 1 to 8, was last refused, or was lost; 0 since it has opened.
+  int Refusal(int number) const { return refusals_[static_cast<std::size_t>(number)]; }
+  static constexpr int kNoPermission = 70;
+  static constexpr int kNotThere = 8002;
+  static constexpr int kInUse = 8005;
   int RThreshold() const { return threshold_; }
   void SetRThreshold(int count) { threshold_ = count; }
   /// Empty: bytes with parity errors are delivered unchanged.
@@ -60,7 +66,7 @@ class MSComm {
   bool WaitBlocking(int count, double limit);
 
   Event<int> OnComm;
-  /// The port has been opened, closed, or lost.
+  /// The port has been opened, closed, lost, or refused.
   Event<> StateChanged;
   /// What a person calls the device behind port `number`, such as "/dev/ttyUSB0"; empty without one.
   virtual std::string DeviceName(int number) const = 0;
@@ -87,6 +93,7 @@ class MSComm {
   int commPort_ = 1;
   std::string settings_;
   std::string parityReplace_;
+  std::array<int, 9> refusals_{};
   int threshold_ = 0;
   bool open_ = false;
   Bytes buffer_;

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "platform/runtime_error.h"
-
 namespace kavr6 {
 
 SimulatedComm::SimulatedComm(Scheduler& program, LineScheduler& line)
@@ -37,7 +35,9 @@ void SimulatedComm::Connect(int port, SimulatedDrive* drive) {
   if (port == openPort_) line_.Connect(drive);
 }
 
-void SimulatedComm::Refuse(int port, const std::string& reason) { ports_[port].refusal = reason; }
+void SimulatedComm::Refuse(int port, const std::string& reason, int error) {
+  ports_[port].refusal = RuntimeError(error, reason);
+}
 
 std::string SimulatedComm::DeviceName(int number) const {
   return ports_.contains(number) ? "simulated port " + std::to_string(number) : std::string();
@@ -47,7 +47,7 @@ void SimulatedComm::OpenDevice(int number) {
   const auto port = ports_.find(number);
   if (port == ports_.end())
     throw RuntimeError(8002, "There is no port COM" + std::to_string(number) + " on this machine");
-  if (port->second.refusal) throw RuntimeError(8005, *port->second.refusal);
+  if (port->second.refusal) throw *port->second.refusal;
   openPort_ = number;
   line_.Connect(port->second.drive);
 }

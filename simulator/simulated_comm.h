@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/mscomm.h"
+#include "platform/runtime_error.h"
 #include "simulator/simulated_drive.h"
 #include "simulator/simulated_line.h"
 
@@ -24,7 +25,7 @@ class SimulatedComm : public MSComm {
   /// there whenever a port is opened or closed.
   void Connect(int port, SimulatedDrive* drive);
   /// The port exists and cannot be opened, with this text; Connect lifts that.
-  void Refuse(int port, const std::string& reason);
+  void Refuse(int port, const std::string& reason, int error = kInUse);
 
   /// Of each direction the fault armed last counts.
   void Arm(const FaultAt& fault) { line_.Arm(fault); }
@@ -50,7 +51,7 @@ class SimulatedComm : public MSComm {
  private:
   struct Port {
     SimulatedDrive* drive = nullptr;
-    std::optional<std::string> refusal = {};
+    std::optional<RuntimeError> refusal = {};
   };
 
   void Gather(std::uint8_t byte);

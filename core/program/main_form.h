@@ -9,6 +9,7 @@
 #include "config_file/config_files.h"
 #include "core/drive_state.h"
 #include "core/program/main_screen.h"
+#include "core/program/settings_watch.h"
 #include "core/settings.h"
 #include "dialogs/io_dialog.h"
 #include "link/comm_ports.h"
@@ -26,6 +27,7 @@ struct MainFormOpeners {
   std::function<void()> Motion, Motor, Encoder, IO, Regen, Download, Upload;
   std::function<void()> Open, Save, SaveAs, Print, Preview;
   std::function<void()> History, ClearFault, IOStatus, Restore, Terminal, SelfTest;
+  std::function<void()> Events;
   std::function<void()> Contents, ContactUs, WebSite, About;
   std::function<void(const Control& hotSpot)> HelpOn;
 };
@@ -43,10 +45,11 @@ struct MainFormParts {
   IOdialog& ioDialog;
   Summarizer& summary;
   ConfigFiles& files;
+  SettingsWatch& watch;
 };
 
 /// The window "MainForm": the order of the start, dispatch of all buttons and menu commands, the question
-/// before changes are thrown away, and the status line. It shows the drive state as that changes.
+/// before changes are thrown away, and the status strip. It shows the drive state as that changes.
 class MainForm : public MainScreen {
  public:
   MainForm(Desktop& desktop, const MainFormParts& parts);
@@ -55,6 +58,8 @@ class MainForm : public MainScreen {
   /// To be set before the window is loaded.
   MainFormOpeners Openers;
 
+  /// Something has happened.
+  void ShowLastEvent();
   /// Leaves the program, after the question when there are changes; returns when the user stays.
   void Leave();
 
@@ -78,9 +83,9 @@ class MainForm : public MainScreen {
   void ModelListClick();
   void NameDevicesSoon();
   void ShowTitle();
-  void ShowPortStatus();
-  void ShowDriveStatus();
-  void ShowSettingsStatus();
+  void PortChanged();
+  void ShowLine();
+  void ShowStatus();
 
   MainFormParts p_;
   DriveState& state_;

@@ -121,6 +121,7 @@ void DescribeKind(const Control& control, Properties& found) {
       break;
     case ControlKind::ConnectorLine:
       found[""] = Colour6(As<ConnectorLine>(control).BorderColor());
+      if (!As<ConnectorLine>(control).Plugged()) found["end"] = "loose";
       break;
     case ControlKind::Chart:
       Describe(As<Chart>(control), found);

@@ -32,6 +32,9 @@ void Start(S s, W w) {
     Delay(s.scene.desktop, 0.5);  // the names of the devices come a little later
     while (w.More()) Click(s, w);
     s.Record();
+  } else if (w.Take("strip")) {  // what follows is what the status strip says
+    s.Record("", Recorder::Part::Strip);
+    s.scene.program.Start();
   } else {
     s.Record(w.Take("like") ? w.Next() : "");
     s.scene.program.Start();
@@ -283,7 +286,8 @@ void Port(S s, W w) {
   if (w.Take("drive")) return s.scene.comm.Connect(port, &s.scene.drive);
   if (w.Take("empty")) return s.scene.comm.Connect(port, nullptr);
   if (w.Take("refuse")) return s.scene.comm.Refuse(port, "Port in use");
-  throw std::runtime_error("neither drive nor empty nor refuse");
+  if (w.Take("forbid")) return s.scene.comm.Refuse(port, "No permission", MSComm::kNoPermission);
+  throw std::runtime_error("neither drive nor empty nor refuse nor forbid");
 }
 
 void Identity(S s, W w) {
@@ -397,6 +401,9 @@ const std::map<std::string, StepDone> kSteps{
        s.scene.comm.Script(line, w.Next());
      }},
     {"restart", [](S s, W) { s.scene.drive.Restart(); }},
+    {"refusing", [](S s, W w) { s.scene.drive.SetRefusing(w.YesNo()); }},
+    {"comeback", [](S s, W) { s.scene.desktop.CameBack(); }},  // from another program
+    {"copied", [](S s, W) { s.recorder->Note("copied: " + Quoted(s.scene.desktop.Copied())); }},
     {"silent", [](S s, W w) { s.scene.drive.SetSilent(w.YesNo()); }},
     {"alarm", [](S s, W w) { s.scene.drive.RaiseAlarm(w.Whole()); }},
     {"input", Input},

@@ -151,6 +151,7 @@ RefreshView BindConnectorLine(Control& control, QObject& target, const UserActio
   if (view == nullptr) return {};
   return [&line = static_cast<const ConnectorLine&>(control), view] {
     view->setColour(ToQt(line.BorderColor()));
+    view->setPlugged(line.Plugged());
   };
 }
 

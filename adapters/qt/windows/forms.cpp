@@ -13,6 +13,7 @@
 #include "ui_CodeWindow.h"
 #include "ui_EditMotor.h"
 #include "ui_EncoderDialog.h"
+#include "ui_EventList.h"
 #include "ui_ExecStatus.h"
 #include "ui_Harmonizer.h"
 #include "ui_HelpScreen.h"
@@ -78,6 +79,7 @@ const std::array kForms{
     FormRow{"AlarmHistory", Build<QDialog, Ui::AlarmHistory>},
     FormRow{"ServoFault", Build<QDialog, Ui::ServoFault>},
     FormRow{"HelpScreen", Build<QDialog, Ui::HelpScreen>},
+    FormRow{"EventList", Build<QDialog, Ui::EventList>},
     FormRow{"SelfTest", Build<QDialog, Ui::SelfTest>},
 };
 

@@ -1,6 +1,7 @@
 #include "adapters/qt/windows/qt_desktop.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDesktopServices>
 #include <QLocale>
 #include <QMainWindow>
@@ -44,9 +45,14 @@ QtDesktop::QtDesktop(WindowBuilder build)
   QApplication::setQuitOnLastWindowClosed(false);
   [[maybe_unused]] static const int told = std::atexit(ProcessExits);
   exiting = this;
+  comesBack_ =
+      QObject::connect(qApp, &QGuiApplication::applicationStateChanged, [this](Qt::ApplicationState now) {
+        if (now == Qt::ApplicationActive && CameBack) EnterLogic(*this, CameBack);
+      });
 }
 
 QtDesktop::~QtDesktop() {
+  QObject::disconnect(comesBack_);
   if (exiting == this) exiting = nullptr;
 }
 
@@ -73,6 +79,8 @@ bool QtDesktop::ShiftDown() const {
 }
 
 std::string QtDesktop::DecimalSign() const { return QLocale::system().decimalPoint().toStdString(); }
+
+void QtDesktop::CopyText(const std::string& text) { QGuiApplication::clipboard()->setText(ToQt(text)); }
 
 TwipSize QtDesktop::ScreenSize() const {
   const QSize size = QGuiApplication::primaryScreen()->size();

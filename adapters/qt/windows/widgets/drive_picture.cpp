@@ -5,6 +5,7 @@
 #include <array>
 
 #include "adapters/qt/windows/widgets/artwork.h"
+#include "adapters/qt/windows/widgets/picture.h"
 
 namespace kavr6::widgets {
 namespace {
@@ -26,7 +27,7 @@ struct Part {
   Qt::AlignmentFlag wordSide;
 };
 
-const std::array<Part, 10> kParts{{
+const std::array<Part, 12> kParts{{
     {"HSinout1", {16, 70, 40, 40}, "IN/OUT 1", {38, 57, 80, 12}, Qt::AlignLeft},
     {"HSinout2", {16, 130, 40, 64}, "IN/OUT 2", {38, 117, 80, 12}, Qt::AlignLeft},
     {"HSencoder", {16, 210, 40, 48}, "ENCODER", {38, 197, 80, 12}, Qt::AlignLeft},
@@ -35,6 +36,8 @@ const std::array<Part, 10> kParts{{
     {"HSmotor", {164, 208, 40, 52}, "MOTOR", {102, 194, 80, 12}, Qt::AlignRight},
     {"HSrs485", {88, 4, 44, 30}, "RS-485", {70, 35, 80, 12}, Qt::AlignHCenter},
     {"HSled", {160, 47, 20, 20}, "STATUS", {78, 51, 80, 12}, Qt::AlignRight},
+    {"StatusLamp", {160, 47, 20, 20}, "", {}, Qt::AlignLeft},
+    {"PortPlug", {56, 0, 76, 34}, "", {}, Qt::AlignLeft},
     {"CaseTop", {150, 29, 20, 8}, "", {}, Qt::AlignLeft},
     {"HSdomelabel", {61.5, 252, 79.2, 36}, "", {}, Qt::AlignLeft},
 }};
@@ -101,7 +104,11 @@ void DrivePicture::resizeEvent(QResizeEvent*) {
   constexpr int kHalo = 3;
   for (QWidget* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
     const QRect part = PartRect(child->objectName());
-    if (!part.isEmpty()) child->setGeometry(part.adjusted(-kHalo, -kHalo, kHalo, kHalo));
+    const bool shows = qobject_cast<Picture*>(child) != nullptr;
+    const int halo = shows ? 0 : kHalo;
+    // What only shows something lets the mouse through to what can be clicked.
+    if (shows) child->setAttribute(Qt::WA_TransparentForMouseEvents);
+    if (!part.isEmpty()) child->setGeometry(part.adjusted(-halo, -halo, halo, halo));
   }
 }
 

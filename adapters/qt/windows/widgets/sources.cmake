@@ -21,6 +21,8 @@ set(WIDGET_SOURCES
     widgets/picture.cpp
     widgets/picture_button.cpp
     widgets/square_lamp.cpp
+    widgets/status_strip.cpp
+    widgets/status_text.cpp
     widgets/strip_chart.cpp
     widgets/summary_grid.cpp
     widgets/table_ground.cpp
