@@ -65,7 +65,7 @@ void Tour::FindItAgain() {
   stage_.Check(comm_.PortOpen() && program_.state.CommNumber == 1, "COM1 is open again");
   stage_.Pause(0.3);
   stage_.Click(Main(), "Upload");
-  stage_.Check(program_.Main.StatusDrive.Caption().starts_with("Last heard: KAVR6-Bx"),
+  stage_.Check(program_.Main.StatusDrive.Caption().starts_with("KAVR6-Bx answers"),
                "the drive is heard: " + program_.Main.StatusDrive.Caption());
 }
 

@@ -54,7 +54,7 @@ void Tour::Start() {
   stage_.Pause(0.2);
   stage_.Check(Main().windowTitle().startsWith("KAVR6 Configurator  V"),
                "the title names the program and its version");
-  stage_.Check(program_.Main.StatusPort.Caption().starts_with("COM1"), "COM1 is open");
+  stage_.Check(program_.Main.StatusLine.Caption().starts_with("COM1 open"), "COM1 is open");
   stage_.Check(program_.Main.Summary.Text(0, 0) == "Motor:", "the grid waits for its first section");
   stage_.Picture(Main(), "main-screen");
 }
@@ -96,7 +96,7 @@ void Tour::LookAtWindows(const std::string& suffix) {
     dialog->Cancel.Click();
   }
   Form* const references[] = {&program_.Terminal, &program_.Commands, &program_.Commands.MRcodes,
-                              &program_.Commands.MoveCalculator, &program_.Help};
+                              &program_.Commands.MoveCalculator, &program_.Help, &program_.LastEvents};
   for (Form* form : references) {
     form->Show();
     stage_.Pause(0.1);

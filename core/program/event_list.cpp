@@ -1,5 +1,7 @@
 #include "core/program/event_list.h"
 
+#include <string_view>
+
 namespace kavr6 {
 
 EventList::EventList(const Form& over, const News& news)
@@ -20,7 +22,13 @@ std::string EventList::Text() const {
 
 void EventList::Follow() {
   if (!Visible()) return;
-  Events.SetText(Text());
+  // What the user has selected stays while lines go at the front and come at the end.
+  const std::string text = Text();
+  std::size_t gone = 0;
+  while (!text.starts_with(std::string_view(Events.Text()).substr(gone)))
+    gone = Events.Text().find('\n', gone) + 1;
+  Events.DropFront(gone);
+  Events.Append(text.substr(Events.Text().size()));
   Events.CaretToEnd();
 }
 

@@ -13,18 +13,19 @@ std::string PortName(int number) { return "COM" + std::to_string(number); }
 
 std::string At(const std::string& words, int minute) { return words + " " + ShownMinute(minute); }
 
-StatusCell ClosedCell(const std::string& port, int refusal) {
+/// Of a port that has refused to open, or was lost, with this error.
+StatusCell ClosedCell(int refusal) {
   switch (refusal) {
     case 0:
-      return {port + " closed", "LineClosed"};
+      return {" closed", "LineClosed"};
     case MSComm::kNotThere:
-      return {port + " not there", "LineClosed"};
+      return {" not there", "LineClosed"};
     case MSComm::kInUse:
-      return {port + " in use", "LineTaken"};
+      return {" in use", "LineTaken"};
     case MSComm::kNoPermission:
-      return {port + " no permission", "LineTaken"};
+      return {" no permission", "LineTaken"};
     default:
-      return {port + " does not open", "LineClosed"};
+      return {" does not open", "LineClosed"};
   }
 }
 
@@ -60,8 +61,9 @@ std::string LastHeard(const DriveState& state) {
 StatusCell LineCell(const MSComm& comm, const DriveState& state) {
   const int number = state.CommNumber;
   const std::string port = PortName(number);
-  StatusCell cell =
-      comm.PortOpen() ? StatusCell{port + " open", "LineOpen"} : ClosedCell(port, comm.Refusal(number));
+  StatusCell cell = comm.PortOpen() ? StatusCell{" open", "LineOpen"} : ClosedCell(comm.Refusal(number));
+  cell.words.insert(0, port);
+  if (cell.picture == "LineClosed") return cell;  // what has the number now may be another device
   const std::string device = comm.DeviceName(number);
   if (!device.empty() && device != port) cell.words += ", " + device;
   return cell;

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QPainter>
 #include <algorithm>
+#include <utility>
 
 #include "adapters/qt/windows/widgets/artwork.h"
 #include "adapters/qt/windows/widgets/picture.h"
@@ -84,24 +85,37 @@ void StatusStrip::Place() {
   update();
 }
 
+/// The first ones give way first, and then have what the others have left over.
+std::vector<int> StatusStrip::WidthsIn(const Texts& row) const {
+  std::vector<int> widths;
+  int room = width() - WidthOf(row, false);
+  for (const StatusText* text : row) {
+    const int whole = text->sizeHint().width();
+    widths.push_back(room < 0 ? text->FittingWidth(whole + room) : whole);
+    room += whole - widths.back();
+  }
+  for (std::size_t i = 0; i < row.size() && room > 0; ++i) {
+    const int given = std::exchange(widths[i], row[i]->FittingWidth(widths[i] + room));
+    room -= widths[i] - given;
+  }
+  return widths;
+}
+
 void StatusStrip::PlaceRow(const Texts& row, int top) {
   const QList<Picture*> icons = findChildren<Picture*>(QString(), Qt::FindDirectChildrenOnly);
   const Texts all = All();
-  int excess = std::max(0, WidthOf(row, false) - width());
+  const std::vector<int> widths = WidthsIn(row);
   int x = 0;
-  for (StatusText* text : row) {
-    if (x > 0) {
-      if (!text->property("joined").toBool()) separators_.emplace_back(x + kCellGap / 2, top);
-      x += Gap(*text);
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    if (i > 0) {
+      if (!row[i]->property("joined").toBool()) separators_.emplace_back(x + kCellGap / 2, top);
+      x += Gap(*row[i]);
     }
-    const int whole = text->sizeHint().width();
-    const int given = excess > 0 ? text->FittingWidth(whole - excess) : whole;
-    excess = std::max(0, excess - (whole - given));
-    const auto place = std::ranges::find(all, text) - all.begin();
-    icons.at(place)->setGeometry(x, top + (RowHeight() - IconSize()) / 2, IconSize(), IconSize());
+    icons.at(std::ranges::find(all, row[i]) - all.begin())
+        ->setGeometry(x, top + (RowHeight() - IconSize()) / 2, IconSize(), IconSize());
     x += IconSize() + kIconGap;
-    text->setGeometry(x, top, given, RowHeight());
-    x += given;
+    row[i]->setGeometry(x, top, widths[i], RowHeight());
+    x += widths[i];
   }
 }
 

@@ -37,6 +37,7 @@ class StatusStrip : public QWidget {
   /// Left of the words of a text that does not begin its row.
   int Gap(const StatusText& text) const;
   int WidthOf(const Texts& row, bool shortest) const;
+  std::vector<int> WidthsIn(const Texts& row) const;
   void Place();
   void PlaceRow(const Texts& row, int top);
 

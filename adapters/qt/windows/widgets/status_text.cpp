@@ -25,7 +25,7 @@ QStringList StatusText::Wordings() const {
 QString StatusText::Fitting(int width) const {
   const QStringList wordings = Wordings();
   for (const QString& words : wordings)
-    if (fontMetrics().horizontalAdvance(words) <= width) return words;
+    if (fontMetrics().horizontalAdvance(words) < width) return words;
   return wordings.last();
 }
 
