@@ -179,7 +179,8 @@ void DriveRecord::ForgetImage() {
 }
 
 void DriveRecord::Restored() {
-  Upset();
+  DropImage();
+  ++upsets_;
   news_.Tell("Drive told to take its factory values");
   Changed.Raise();
 }

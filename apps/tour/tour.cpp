@@ -95,8 +95,9 @@ void Tour::LookAtWindows(const std::string& suffix) {
     stage_.Picture(stage_.Window(dialog->Name()), dialog->Name() + "-" + suffix);
     dialog->Cancel.Click();
   }
-  Form* const references[] = {&program_.Terminal, &program_.Commands, &program_.Commands.MRcodes,
-                              &program_.Commands.MoveCalculator, &program_.Help, &program_.LastEvents};
+  Form* const references[] = {
+      &program_.Terminal, &program_.Commands,  &program_.Commands.MRcodes, &program_.Commands.MoveCalculator,
+      &program_.Help,     &program_.LastEvents};
   for (Form* form : references) {
     form->Show();
     stage_.Pause(0.1);
