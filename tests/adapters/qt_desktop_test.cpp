@@ -40,6 +40,10 @@ struct TestForm : Form {
   bool KeyPressed(char character) override { return character == 20 || character == 'x'; }
   bool MayClose() override { return mayClose; }
   void Load() override { log += "load "; }
+  bool TakesFiles(const std::vector<std::string>& files) const override {
+    return files == std::vector<std::string>{"/a/b.cnf"};
+  }
+  void FilesDropped(const std::vector<std::string>& files) override { log += files[0] + " "; }
   Button OK{*this, "OK", "OK", Button::Role::Default};
   Button Cancel{*this, "Cancel", "Cancel", Button::Role::Cancel};
   TextBox field{*this, "field"};
@@ -254,6 +258,30 @@ TEST_F(QtDesktopTest, CompanionAndWhateverIsModalCanBeUsedBesideEachOther) {
             "beside the modal window: Modal Companion; beside a box above it: Companion; message box; "
             "shown by the box's F1: Companion; the box is gone: Modal Companion; "
             "nothing is modal: Below Companion; ");
+}
+
+TEST_F(QtDesktopTest, FileThatIsTakenIsCopiedAndHandedOverWhenTheDropIsOver) {
+  TestForm form(desktop);
+  form.Show();
+  form.log.clear();
+  const Qt::DropActions all = Qt::MoveAction | Qt::CopyAction;
+  const std::tuple<const char*, Qt::DropActions, bool> cases[] = {{"file:///a/b.cnf", all, true},
+                                                                  {"file:///a/b.cnf", Qt::MoveAction, false},
+                                                                  {"file:///a/b.txt", all, false},
+                                                                  {"http://a/b.cnf", all, false}};
+  for (const auto& [address, offered, taken] : cases) {
+    QMimeData dragged;
+    dragged.setUrls({QUrl(address)});
+    QDragEnterEvent enter(QPoint(5, 5), offered, &dragged, Qt::LeftButton, {});
+    QApplication::sendEvent(desktop.WindowOf(form), &enter);
+    QDropEvent drop(QPointF(5, 5), offered, &dragged, Qt::LeftButton, {});
+    QApplication::sendEvent(desktop.WindowOf(form), &drop);
+    EXPECT_EQ(enter.isAccepted(), taken) << address;
+    EXPECT_EQ(drop.isAccepted() && drop.dropAction() == Qt::CopyAction, taken) << address;
+    EXPECT_EQ(form.log, "");
+    desktop.PumpEvents();
+    EXPECT_EQ(std::exchange(form.log, {}), taken ? "/a/b.cnf " : "");
+  }
 }
 
 TEST_F(QtDesktopTest, AddressesOpenInTheSystemsPrograms) {
