@@ -8,7 +8,10 @@ namespace {
 
 constexpr FieldMeaning kMotor[] = {
     {"optStandard", "The motor is one of the list."},
-    {"MotorList", "The motor's part number.  Choosing one puts the running current at its rated current."},
+    {"MotorList",
+     "The motor's part number, with its rated current and torque.  Choosing one puts the running current at "
+     "its "
+     "rated current.  What is typed above the list leaves the motors that have all the words."},
     {"optCustom", "The motor is not in the list: its data are typed in."},
     {"DefineNewMotor", "Type in the data of a motor that is not in the list."},
     {"MoreOrLess", "Show or hide smoothing and lead angle of the motor."},

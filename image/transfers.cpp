@@ -92,14 +92,15 @@ TransferEnd Transfers::DataDownload() {
   ParameterImage image{};
   DownloadString(image, p_.settings, p_.motorTable.Row());
   StoreChecksum(image);
-  SendImage(image);
+  SendImage(image, hold);
   hold.Await(1, ReplyLimit(kDownload));
   Delay(p_.line.pump, kDownloadAnswerPause);
+  if (hold.Broken()) hold.Read();
   return ReadAnswer();
 }
 
-void Transfers::SendImage(const ParameterImage& image) {
-  for (std::size_t i = 0; i < image.size(); ++i) {
+void Transfers::SendImage(const ParameterImage& image, const LineHold& hold) {
+  for (std::size_t i = 0; i < image.size() && !hold.Broken(); ++i) {
     WriteByte(p_.line.comm, image[i]);
     ShowProgress(static_cast<double>(i * 100) / (kImageSize - 1));
     p_.line.pump.PumpEvents();

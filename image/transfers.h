@@ -69,7 +69,7 @@ class Transfers {
  private:
   bool InertiaConfirmed();
   TransferEnd CheckDriveAndLimits();
-  void SendImage(const ParameterImage& image);
+  void SendImage(const ParameterImage& image, const LineHold& hold);
   TransferEnd ReadAnswer();
   TransferEnd TakeUpload(LineHold& hold);
   BoxAnswer Ask(const MessageBox& box) { return p_.line.boxes.Ask(box); }

@@ -43,11 +43,15 @@ class LineHold {
   bool Await(int count, double limit, const std::function<void(int)>& onNews = {});
   /// Lets others hear the line again before the hold ends: RThreshold is 1 and Progress 0.
   void Release();
+  /// The port has been opened anew since the hold began. What is left of a block that was under way means
+  /// something else to whoever listens now, and what comes from there is no answer to it.
+  bool Broken() const { return line_.comm.Openings() != openings_; }
   /// Takes all that waits.
   Bytes Read() { return line_.comm.Input(); }
 
  private:
   DriveLine line_;
+  int openings_;
 };
 
 }  // namespace kavr6

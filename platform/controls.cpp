@@ -64,14 +64,15 @@ void ListBox::Clear() {
 }
 
 void ListBox::AddItem(const std::string& item, int data) {
-  items_.push_back({item, data, {}});
+  items_.push_back({item, data, {}, {}});
   ++revision_;
   Refresh();
 }
 
-void ListBox::SetItems(const std::vector<std::string>& items) {
+void ListBox::SetItems(const std::vector<std::string>& items, const std::vector<std::string>& notes) {
   items_.clear();
-  for (const std::string& item : items) items_.push_back({item, 0, {}});
+  for (const std::string& item : items) items_.push_back({item, 0, {}, {}});
+  for (std::size_t row = 0; row < notes.size(); ++row) items_.at(row).note = notes[row];
   listIndex_ = -1;
   ++revision_;
   Refresh();
@@ -93,6 +94,15 @@ void ListBox::SetItemToolTip(int index, const std::string& text) {
   Refresh();
 }
 
+const std::string& ListBox::ItemNote(int index) const { return At(index).note; }
+
+void ListBox::SetItemNote(int index, const std::string& text) {
+  if (At(index).note == text) return;
+  items_[static_cast<std::size_t>(index)].note = text;
+  ++noteRevision_;
+  Refresh();
+}
+
 void ListBox::SetListIndex(int index) {
   if (index != -1) At(index);
   if (Assign(listIndex_, index) && index != -1) Clicked.Raise();
@@ -101,7 +111,16 @@ void ListBox::SetListIndex(int index) {
 std::string ListBox::Text() const { return listIndex_ < 0 ? std::string() : At(listIndex_).text; }
 
 void ListBox::Select(int index) {
-  if (UserFocuses()) SetListIndex(index);
+  if (!UserFocuses()) return;
+  if (index == listIndex_ && index != -1) {
+    ClickedAgain.Raise();
+  } else {
+    SetListIndex(index);
+  }
+}
+
+void ListBox::Open() {
+  if (UserFocuses()) DropDown.Raise();
 }
 
 void ListBox::DoubleClick(int index) {

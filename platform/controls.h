@@ -192,14 +192,18 @@ class ListBox : public Control {
   ListBox(Form& form, std::string name) : Control(form, std::move(name), ControlKind::ListBox) {}
   void Clear();
   void AddItem(const std::string& item, int data = 0);
-  /// Replaces all rows at once, which is quick however many they are; none is selected.
-  void SetItems(const std::vector<std::string>& items);
+  /// Replaces all rows at once, which is quick however many they are; none is selected. There are as many
+  /// notes as rows, or none.
+  void SetItems(const std::vector<std::string>& items, const std::vector<std::string>& notes = {});
   int Count() const { return static_cast<int>(items_.size()); }
   /// `index` from 0 to Count() - 1, else RuntimeError.
   const std::string& Item(int index) const;
   int ItemData(int index) const;
   const std::string& ItemToolTip(int index) const;
   void SetItemToolTip(int index, const std::string& text);
+  /// What stands beside a row's text and is no part of it.
+  const std::string& ItemNote(int index) const;
+  void SetItemNote(int index, const std::string& text);
   /// -1: nothing is selected.
   int ListIndex() const { return listIndex_; }
   /// From -1 to Count() - 1, else RuntimeError. A change raises Clicked, unless it takes the selection away.
@@ -208,11 +212,21 @@ class ListBox : public Control {
   std::string Text() const;
   /// Grows with every change of the rows, so that a view knows when to fill itself again.
   int Revision() const { return revision_; }
+  /// The same for the notes of the rows.
+  int NoteRevision() const { return noteRevision_; }
   Event<> Clicked;
   Event<> DoubleClicked;
+  /// The user has picked the row that is selected already.
+  Event<> ClickedAgain;
+  /// The rows of a drop-down list are about to be shown to the user, and have been put away.
+  Event<> DropDown;
+  Event<> CloseUp;
 
   /// The user picks a row; it must be there.
   void Select(int index);
+  /// The user opens the drop-down list; whoever shows it closes it.
+  void Open();
+  void Close() { CloseUp.Raise(); }
   /// A click on the row and, unless its handler has taken the list away, another one.
   void DoubleClick(int index);
 
@@ -221,12 +235,14 @@ class ListBox : public Control {
     std::string text;
     int data = 0;
     std::string toolTip;
+    std::string note;
   };
   const Row& At(int index) const;
 
   std::vector<Row> items_;
   int listIndex_ = -1;
   int revision_ = 0;
+  int noteRevision_ = 0;
 };
 
 struct SliderRange {

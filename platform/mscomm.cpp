@@ -40,6 +40,7 @@ void MSComm::SetPortOpen(bool open) {
   }
   if (open) {
     OpenDevice(commPort_);
+    ++openings_;
   } else {
     CloseDevice();
     scheduler_.Cancel(std::exchange(lossReport_, 0));
@@ -87,6 +88,7 @@ void MSComm::LineLost() {
     LineLostLater();
   } else if (open_) {
     SetPortOpen(false);
+    Lost.Raise();
   }
 }
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,6 +15,25 @@
 namespace kavr6 {
 
 using Bytes = std::vector<std::uint8_t>;
+
+/// What can be seen of a port without opening it.
+struct PortLook {
+  enum class State { NoDevice, NotThere, There, InUse, NotAllowed, Open };
+  std::string device = {};  ///< what a person calls it, such as "/dev/ttyUSB0"; empty without one
+  State state = State::NoDevice;
+};
+
+/// Somebody is told of devices for as long as it lives. It may be destroyed while it tells.
+class DeviceWatch {
+ public:
+  DeviceWatch() = default;
+  DeviceWatch(const DeviceWatch&) = delete;
+  DeviceWatch& operator=(const DeviceWatch&) = delete;
+  virtual ~DeviceWatch() = default;
+};
+
+/// What is told: that devices come and go and who is allowed to use them; with Users, who does use them too.
+enum class DeviceNews { Devices, Users };
 
 /// A serial port in binary mode.
 ///
@@ -36,6 +57,8 @@ class MSComm {
   const std::string& Settings() const { return settings_; }
   void SetSettings(const std::string& settings) { settings_ = settings; }
   bool PortOpen() const { return open_; }
+  /// How often the port has been opened so far.
+  int Openings() const { return openings_; }
   /// Opening a port that cannot be opened is a RuntimeError whose text is a plain sentence without its full
   /// stop. Opening and closing empty the buffer; closing keeps RThreshold and ParityReplace.
   void SetPortOpen(bool open);
@@ -64,6 +87,20 @@ class MSComm {
   Event<> StateChanged;
   /// What a person calls the device behind port `number`, such as "/dev/ttyUSB0"; empty without one.
   virtual std::string DeviceName(int number) const = 0;
+  /// The device of the open port has gone, and the port has been closed for that.
+  Event<> Lost;
+  // What follows is as on a machine that tells nothing of its devices, unless the implementation knows more.
+
+  /// The state of port `number` at this moment. No port is opened for it.
+  virtual PortLook Look(int number) const { return {.device = DeviceName(number)}; }
+  /// Whether the device that was last open under port `number` stands there and can be tried; one that has
+  /// only moved up to that number is another. No port is opened for it.
+  virtual bool DeviceBack(int /*number*/) const { return false; }
+  /// Calls `told` from the event pump whenever something may have changed; rather too often than too seldom,
+  /// never when nothing happens, and at no cost in between.
+  virtual std::unique_ptr<DeviceWatch> WatchDevices(DeviceNews /*news*/, std::function<void()> /*told*/) {
+    return nullptr;
+  }
 
  protected:
   virtual void OpenDevice(int number) = 0;
@@ -89,6 +126,7 @@ class MSComm {
   std::string parityReplace_;
   int threshold_ = 0;
   bool open_ = false;
+  int openings_ = 0;
   Bytes buffer_;
   bool notificationQueued_ = false;
   Scheduler::TaskId notification_ = 0;

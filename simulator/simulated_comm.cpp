@@ -6,8 +6,26 @@
 
 namespace kavr6 {
 
+struct SimulatedComm::Watch : DeviceWatch {
+  Watch(SimulatedComm& owner, std::function<void()> tell) : comm(owner), told(std::move(tell)) {
+    comm.watches_.insert(this);
+  }
+  ~Watch() override {
+    comm.watches_.erase(this);
+    comm.program_.Cancel(news);
+  }
+  void Tell() {
+    comm.program_.Cancel(news);
+    news = comm.program_.Post([tell = told] { tell(); });
+  }
+
+  SimulatedComm& comm;
+  std::function<void()> told;
+  Scheduler::TaskId news = 0;
+};
+
 SimulatedComm::SimulatedComm(Scheduler& program, LineScheduler& line)
-    : MSComm(program), time_(line), line_(line) {
+    : MSComm(program), program_(program), time_(line), line_(line) {
   line_.ToTool = [this](std::uint8_t byte) { Gather(byte); };
   line_.HungUp = [this] { Unplug(); };
 }
@@ -26,18 +44,57 @@ void SimulatedComm::HandOver() {
   HandOut(std::exchange(gathered_, {}));
 }
 
-void SimulatedComm::Unplug() {
+void SimulatedComm::HangUp() {
   // The port may learn of it later.
   DropLine();
   LineLost();
 }
 
+void SimulatedComm::Unplug() {
+  if (const auto port = ports_.find(openPort_); port != ports_.end()) port->second.there = false;
+  TellWatches();
+  HangUp();
+}
+
+void SimulatedComm::Plug() {
+  for (auto& [number, port] : ports_) port.there = true;
+  TellWatches();
+}
+
+void SimulatedComm::TellWatches() {
+  for (Watch* watch : watches_) watch->Tell();
+}
+
 void SimulatedComm::Connect(int port, SimulatedDrive* drive) {
   ports_[port] = {drive};
   if (port == openPort_) line_.Connect(drive);
+  TellWatches();
 }
 
-void SimulatedComm::Refuse(int port, const std::string& reason) { ports_[port].refusal = reason; }
+void SimulatedComm::Refuse(int port, const std::string& reason) {
+  ports_[port].refusal = reason;
+  TellWatches();
+}
+
+PortLook SimulatedComm::Look(int number) const {
+  using enum PortLook::State;
+  const auto port = ports_.find(number);
+  if (port == ports_.end()) return {};
+  const bool open = PortOpen() && number == openPort_;
+  return {DeviceName(number), !port->second.there    ? NotThere
+                              : open                 ? Open
+                              : port->second.refusal ? InUse
+                                                     : There};
+}
+
+bool SimulatedComm::DeviceBack(int number) const {
+  const PortLook::State state = Look(number).state;
+  return state == PortLook::State::There || state == PortLook::State::InUse;
+}
+
+std::unique_ptr<DeviceWatch> SimulatedComm::WatchDevices(DeviceNews, std::function<void()> told) {
+  return std::make_unique<Watch>(*this, std::move(told));
+}
 
 std::string SimulatedComm::DeviceName(int number) const {
   return ports_.contains(number) ? "simulated port " + std::to_string(number) : std::string();
@@ -45,7 +102,7 @@ std::string SimulatedComm::DeviceName(int number) const {
 
 void SimulatedComm::OpenDevice(int number) {
   const auto port = ports_.find(number);
-  if (port == ports_.end())
+  if (port == ports_.end() || !port->second.there)
     throw RuntimeError(8002, "There is no port COM" + std::to_string(number) + " on this machine");
   if (port->second.refusal) throw RuntimeError(8005, *port->second.refusal);
   openPort_ = number;

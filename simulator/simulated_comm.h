@@ -1,8 +1,11 @@
 // The tool's end of a simulated serial line.
 #pragma once
 
+#include <functional>
 #include <map>
+#include <memory>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "platform/mscomm.h"
@@ -34,10 +37,17 @@ class SimulatedComm : public MSComm {
   void ForgetWritten() { written_.clear(); }
   /// The adapter gathers what comes in for this long, in seconds, and hands it over in one piece.
   void SetLatency(double seconds) { latency_ = seconds; }
-  /// The adapter is pulled out of the machine.
+  /// The adapter of the open port is pulled out of the machine: its port is no longer there.
   void Unplug();
+  /// All adapters that have been pulled out are put back.
+  void Plug();
+  /// An adapter that is there hangs up, as when what it is a part of starts again.
+  void HangUp();
 
   std::string DeviceName(int number) const override;
+  PortLook Look(int number) const override;
+  bool DeviceBack(int number) const override;
+  std::unique_ptr<DeviceWatch> WatchDevices(DeviceNews news, std::function<void()> told) override;
 
  protected:
   void OpenDevice(int number) override;
@@ -51,13 +61,18 @@ class SimulatedComm : public MSComm {
   struct Port {
     SimulatedDrive* drive = nullptr;
     std::optional<std::string> refusal = {};
+    bool there = true;
   };
+  struct Watch;
+  void TellWatches();
 
   void Gather(std::uint8_t byte);
   void HandOver();
   void DropLine();
 
+  Scheduler& program_;
   LineScheduler& time_;
+  std::set<Watch*> watches_;
   double latency_ = 0.0;
   Bytes gathered_;
   Scheduler::TaskId handOver_ = 0;

@@ -52,6 +52,7 @@ void MainForm::WireButtons() {
     button->Clicked.Set([this, opener = opener] { Call(Openers.*opener); });
   ModelList.Clicked.Set([this] { ModelListClick(); });
   CommList.Clicked.Set([this] { p_.ports.Select(CommList.ListIndex()); });
+  CommList.ClickedAgain.Set([this] { p_.ports.SelectAgain(); });
   Summary.DoubleClicked.Set([this](int row) {
     const std::map<SummaryRow, ImageButton*> buttons{{kMotorRow, &Motor},
                                                      {kMotionRow, &Motion},

@@ -9,6 +9,7 @@
 #include "config_file/config_files.h"
 #include "core/drive_state.h"
 #include "core/program/main_screen.h"
+#include "core/program/port_notes.h"
 #include "core/settings.h"
 #include "dialogs/io_dialog.h"
 #include "link/comm_ports.h"
@@ -84,6 +85,7 @@ class MainForm : public MainScreen {
   bool motorsLoaded_ = false;
   std::vector<std::pair<MenuItem*, std::function<void()> MainFormOpeners::*>> greyWithoutOpener_;
   Scheduler::TaskId namingDevices_ = 0;
+  PortNotes portNotes_{CommList, p_.comm};
 };
 
 }  // namespace kavr6

@@ -29,6 +29,7 @@ void Describe(const ListBox& list, Properties& found) {
     std::string row = Quoted(list.Item(i));
     if (list.ItemData(i) != 0) row += " data " + std::to_string(list.ItemData(i));
     if (!list.ItemToolTip(i).empty()) row += " tip " + Quoted(list.ItemToolTip(i));
+    if (!list.ItemNote(i).empty()) row += " note " + Quoted(list.ItemNote(i));
     found[Printed("row %02d", i)] = row;
   }
 }

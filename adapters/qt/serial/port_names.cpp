@@ -3,6 +3,7 @@
 #include <QSerialPortInfo>
 #include <algorithm>
 #include <cctype>
+#include <chrono>
 #include <fstream>
 #include <optional>
 #include <set>
@@ -25,6 +26,13 @@ std::optional<std::string> PinnedTo(int number, const fs::path& links) {
 }
 
 #ifndef Q_OS_WIN
+/// The folder, or the nearest one around it that is there.
+fs::path ExistingFolder(fs::path folder) {
+  std::error_code error;
+  while (!fs::is_directory(folder, error) && folder.has_relative_path()) folder = folder.parent_path();
+  return folder;
+}
+
 /// The kernel keeps a row of port names without hardware and marks them with type 0. Reading the mark touches
 /// no port.
 bool HasHardware(const QSerialPortInfo& port) {
@@ -90,12 +98,29 @@ std::string PortNames::Device(int number) const {
 #endif
 }
 
+bool PortNames::Pinned(int number) const { return PinnedTo(number, links_).has_value(); }
+
+std::vector<fs::path> PortNames::Folders() const {
+#ifdef Q_OS_WIN
+  return {};
+#else
+  std::set<fs::path> folders{ExistingFolder(links_), "/dev"};
+  for (int number = 1; number <= kPorts; ++number)
+    if (const auto pinned = PinnedTo(number, links_))
+      folders.insert(ExistingFolder(fs::path(*pinned).parent_path()));
+  return {folders.begin(), folders.end()};
+#endif
+}
+
 const std::vector<std::string>& PortNames::SystemPorts() const {
-  // Listing takes milliseconds; the device folder's time tells whether anything has come or gone since.
+  // Listing takes milliseconds; the device folder's time tells whether anything has come or gone since. Its
+  // clock ticks too slowly to tell what comes right behind something else.
+  constexpr std::chrono::milliseconds kTick(100);
   std::error_code error;
   const auto changed = fs::last_write_time("/dev", error);
-  if (error || changed != listed_) systemPorts_ = ListSystemPorts();
+  if (error || changed != listed_ || !settled_) systemPorts_ = ListSystemPorts();
   listed_ = changed;
+  settled_ = fs::file_time_type::clock::now() - changed > kTick;
   return systemPorts_;
 }
 

@@ -24,6 +24,11 @@ class PortNames {
   /// The device for port `number` (1 to 8), empty without one. On Windows the port of that name, and no
   /// links.
   std::string Device(int number) const;
+  /// Whether a link says which device has that number.
+  bool Pinned(int number) const;
+  /// The folders in which a device comes or goes when one does that has a number, or will have one. They are
+  /// there at this moment; none on Windows.
+  std::vector<std::filesystem::path> Folders() const;
 
  private:
   const std::vector<std::string>& SystemPorts() const;
@@ -31,6 +36,7 @@ class PortNames {
   std::filesystem::path links_;
   mutable std::vector<std::string> systemPorts_;
   mutable std::filesystem::file_time_type listed_{};
+  mutable bool settled_ = false;
 };
 
 }  // namespace kavr6

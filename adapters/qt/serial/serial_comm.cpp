@@ -7,6 +7,8 @@
 #include <thread>
 #include <utility>
 
+#include "adapters/qt/serial/device_locks.h"
+#include "adapters/qt/serial/folder_watch.h"
 #include "adapters/qt/serial/line_settings.h"
 #include "adapters/qt/serial/open_failure.h"
 
@@ -95,6 +97,33 @@ void SerialComm::OpenDevice(int number) {
   port_.setRequestToSend(true);
   port_.clear();  // what came in before is none of ours
   failuresInARow_ = 0;
+  opened_ = name;
+}
+
+PortLook SerialComm::Look(int number) const {
+  using enum PortLook::State;
+  const std::string device = names_.Device(number);
+  if (device.empty()) return {};
+  const QFileInfo file(WithoutLinks(device));
+  if (PortOpen() && file.filePath() == opened_) return {device, Open};
+  if (file.isAbsolute() && !file.exists()) return {device, NotThere};
+  if (file.isAbsolute() && !(file.isReadable() && file.isWritable())) return {device, NotAllowed};
+  return {device, LockedByAnother(file.filePath().toStdString()) ? InUse : There};
+}
+
+bool SerialComm::DeviceBack(int number) const {
+  const PortLook look = Look(number);
+  if (look.state == PortLook::State::NoDevice || look.state == PortLook::State::NotThere) return false;
+  return names_.Pinned(number) || WithoutLinks(look.device) == opened_;
+}
+
+std::unique_ptr<DeviceWatch> SerialComm::WatchDevices(DeviceNews news, std::function<void()> told) {
+  const auto folders = [this, news] {
+    std::vector<std::filesystem::path> all = names_.Folders();
+    if (news == DeviceNews::Users) all.push_back(LockFolder());
+    return all;
+  };
+  return std::make_unique<FolderWatch>(scheduler_, folders, std::move(told));
 }
 
 void SerialComm::CloseDevice() {

@@ -25,6 +25,9 @@ class SerialComm : public MSComm {
   void Release();
 
   std::string DeviceName(int number) const override { return names_.Device(number); }
+  PortLook Look(int number) const override;
+  bool DeviceBack(int number) const override;
+  std::unique_ptr<DeviceWatch> WatchDevices(DeviceNews news, std::function<void()> told) override;
 
  protected:
   void OpenDevice(int number) override;
@@ -43,6 +46,7 @@ class SerialComm : public MSComm {
   Scheduler& scheduler_;
   PortNames names_;
   QSerialPort port_;
+  QString opened_;          // the device that was opened last, without links
   int failuresInARow_ = 0;  // since the opening, without a byte in between
   int unbroken_ = 0;        // bytes that have come in without a gap
   double lastBytes_ = 0.0;

@@ -7,9 +7,12 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <utility>
 
 #include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/bind_kinds.h"
+#include "adapters/qt/windows/widgets/filter_list.h"
+#include "adapters/qt/windows/widgets/noted_combo.h"
 #include "platform/controls.h"
 
 namespace kavr6 {
@@ -60,11 +63,23 @@ RefreshView BindCombo(ListBox& list, QComboBox& combo, const UserAction& act) {
   return ShowList(list, combo);
 }
 
+RefreshView BindNotedCombo(ListBox& list, widgets::NotedCombo& combo, const UserAction& act) {
+  QObject::connect(&combo, &widgets::NotedCombo::opens, &combo,
+                   [&list, act] { act([&list] { list.Open(); }); });
+  QObject::connect(&combo, &widgets::NotedCombo::closed, &combo,
+                   [&list, act] { act([&list] { list.Close(); }); });
+  return [&list, &combo, rows = BindCombo(list, combo, act), shownNotes = 0]() mutable {
+    rows();
+    if (std::exchange(shownNotes, list.NoteRevision()) == list.NoteRevision()) return;
+    for (int row = 0; row < list.Count(); ++row) combo.setNote(row, ToQt(list.ItemNote(row)));
+  };
+}
+
 /// Shades the selected row of a list that does not have the focus: typing there picks another row, so a
 /// person must see where the focus is.
 class FocusShade : public QObject {
  public:
-  explicit FocusShade(QListWidget& view) : QObject(&view), view_(view) {
+  explicit FocusShade(QListView& view) : QObject(&view), view_(view) {
     view.installEventFilter(this);
     Shade(!view.hasFocus());
   }
@@ -88,8 +103,23 @@ class FocusShade : public QObject {
     view_.setPalette(palette);
   }
 
-  QListWidget& view_;
+  QListView& view_;
 };
+
+RefreshView BindFilterList(ListBox& list, widgets::FilterList& view, const UserAction& act) {
+  view.follow(list);
+  new FocusShade(view);
+  QObject::connect(&view, &widgets::FilterList::picked, &view,
+                   [&list, act](int row) { act([&list, row] { list.Select(row); }); });
+  QObject::connect(&view, &widgets::FilterList::pickedTwice, &view,
+                   [&list, act](int row) { act([&list, row] { list.DoubleClick(row); }); });
+  // Not as a user's act: the toolkit moves the focus by itself too.
+  QObject::connect(&view, &widgets::FilterList::fieldEntered, &view,
+                   [&list, act] { act([&list] { list.Focus(); }); });
+  QWidget::setTabOrder(view.previousInFocusChain(), &view.field());
+  QWidget::setTabOrder(&view.field(), &view);
+  return [&view] { view.refresh(); };
+}
 
 RefreshView BindListView(ListBox& list, QListWidget& view, const UserAction& act) {
   view.setSelectionMode(QAbstractItemView::SingleSelection);
@@ -123,6 +153,9 @@ QButtonGroup& ButtonGroupOf(const OptionButton& option, const QRadioButton& butt
 
 RefreshView BindListBox(Control& control, QObject& target, const UserAction& act) {
   auto& list = static_cast<ListBox&>(control);
+  if (auto* const combo = qobject_cast<widgets::NotedCombo*>(&target))
+    return BindNotedCombo(list, *combo, act);
+  if (auto* const view = qobject_cast<widgets::FilterList*>(&target)) return BindFilterList(list, *view, act);
   if (auto* const combo = qobject_cast<QComboBox*>(&target); combo != nullptr && !combo->isEditable())
     return BindCombo(list, *combo, act);
   if (auto* const view = qobject_cast<QListWidget*>(&target)) return BindListView(list, *view, act);
