@@ -7,11 +7,12 @@
 namespace kavr6 {
 
 struct SimulatedComm::Watch : DeviceWatch {
-  Watch(SimulatedComm& owner, std::function<void()> tell) : comm(owner), told(std::move(tell)) {
-    comm.watches_.insert(this);
+  Watch(SimulatedComm& owner, DeviceNews wanted, std::function<void()> tell)
+      : comm(owner), kind(wanted), told(std::move(tell)) {
+    comm.watches_.push_back(this);
   }
   ~Watch() override {
-    comm.watches_.erase(this);
+    std::erase(comm.watches_, this);
     comm.program_.Cancel(news);
   }
   void Tell() {
@@ -20,6 +21,7 @@ struct SimulatedComm::Watch : DeviceWatch {
   }
 
   SimulatedComm& comm;
+  DeviceNews kind;
   std::function<void()> told;
   Scheduler::TaskId news = 0;
 };
@@ -52,28 +54,30 @@ void SimulatedComm::HangUp() {
 
 void SimulatedComm::Unplug() {
   if (const auto port = ports_.find(openPort_); port != ports_.end()) port->second.there = false;
-  TellWatches();
+  TellWatches(DeviceNews::Devices);
   HangUp();
 }
 
 void SimulatedComm::Plug() {
   for (auto& [number, port] : ports_) port.there = true;
-  TellWatches();
+  TellWatches(DeviceNews::Devices);
 }
 
-void SimulatedComm::TellWatches() {
-  for (Watch* watch : watches_) watch->Tell();
+// News of devices are for all who ask, news of their users for some.
+void SimulatedComm::TellWatches(DeviceNews news) {
+  for (Watch* watch : watches_)
+    if (news == DeviceNews::Devices || watch->kind == news) watch->Tell();
 }
 
 void SimulatedComm::Connect(int port, SimulatedDrive* drive) {
   ports_[port] = {drive};
   if (port == openPort_) line_.Connect(drive);
-  TellWatches();
+  TellWatches(DeviceNews::Devices);
 }
 
 void SimulatedComm::Refuse(int port, const std::string& reason) {
   ports_[port].refusal = reason;
-  TellWatches();
+  TellWatches(DeviceNews::Devices);
 }
 
 PortLook SimulatedComm::Look(int number) const {
@@ -92,8 +96,8 @@ bool SimulatedComm::DeviceBack(int number) const {
   return state == PortLook::State::There || state == PortLook::State::InUse;
 }
 
-std::unique_ptr<DeviceWatch> SimulatedComm::WatchDevices(DeviceNews, std::function<void()> told) {
-  return std::make_unique<Watch>(*this, std::move(told));
+std::unique_ptr<DeviceWatch> SimulatedComm::WatchDevices(DeviceNews news, std::function<void()> told) {
+  return std::make_unique<Watch>(*this, news, std::move(told));
 }
 
 std::string SimulatedComm::DeviceName(int number) const {
@@ -106,12 +110,14 @@ void SimulatedComm::OpenDevice(int number) {
     throw RuntimeError(8002, "There is no port COM" + std::to_string(number) + " on this machine");
   if (port->second.refusal) throw RuntimeError(8005, *port->second.refusal);
   openPort_ = number;
+  TellWatches(DeviceNews::Users);
   line_.Connect(port->second.drive);
 }
 
 void SimulatedComm::CloseDevice() {
   openPort_ = 0;
   DropLine();
+  TellWatches(DeviceNews::Users);
 }
 
 void SimulatedComm::DropLine() {

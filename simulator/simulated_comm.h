@@ -5,8 +5,8 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
+#include <vector>
 
 #include "platform/mscomm.h"
 #include "simulator/simulated_drive.h"
@@ -64,7 +64,7 @@ class SimulatedComm : public MSComm {
     bool there = true;
   };
   struct Watch;
-  void TellWatches();
+  void TellWatches(DeviceNews news);
 
   void Gather(std::uint8_t byte);
   void HandOver();
@@ -72,7 +72,7 @@ class SimulatedComm : public MSComm {
 
   Scheduler& program_;
   LineScheduler& time_;
-  std::set<Watch*> watches_;
+  std::vector<Watch*> watches_;  // in the order in which they were asked for
   double latency_ = 0.0;
   Bytes gathered_;
   Scheduler::TaskId handOver_ = 0;
