@@ -3,6 +3,7 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include "link/wire.h"
 #include "platform/runtime_error.h"
@@ -125,20 +126,22 @@ void CommPorts::SelectAgain() {
 
 void CommPorts::AwaitDevice() {
   if (!inUse_) return;
-  newsHeard_ = false;
-  awaited_ = line_.comm.WatchDevices(DeviceNews::Devices, [this] {
-    newsHeard_ = true;
-    TryAnew();
-  });
-  // It may have come back before anybody waited for it. But one that opens and goes at once, again and again,
-  // without any news is a broken one.
+  // The watch outlives the return of the device: the next loss may be told after the return that follows it.
+  if (!watch_)
+    watch_ = line_.comm.WatchDevices(DeviceNews::Devices, [this] {
+      newsHeard_ = true;
+      TryAnew();
+    });
+  // It may be back already. But one that opens and goes at once, without any news of it, is a broken one.
   const bool broken = openedWithoutNews_ >= 0 && line_.pump.Now() - openedWithoutNews_ < kHoldsAtLeast;
-  if (!broken) attempt_ = line_.pump.Post([this] { TryAnew(); });
+  if (newsHeard_ || !broken) attempt_ = line_.pump.Post([this] { TryAnew(); });
 }
 
 void CommPorts::StopAwaiting() {
-  awaited_.reset();
+  watch_.reset();
   line_.pump.Cancel(attempt_);
+  newsHeard_ = false;
+  openedWithoutNews_ = -1;
 }
 
 void CommPorts::TryAnew() {
@@ -148,11 +151,9 @@ void CommPorts::TryAnew() {
 
 void CommPorts::Reopen() {
   line_.pump.Cancel(attempt_);
-  if (line_.comm.PortOpen()) return StopAwaiting();
-  if (!line_.comm.DeviceBack(state_.CommNumber)) return;
+  if (line_.comm.PortOpen() || !line_.comm.DeviceBack(state_.CommNumber)) return;
   if (OpenPort(state_.CommNumber)) {
-    openedWithoutNews_ = newsHeard_ ? -1 : line_.pump.Now();
-    StopAwaiting();
+    openedWithoutNews_ = std::exchange(newsHeard_, false) ? -1 : line_.pump.Now();
   } else if (refusals_ < kRetryAfter.size()) {
     attempt_ = line_.pump.CallAfter(kRetryAfter[refusals_++], [this] { Reopen(); });
   }

@@ -44,10 +44,10 @@ class CommPorts {
   DriveLine line_;
   DriveState& state_;
   bool inUse_ = false;  // a port has been open
-  std::unique_ptr<DeviceWatch> awaited_;
+  std::unique_ptr<DeviceWatch> watch_;
   Scheduler::TaskId attempt_ = 0;
   std::size_t refusals_ = 0;       // since there was news
-  bool newsHeard_ = false;         // since the device went
+  bool newsHeard_ = false;         // since the port was opened
   double openedWithoutNews_ = -1;  // when, below 0: never
 };
 
