@@ -6,44 +6,52 @@
 namespace kavr6 {
 namespace {
 
-bool IsDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; }
-bool EndsWord(std::string_view note, std::size_t at) {
-  return at == note.size() || note[at] == ' ' || note[at] == ',';
+bool EndsInDigit(const std::string& word) {
+  return std::isdigit(static_cast<unsigned char>(word.back())) != 0;
 }
 
-/// Whether a word of the note begins with `part`, or is just that.
-bool HasWord(std::string_view note, const std::string& part, bool whole = false) {
+std::vector<std::string> WordsOf(std::string_view text) {
+  std::vector<std::string> words;
+  std::istringstream in{std::string(text)};
+  for (std::string word; in >> word;) {
+    while (word.ends_with(',')) word.pop_back();
+    if (!word.empty()) words.push_back(word);
+  }
+  return words;
+}
+
+/// Whether words of the note begin with `part`; with `whole`, whether they are just that.
+bool HasWords(std::string_view note, const std::string& part, bool whole) {
+  const auto ends = [note](std::size_t at) {
+    return at == note.size() || note[at] == ' ' || note[at] == ',';
+  };
   for (std::size_t at = note.find(part); at != std::string_view::npos; at = note.find(part, at + 1))
-    if ((at == 0 || note[at - 1] == ' ') && (!whole || EndsWord(note, at + part.size()))) return true;
-  return false;
-}
-
-/// Whether the word stands behind a number of the note.
-bool IsUnit(std::string_view note, const std::string& word) {
-  const std::string behind = " " + word;
-  for (std::size_t at = note.find(behind); at != std::string_view::npos; at = note.find(behind, at + 1))
-    if (at > 0 && IsDigit(note[at - 1]) && EndsWord(note, at + behind.size())) return true;
+    if ((at == 0 || note[at - 1] == ' ') && (!whole || ends(at + part.size()))) return true;
   return false;
 }
 
 }  // namespace
 
-RowFilter::RowFilter(std::string_view search) {
-  std::istringstream in{std::string(search)};
-  for (std::string word; in >> word;) {
-    while (word.ends_with(',')) word.pop_back();
-    if (!word.empty()) words_.push_back(word);
+RowFilter::RowFilter(std::string_view search, const std::set<std::string>& units) {
+  const std::vector<std::string> words = WordsOf(search);
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const bool figure = EndsInDigit(words[i]) && i + 1 < words.size() && units.contains(words[i + 1]);
+    sought_.push_back({figure ? words[i] + " " + words[i + 1] : words[i], figure});
+    if (figure) ++i;
   }
 }
 
 bool RowFilter::Fits(std::string_view text, std::string_view note) const {
-  for (std::size_t i = 0; i < words_.size(); ++i) {
-    const std::string& word = words_[i];
-    if (text.find(word) != std::string_view::npos) continue;
-    const bool figure = IsDigit(word.back()) && i + 1 < words_.size() && IsUnit(note, words_[i + 1]);
-    if (!(figure ? HasWord(note, word + " " + words_[i + 1], true) : HasWord(note, word))) return false;
-  }
+  for (const Sought& sought : sought_)
+    if (text.find(sought.words) == std::string_view::npos && !HasWords(note, sought.words, sought.figure))
+      return false;
   return true;
+}
+
+void RowFilter::CollectUnits(std::string_view note, std::set<std::string>& units) {
+  const std::vector<std::string> words = WordsOf(note);
+  for (std::size_t i = 1; i < words.size(); ++i)
+    if (EndsInDigit(words[i - 1])) units.insert(words[i]);
 }
 
 }  // namespace kavr6

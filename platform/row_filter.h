@@ -1,6 +1,7 @@
 // Finding rows of a list by a few words.
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,17 +12,25 @@ namespace kavr6 {
 /// m". Search and rows are in small letters.
 ///
 /// A word may stand anywhere in the text; in the note a word has to begin with it, so that 4.2 is not found
-/// in 14.2. A number with a unit of the note behind it counts as one word: "4.2 a" asks for a current, and a
-/// torque of 4.2 does not do.
+/// in 14.2. A number with a unit behind it is looked for as a whole: "4.2 a" asks for a current, and a torque
+/// of 4.2 does not do.
 class RowFilter {
  public:
-  explicit RowFilter(std::string_view search);
+  /// `units`: as CollectUnits has found them in all notes.
+  RowFilter(std::string_view search, const std::set<std::string>& units);
   /// Nothing is searched for: every row fits.
-  bool Empty() const { return words_.empty(); }
+  bool Empty() const { return sought_.empty(); }
   bool Fits(std::string_view text, std::string_view note) const;
 
+  /// Adds the words that stand behind a number of the note.
+  static void CollectUnits(std::string_view note, std::set<std::string>& units);
+
  private:
-  std::vector<std::string> words_;
+  struct Sought {
+    std::string words;
+    bool figure;
+  };
+  std::vector<Sought> sought_;
 };
 
 }  // namespace kavr6

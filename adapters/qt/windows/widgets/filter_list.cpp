@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <algorithm>
 #include <numeric>
 
@@ -12,6 +13,12 @@
 #include "platform/row_filter.h"
 
 namespace kavr6::widgets {
+namespace {
+
+/// What a row holds as a rule; a longer one gives way.
+constexpr const char* kUsualRow = "MM00-0M-000   0.75 A, 1200 oz in";
+
+}  // namespace
 
 /// The rows of the list that the search has left, in their order.
 class FilterList::Rows : public QAbstractListModel {
@@ -46,15 +53,18 @@ class FilterList::Rows : public QAbstractListModel {
   void setList(const ListBox& list) {
     list_ = &list;
     small_.clear();
+    units_.clear();
   }
-  void leave(const RowFilter& filter) {
+  /// Leaves the rows that fit; all of them when nothing is searched for.
+  void leave(const QString& search) {
     beginResetModel();
     left_.clear();
+    if (!search.isEmpty()) putInSmallLetters();
+    const RowFilter filter(FromQt(search.toLower()), units_);
     if (filter.Empty()) {
       left_.resize(static_cast<std::size_t>(list_->Count()));
       std::iota(left_.begin(), left_.end(), 0);
     } else {
-      putInSmallLetters();
       for (std::size_t row = 0; row < small_.size(); ++row)
         if (filter.Fits(small_[row].text, small_[row].note)) left_.push_back(static_cast<int>(row));
     }
@@ -69,14 +79,17 @@ class FilterList::Rows : public QAbstractListModel {
   /// Once and not with every letter that is typed.
   void putInSmallLetters() {
     if (!small_.empty()) return;
-    for (int row = 0; row < list_->Count(); ++row)
-      small_.push_back(
-          {FromQt(ToQt(list_->Item(row)).toLower()), FromQt(ToQt(list_->ItemNote(row)).toLower())});
+    for (int row = 0; row < list_->Count(); ++row) {
+      const std::string note = FromQt(ToQt(list_->ItemNote(row)).toLower());
+      small_.push_back({FromQt(ToQt(list_->Item(row)).toLower()), note});
+      RowFilter::CollectUnits(note, units_);
+    }
   }
 
   const ListBox* list_ = nullptr;
   std::vector<int> left_;
   std::vector<Small> small_;
+  std::set<std::string> units_;
 };
 
 FilterList::FilterList(QWidget* parent)
@@ -135,7 +148,7 @@ void FilterList::search() {
   stepped_ = false;
   {
     const QScopedValueRollback showing(showing_, true);
-    rows_->leave(RowFilter(FromQt(field_->text().toLower())));
+    rows_->leave(field_->text());
   }
   showSelection();
   if (currentIndex().isValid()) scrollTo(currentIndex(), PositionAtCenter);
@@ -198,7 +211,7 @@ void FilterList::selectionChanged(const QItemSelection& selected, const QItemSel
 void FilterList::placeField() {
   const int height = field_->sizeHint().height();
   setViewportMargins(0, height, 0, 0);
-  field_->setGeometry(frameWidth(), frameWidth(), width() - 2 * frameWidth(), height);
+  field_->setGeometry(frameWidth(), frameWidth(), viewport()->width(), height);  // beside the scroll bar
 }
 
 void FilterList::resizeEvent(QResizeEvent* event) {
@@ -227,7 +240,8 @@ void FilterList::paintEvent(QPaintEvent* event) {
 }
 
 QSize FilterList::minimumSizeHint() const {
-  return QListView::minimumSizeHint() + QSize(0, field_->sizeHint().height());
+  const int width = fontMetrics().horizontalAdvance(kUsualRow) + verticalScrollBar()->sizeHint().width();
+  return {width + 2 * frameWidth(), QListView::minimumSizeHint().height() + field_->sizeHint().height()};
 }
 
 }  // namespace kavr6::widgets

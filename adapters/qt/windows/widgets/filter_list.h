@@ -30,6 +30,7 @@ class FilterList : public QListView {
   QString hint() const { return field_->placeholderText(); }
   void setHint(const QString& hint);
   QSize minimumSizeHint() const override;
+  QSize sizeHint() const override { return minimumSizeHint(); }
 
  signals:
   /// The user has picked a row of the model, and has double clicked one.

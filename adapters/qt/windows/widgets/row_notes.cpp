@@ -57,6 +57,7 @@ QSize RowNotes::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& 
   if (width_ == Width::OfView) {
     size.setWidth(1);
   } else if (!note.isEmpty()) {
+    size.rheight() += option.fontMetrics.height() / 2;
     size.rwidth() +=
         option.fontMetrics.horizontalAdvance(note) + (kGap + 1) * option.fontMetrics.averageCharWidth();
   }
