@@ -16,7 +16,7 @@ namespace kavr6::widgets {
 namespace {
 
 /// What a row holds as a rule; a longer one gives way.
-constexpr const char* kUsualRow = "MM00-0M-000   0.75 A, 1200 oz in";
+constexpr const char* kUsualRow = "NEMA 00-00000  0.75 A, 1200 oz in";
 
 }  // namespace
 
@@ -38,7 +38,8 @@ class FilterList::Rows : public QAbstractListModel {
       case Qt::AccessibleTextRole:
         return spokenRow(ToQt(list_->Item(row)), ToQt(list_->ItemNote(row)));
       case Qt::ToolTipRole:
-        return list_->ItemToolTip(row).empty() ? QVariant() : ToQt(list_->ItemToolTip(row));
+        return list_->ItemToolTip(row).empty() ? data(index, Qt::AccessibleTextRole)
+                                               : ToQt(list_->ItemToolTip(row));
       default:
         return {};
     }

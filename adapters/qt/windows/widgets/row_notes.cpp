@@ -42,12 +42,15 @@ void RowNotes::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
   const QPalette::ColorGroup group = !row.state.testFlag(QStyle::State_Enabled) ? QPalette::Disabled
                                      : row.state.testFlag(QStyle::State_Active) ? QPalette::Active
                                                                                 : QPalette::Inactive;
+  const Qt::TextElideMode elide = width_ == Width::Whole ? Qt::ElideMiddle : Qt::ElideRight;
   painter->save();
   painter->setFont(row.font);
-  painter->setPen(weakened(row.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text),
-                           row.palette.color(group, selected ? QPalette::Highlight : QPalette::Base)));
+  // What is selected has no contrast to spare.
+  painter->setPen(selected ? row.palette.color(group, QPalette::HighlightedText)
+                           : weakened(row.palette.color(group, QPalette::Text),
+                                      row.palette.color(group, QPalette::Base)));
   painter->drawText(room, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
-                    row.fontMetrics.elidedText(note, Qt::ElideMiddle, room.width()));
+                    row.fontMetrics.elidedText(note, elide, room.width()));
   painter->restore();
 }
 
