@@ -88,6 +88,7 @@ std::string DeviceForPort(int number, const fs::path& links, const std::vector<s
 }
 
 std::string PortNames::Device(int number) const {
+  if (number == chosen_.first) return chosen_.second;
 #ifdef Q_OS_WIN
   const auto& ports = SystemPorts();
   return std::find(ports.begin(), ports.end(), ComName(number)) != ports.end() ? ComName(number) : "";
@@ -98,13 +99,16 @@ std::string PortNames::Device(int number) const {
 #endif
 }
 
-bool PortNames::Pinned(int number) const { return PinnedTo(number, links_).has_value(); }
+bool PortNames::Pinned(int number) const {
+  return number == chosen_.first || PinnedTo(number, links_).has_value();
+}
 
 std::vector<fs::path> PortNames::Folders() const {
 #ifdef Q_OS_WIN
   return {};
 #else
   std::set<fs::path> folders{ExistingFolder(links_), "/dev"};
+  if (chosen_.first != 0) folders.insert(ExistingFolder(fs::path(chosen_.second).parent_path()));
   for (int number = 1; number <= kPorts; ++number)
     if (const auto pinned = PinnedTo(number, links_))
       folders.insert(ExistingFolder(fs::path(*pinned).parent_path()));
