@@ -90,7 +90,7 @@ const std::string& ListBox::ItemToolTip(int index) const { return At(index).tool
 void ListBox::SetItemToolTip(int index, const std::string& text) {
   if (At(index).toolTip == text) return;
   items_[static_cast<std::size_t>(index)].toolTip = text;
-  ++revision_;
+  ++noteRevision_;
   Refresh();
 }
 

@@ -212,7 +212,7 @@ class ListBox : public Control {
   std::string Text() const;
   /// Grows with every change of the rows, so that a view knows when to fill itself again.
   int Revision() const { return revision_; }
-  /// The same for the notes of the rows.
+  /// The same for notes and tool tips of the rows.
   int NoteRevision() const { return noteRevision_; }
   Event<> Clicked;
   Event<> DoubleClicked;

@@ -115,7 +115,7 @@ TEST_F(SceneTest, OpenPortListFollowsItsDevicesAndAClosedOneDoesNot) {
   EXPECT_GE(combo->view()->viewport()->width(), combo->view()->sizeHintForColumn(0));
   combo->view()->setCurrentIndex(combo->model()->index(5, 0));
   scene.comm.Unplug();
-  Delay(scene.desktop, 0.1);
+  Delay(scene.desktop, 0.5);
   EXPECT_EQ(Spoken(*combo->model()).substr(0, 33), "COM1, simulated port 1, not there");
   EXPECT_EQ(combo->view()->currentIndex().row(), 5) << "the list stays as it stands";
   EXPECT_EQ(combo->currentText(), "COM1");

@@ -13,6 +13,7 @@
 #include "adapters/qt/windows/bind_kinds.h"
 #include "adapters/qt/windows/widgets/filter_list.h"
 #include "adapters/qt/windows/widgets/noted_combo.h"
+#include "adapters/qt/windows/widgets/row_notes.h"
 #include "platform/controls.h"
 
 namespace kavr6 {
@@ -26,10 +27,19 @@ void FillRows(W& widget, const ListBox& list) {
   for (int row = 0; row < list.Count(); ++row) rows.append(ToQt(list.Item(row)));
   widget.clear();
   widget.addItems(rows);
-  QAbstractItemModel& model = *widget.model();
+}
+
+/// What stands beside the rows, which themselves stay: the list may be open.
+void FillNotes(QAbstractItemModel& model, const ListBox& list) {
+  const auto show = [&model](int row, const QString& text, int role) {
+    const QModelIndex index = model.index(row, 0);
+    if (index.data(role).toString() != text) model.setData(index, text, role);
+  };
   for (int row = 0; row < list.Count(); ++row) {
-    if (const std::string& toolTip = list.ItemToolTip(row); !toolTip.empty())
-      model.setData(model.index(row, 0), ToQt(toolTip), Qt::ToolTipRole);
+    const QString note = ToQt(list.ItemNote(row));
+    show(row, ToQt(list.ItemToolTip(row)), Qt::ToolTipRole);
+    show(row, note, widgets::kNoteRole);
+    if (!note.isEmpty()) show(row, widgets::spokenRow(ToQt(list.Item(row)), note), Qt::AccessibleTextRole);
   }
 }
 
@@ -47,12 +57,12 @@ void SelectRow(QComboBox& combo, int row) { combo.setCurrentIndex(row); }
 
 template <class W>
 RefreshView ShowList(const ListBox& list, W& widget) {
-  return [&list, &widget, shownRevision = -1]() mutable {
+  return [&list, &widget, shownRevision = -1, shownNotes = 0]() mutable {
     const QSignalBlocker silence(widget);
-    if (shownRevision != list.Revision()) {
-      shownRevision = list.Revision();
-      FillRows(widget, list);
-    }
+    const bool refill = std::exchange(shownRevision, list.Revision()) != list.Revision();
+    if (refill) FillRows(widget, list);
+    if (std::exchange(shownNotes, list.NoteRevision()) != list.NoteRevision() || refill)
+      FillNotes(*widget.model(), list);
     if (SelectedRow(widget) != list.ListIndex()) SelectRow(widget, list.ListIndex());
   };
 }
@@ -68,11 +78,7 @@ RefreshView BindNotedCombo(ListBox& list, widgets::NotedCombo& combo, const User
                    [&list, act] { act([&list] { list.Open(); }); });
   QObject::connect(&combo, &widgets::NotedCombo::closed, &combo,
                    [&list, act] { act([&list] { list.Close(); }); });
-  return [&list, &combo, rows = BindCombo(list, combo, act), shownNotes = 0]() mutable {
-    rows();
-    if (std::exchange(shownNotes, list.NoteRevision()) == list.NoteRevision()) return;
-    for (int row = 0; row < list.Count(); ++row) combo.setNote(row, ToQt(list.ItemNote(row)));
-  };
+  return BindCombo(list, combo, act);
 }
 
 /// Shades the selected row of a list that does not have the focus: typing there picks another row, so a

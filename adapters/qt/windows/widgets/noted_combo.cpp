@@ -22,12 +22,6 @@ void NotedCombo::showPopup() {
   QComboBox::showPopup();
 }
 
-void NotedCombo::setNote(int row, const QString& note) {
-  if (itemData(row, kNoteRole).toString() == note) return;
-  setItemData(row, note, kNoteRole);
-  setItemData(row, spokenRow(itemText(row), note), Qt::AccessibleTextRole);
-}
-
 void NotedCombo::widen() {
   const int frame = 2 * view()->frameWidth() + view()->verticalScrollBar()->sizeHint().width();
   const int wanted = view()->sizeHintForColumn(0) + frame;

@@ -12,8 +12,6 @@ class NotedCombo : public QComboBox {
  public:
   explicit NotedCombo(QWidget* parent = nullptr);
   void showPopup() override;
-  /// Another note for a row; an open list shows it.
-  void setNote(int row, const QString& note);
 
  signals:
   /// The list is about to be shown, with the notes that it has when this returns.
