@@ -155,6 +155,22 @@ TEST_F(SerialCommTest, NewsOfADeviceComeWithItAndOpenNothing) {
   EXPECT_TRUE(comm_.DeviceBack(1) && !comm_.PortOpen());
 }
 
+TEST_F(SerialCommTest, TerminalOfSomebodyElseUnderTheOldNameIsNotTheDevice) {
+  fs::create_symlink(peer_.Terminal(), links_ / "COM2");
+  Open(comm_, 2);
+  const std::string name = peer_.Terminal();
+  peer_.Unplug();
+  ASSERT_TRUE(pump_.PumpEventsUntil([&] { return !comm_.PortOpen(); }, 2.0));
+  PseudoPort stranger(links_ / "COM3");
+  stranger.Plug();
+  if (stranger.Terminal() != name) GTEST_SKIP() << "the system has given another name";
+  EXPECT_EQ(comm_.Look(2).state, PortLook::State::There);
+  EXPECT_FALSE(comm_.DeviceBack(2));
+  fs::remove(links_ / "COM2");
+  fs::create_symlink(name, links_ / "COM2");
+  EXPECT_TRUE(comm_.DeviceBack(2));
+}
+
 TEST_F(SerialCommTest, FolderOfTheLinksMayComeLater) {
   const fs::path later = links_ / "not" / "yet";
   SerialComm comm(pump_, later);

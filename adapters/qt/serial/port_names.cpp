@@ -8,6 +8,10 @@
 #include <optional>
 #include <set>
 
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
+
 namespace kavr6 {
 namespace {
 
@@ -101,6 +105,16 @@ std::string PortNames::Device(int number) const {
 
 bool PortNames::Pinned(int number) const {
   return number == chosen_.first || PinnedTo(number, links_).has_value();
+}
+
+std::string PortNames::LinkMark([[maybe_unused]] int number) const {
+#ifdef Q_OS_UNIX
+  struct stat link {};
+  if (lstat((links_ / ComName(number)).c_str(), &link) == 0)
+    return std::to_string(link.st_ino) + " " + std::to_string(link.st_ctim.tv_sec) + " " +
+           std::to_string(link.st_ctim.tv_nsec);
+#endif
+  return {};
 }
 
 std::vector<fs::path> PortNames::Folders() const {

@@ -27,6 +27,8 @@ class PortNames {
   std::string Device(int number) const;
   /// Whether a link, or Use, says which device has that number.
   bool Pinned(int number) const;
+  /// Another one for each link that is made for that number; empty without a link, and on Windows.
+  std::string LinkMark(int number) const;
   /// The folders in which a device comes or goes when one does that has a number, or will have one. They are
   /// there at this moment; none on Windows.
   std::vector<std::filesystem::path> Folders() const;

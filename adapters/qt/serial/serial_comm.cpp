@@ -32,6 +32,8 @@ constexpr double kGapSeconds = 0.003;
 constexpr double kRestSeconds = 0.04;
 constexpr int kGoesOnBytes = 24;  // behind a rest
 
+constexpr const char* kPseudoTerminals = "/dev/pts/";
+
 /// The lock that keeps a device from being opened twice goes by the name, so links are resolved first.
 QString WithoutLinks(const std::string& device) {
   const QString name = QString::fromStdString(device);
@@ -44,7 +46,7 @@ QString WithoutLinks(const std::string& device) {
 /// this fault.
 void ShareIfPseudoTerminal([[maybe_unused]] QSerialPort& port, [[maybe_unused]] const QString& name) {
 #ifdef Q_OS_LINUX
-  if (name.startsWith("/dev/pts/")) ioctl(port.handle(), TIOCNXCL);
+  if (name.startsWith(kPseudoTerminals)) ioctl(port.handle(), TIOCNXCL);
 #endif
 }
 
@@ -98,6 +100,7 @@ void SerialComm::OpenDevice(int number) {
   port_.clear();  // what came in before is none of ours
   failuresInARow_ = 0;
   opened_ = name;
+  openedBy_ = names_.LinkMark(number);
 }
 
 PortLook SerialComm::Look(int number) const {
@@ -114,7 +117,10 @@ PortLook SerialComm::Look(int number) const {
 bool SerialComm::DeviceBack(int number) const {
   const PortLook look = Look(number);
   if (look.state == PortLook::State::NoDevice || look.state == PortLook::State::NotThere) return false;
-  return names_.Pinned(number) || WithoutLinks(look.device) == opened_;
+  const QString name = WithoutLinks(look.device);
+  // The name of a pseudo-terminal goes to whoever asks next for one, such as a shell.
+  if (name.startsWith(kPseudoTerminals)) return names_.LinkMark(number) != openedBy_;
+  return names_.Pinned(number) || name == opened_;
 }
 
 std::unique_ptr<DeviceWatch> SerialComm::WatchDevices(DeviceNews news, std::function<void()> told) {

@@ -49,6 +49,7 @@ class SerialComm : public MSComm {
   PortNames names_;
   QSerialPort port_;
   QString opened_;          // the device that was opened last, without links
+  std::string openedBy_;    // the mark of the link that led to it
   int failuresInARow_ = 0;  // since the opening, without a byte in between
   int unbroken_ = 0;        // bytes that have come in without a gap
   double lastBytes_ = 0.0;
