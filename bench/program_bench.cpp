@@ -18,6 +18,7 @@
 #include "adapters/qt/base/file_store.h"
 #include "adapters/qt/print/qt_print_job.h"
 #include "adapters/qt/serial/serial_comm.h"
+#include "adapters/qt/windows/widgets/filter_list.h"
 #include "adapters/sqlite/motor_catalogue.h"
 #include "adapters/sqlite/sqlite_table.h"
 #include "bench/bench_desktop.h"
