@@ -59,7 +59,8 @@ bool ConfigFiles::MayReplaceUnread() {
                "replace the file?",
        .icon = BoxIcon::Question,
        .title = "Save",
-       .buttons = BoxButtons::OkCancel});
+       .buttons = BoxButtons::OkCancel,
+       .careful = true});
   return answer == BoxAnswer::Ok;
 }
 
@@ -105,7 +106,8 @@ void ConfigFiles::MenuOpen() {
              "replace your program?",
          .icon = BoxIcon::Question,
          .title = "Open",
-         .buttons = BoxButtons::OkCancel});
+         .buttons = BoxButtons::OkCancel,
+         .careful = true});
     if (answer != BoxAnswer::Ok) return;
   }
   const std::string name = ChooseFile(FileDialog::Purpose::Open);

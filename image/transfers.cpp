@@ -39,7 +39,8 @@ bool Transfers::InertiaConfirmed() {
                    "download your settings anyway?",
            .icon = BoxIcon::Question,
            .title = "Load Inertia Not Set",
-           .buttons = BoxButtons::YesNo});
+           .buttons = BoxButtons::YesNo,
+           .careful = true});
   if (answer == BoxAnswer::Yes) State().InertiaSet = true;
   return answer == BoxAnswer::Yes;
 }
@@ -129,7 +130,8 @@ TransferEnd Transfers::UploadClick() {
                      "replace your program?",
              .icon = BoxIcon::Question,
              .title = "Open",
-             .buttons = BoxButtons::OkCancel});
+             .buttons = BoxButtons::OkCancel,
+             .careful = true});
     if (answer != BoxAnswer::Ok) return TransferEnd::Declined;
   }
   if (NoCommPort(p_.line.comm)) {

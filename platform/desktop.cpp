@@ -141,6 +141,7 @@ void Desktop::ReportError(const RuntimeError& error) {
   if (RescueWork) {
     report.text += "\n\nThe program ends now.  Do you want to save your settings to a file first?";
     report.buttons = BoxButtons::YesNo;
+    report.escapeAccepts = true;
   }
   try {
     if (Ask(report) == BoxAnswer::Yes) RescueWork();

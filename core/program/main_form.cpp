@@ -198,7 +198,8 @@ void MainForm::Leave() {
         {.text = "You have made changes without Saving or Downloading.  Do you really want to quit?",
          .icon = BoxIcon::Question,
          .title = "Quit",
-         .buttons = BoxButtons::OkCancel});
+         .buttons = BoxButtons::OkCancel,
+         .careful = true});
     if (answer != BoxAnswer::Ok) return;
   }
   Desk().EndProgram(0);

@@ -194,13 +194,26 @@ std::string Hex(std::span<const std::uint8_t> bytes) {
   return text;
 }
 
+namespace {
+
+/// What Enter and Esc answer, where there is a choice.
+std::string KeysOf(const MessageBox& box) {
+  if (box.buttons == BoxButtons::Ok) return "";
+  const bool yesNo = box.buttons == BoxButtons::YesNo;
+  const std::string accept = yesNo ? "Yes" : "OK";
+  const std::string refuse = yesNo ? "No" : "Cancel";
+  return ", Enter " + (box.careful ? refuse : accept) + ", Esc " + (box.escapeAccepts ? accept : refuse);
+}
+
+}  // namespace
+
 std::string InWords(const MessageBox& box) {
   static const std::array<std::string, 5> kIcons{"no icon", "critical icon", "question icon",
                                                  "exclamation icon", "information icon"};
   static const std::array<std::string, 3> kButtons{"OK", "OK Cancel", "Yes No"};
   return (box.title.empty() ? "without title" : Quoted(box.title)) + ", " +
          kIcons.at(static_cast<std::size_t>(box.icon)) + ", " +
-         kButtons.at(static_cast<std::size_t>(box.buttons)) + ": " + Quoted(box.text);
+         kButtons.at(static_cast<std::size_t>(box.buttons)) + KeysOf(box) + ": " + Quoted(box.text);
 }
 
 std::string InWords(BoxAnswer answer) {

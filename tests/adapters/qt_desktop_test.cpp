@@ -86,12 +86,19 @@ TEST_F(QtDesktopTest, BoxShowsItsTextAsItStandsAndAnswersByKeyOrByClosing) {
       {{.text = kText, .buttons = BoxButtons::OkCancel}, Qt::Key_Return, BoxAnswer::Ok},
       {{.text = kText, .buttons = BoxButtons::OkCancel, .careful = true}, Qt::Key_Return, BoxAnswer::Cancel},
       {{.text = kText, .buttons = BoxButtons::YesNo}, Qt::Key_Return, BoxAnswer::Yes},
-      {{.text = kText, .buttons = BoxButtons::YesNo}, closed, BoxAnswer::No}};
+      {{.text = kText, .buttons = BoxButtons::YesNo}, closed, BoxAnswer::No},
+      {{.text = kText, .buttons = BoxButtons::YesNo, .escapeAccepts = true}, Qt::Key_Escape, BoxAnswer::Yes}};
   for (const auto& [asked, key, answer] : cases) {
     WithBox([press = key](QMessageBox& box) {
       EXPECT_EQ(box.text(), "a  <b>&c");
       EXPECT_EQ(box.textFormat(), Qt::PlainText);
       EXPECT_EQ(box.windowTitle(), "The Title");
+      QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+      EXPECT_EQ(QGuiApplication::clipboard()->text(), box.text());
+      auto* const words = box.findChild<QLabel*>("qt_msgbox_label");
+      words->setSelection(0, 1);
+      QTest::keyClick(words, Qt::Key_C, Qt::ControlModifier);
+      EXPECT_EQ(QGuiApplication::clipboard()->text(), "a");
       if (press == closed) {
         box.close();
       } else {

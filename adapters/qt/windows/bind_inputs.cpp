@@ -2,7 +2,6 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QEvent>
 #include <QListWidget>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -60,41 +59,9 @@ RefreshView BindCombo(ListBox& list, QComboBox& combo, const UserAction& act) {
   return ShowList(list, combo);
 }
 
-/// Shades the selected row of a list that does not have the focus: typing there picks another row, so a
-/// person must see where the focus is.
-class FocusShade : public QObject {
- public:
-  explicit FocusShade(QListWidget& view) : QObject(&view), view_(view) {
-    view.installEventFilter(this);
-    Shade(!view.hasFocus());
-  }
-
- protected:
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
-      Shade(event->type() == QEvent::FocusOut);
-    return false;
-  }
-
- private:
-  void Shade(bool on) {
-    QPalette palette;
-    if (on) {
-      for (const auto group : {QPalette::Active, QPalette::Inactive}) {  // a greyed list looks so itself
-        palette.setColor(group, QPalette::Highlight, palette.color(group, QPalette::Mid));
-        palette.setColor(group, QPalette::HighlightedText, palette.color(group, QPalette::Text));
-      }
-    }
-    view_.setPalette(palette);
-  }
-
-  QListWidget& view_;
-};
-
 RefreshView BindListView(ListBox& list, QListWidget& view, const UserAction& act) {
   view.setSelectionMode(QAbstractItemView::SingleSelection);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
-  new FocusShade(view);
   QObject::connect(&view, &QListWidget::itemSelectionChanged, &view, [&list, &view, act] {
     act([&list, &view] {
       if (const int row = SelectedRow(view); row >= 0) list.Select(row);

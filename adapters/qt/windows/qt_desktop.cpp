@@ -20,6 +20,7 @@
 #include "adapters/qt/windows/companion.h"
 #include "adapters/qt/windows/entry.h"
 #include "adapters/qt/windows/form_window.h"
+#include "adapters/qt/windows/style/program_style.h"
 #include "adapters/qt/windows/twips.h"
 #include "platform/form.h"
 
@@ -40,6 +41,7 @@ QtDesktop::QtDesktop(WindowBuilder build)
     : build_(std::move(build)), pump_([this](const Task& task) { EnterLogic(*this, task); }) {
   // A dialog's own native window would make native ones of all children of the main window, its parent.
   QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+  style::UseProgramStyle();
   // The logic decides when the program ends.
   QApplication::setQuitOnLastWindowClosed(false);
   [[maybe_unused]] static const int told = std::atexit(ProcessExits);

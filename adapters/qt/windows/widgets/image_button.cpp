@@ -5,6 +5,8 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "adapters/qt/windows/style/colours.h"
+#include "adapters/qt/windows/style/parts.h"
 #include "adapters/qt/windows/widgets/artwork.h"
 
 namespace kavr6::widgets {
@@ -50,13 +52,11 @@ void ImageButton::PaintTile(QPainter& painter) const {
     fill = Mixed(face, ink, 0.18);
   else if (hovered)
     fill = Mixed(face, palette().color(QPalette::Highlight), 0.22);
-  const QColor edge =
-      hasFocus() ? palette().color(QPalette::Highlight) : Mixed(face, ink, hovered ? 0.5 : 0.3);
-  const double width = hasFocus() ? 2.0 : 1.0;
-  painter.setPen(QPen(edge, width));
+  painter.setPen(style::Outline(palette(), isEnabled()));
   painter.setBrush(fill);
-  const double inset = width / 2;
-  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 6, 6);
+  constexpr double kTileCorner = 6.0;
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kTileCorner, kTileCorner);
+  if (hasFocus()) style::DrawRing(painter, rect(), palette(), kTileCorner);
 }
 
 void ImageButton::paintEvent(QPaintEvent*) {

@@ -1,6 +1,5 @@
 #include "adapters/qt/windows/widgets/picture_button.h"
 
-#include <QPen>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
@@ -33,11 +32,6 @@ void PictureButton::paintEvent(QPaintEvent*) {
   initStyleOption(&option);
   option.text.clear();
   painter.drawControl(QStyle::CE_PushButton, option);
-  if (hasFocus()) {
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);
-  }
   const QRect inside = rect().adjusted(kPadding, kPadding, -kPadding, -kPadding);
   const QRect box(inside.topLeft(), QSize(PictureHeight(), inside.height()));
   if (!isEnabled()) painter.setOpacity(0.35);
