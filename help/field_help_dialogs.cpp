@@ -51,15 +51,6 @@ constexpr FieldMeaning kEditor[] = {
     {"Wizard", "Find gain and phase step by step, with the motor turning."},
 };
 
-constexpr FieldMeaning kModes[] = {
-    {"PulseDirMode", "Pulses at the STEP and DIR inputs move the motor."},
-    {"VelocityMode", "The motor runs at a fixed speed or at one that follows the analog input."},
-    {"VTLmode", "A host computer sends commands in the text language."},
-    {"WyProgram", "The drive is set up for host commands as a Wy drive."},
-    {"ZuProgram", "The drive runs the program that is stored in it."},
-    {"HubProg", "The drive is the hub of a network of several axes."},
-};
-
 constexpr FieldMeaning kPulseSignal[] = {
     {"optPulseDir", "One input takes a pulse for each step, the other the direction."},
     {"optPulsePulse", "One input takes the steps clockwise, the other those counterclockwise."},
@@ -166,7 +157,6 @@ constexpr FieldMeaning kRegen[] = {
 constexpr std::array kWindows{
     WindowMeanings{"MotorDialog", kMotor},
     WindowMeanings{"EditMotor", kEditor},
-    WindowMeanings{"MotionMenu", kModes},
     WindowMeanings{"PulseDirDialog", kPulseSignal},
     WindowMeanings{"PulseDirDialog", kPulseInputs},
     WindowMeanings{"VTLdialog", kHost},

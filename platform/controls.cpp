@@ -42,17 +42,28 @@ void ImageButton::SetPictures(const std::string& up, const std::string& down) {
   Refresh();
 }
 
+bool ChoiceControl::Take(bool value) {
+  if (!Assign(value_, value)) return false;
+  if (picture_ != nullptr) picture_->SetFaded(!value);
+  return true;
+}
+
+void ChoiceControl::IllustrateBy(Picture& picture) {
+  picture_ = &picture;
+  picture.SetFaded(!value_);
+}
+
 OptionButton::OptionButton(Form& form, std::string name, OptionGroup& group)
-    : ClickableControl(form, std::move(name), ControlKind::OptionButton), group_(group) {
+    : ChoiceControl(form, std::move(name), ControlKind::OptionButton), group_(group) {
   group_.members_.push_back(this);
 }
 
 void OptionButton::SetValue(bool value) {
-  if (value_ == value) return;
+  if (Value() == value) return;
   if (value) {
-    for (OptionButton* other : group_.members_) other->Assign(other->value_, false);
+    for (OptionButton* other : group_.members_) other->Take(false);
   }
-  Assign(value_, value);
+  Take(value);
   if (value) Clicked.Raise();
 }
 

@@ -95,9 +95,13 @@ class Button : public ClickableControl {
   void SetCaption(const std::string& caption) { Assign(caption_, caption); }
   /// The default button is clicked by Enter, the cancel button by Esc.
   Role ButtonRole() const { return role_; }
+  /// Why this button stands out among its like, such as "in use"; empty when it does not.
+  const std::string& Mark() const { return mark_; }
+  void SetMark(const std::string& words) { Assign(mark_, words); }
 
  private:
   std::string caption_;
+  std::string mark_;
   Role role_;
 };
 
@@ -148,18 +152,47 @@ class MenuItem : public Control {
   std::string caption_;
 };
 
-class CheckBox : public ClickableControl {
+/// A named picture of the artwork; an empty name shows nothing.
+class Picture : public Control {
  public:
-  CheckBox(Form& form, std::string name) : ClickableControl(form, std::move(name), ControlKind::CheckBox) {}
+  Picture(Form& form, std::string name, std::string image = {})
+      : Control(form, std::move(name), ControlKind::Picture), image_(std::move(image)) {}
+  const std::string& Image() const { return image_; }
+  void SetImage(const std::string& image) { Assign(image_, image); }
+  /// Shown faintly: it belongs to a choice that is not made.
+  bool Faded() const { return faded_; }
+  void SetFaded(bool faded) { Assign(faded_, faded); }
+
+ private:
+  std::string image_;
+  bool faded_ = false;
+};
+
+/// What is set or not set.
+class ChoiceControl : public ClickableControl {
+ public:
+  using ClickableControl::ClickableControl;
   bool Value() const { return value_; }
+  /// The picture is faded from now on while this is not set. It lives as long as the control.
+  void IllustrateBy(Picture& picture);
+
+ protected:
+  bool Take(bool value);
+
+ private:
+  bool value_ = false;
+  Picture* picture_ = nullptr;
+};
+
+class CheckBox : public ChoiceControl {
+ public:
+  CheckBox(Form& form, std::string name) : ChoiceControl(form, std::move(name), ControlKind::CheckBox) {}
   void SetValue(bool value) {
-    if (Assign(value_, value)) Clicked.Raise();
+    if (Take(value)) Clicked.Raise();
   }
 
  private:
-  void TakeClick() override { SetValue(!value_); }
-
-  bool value_ = false;
+  void TakeClick() override { SetValue(!Value()); }
 };
 
 class OptionButton;
@@ -171,11 +204,10 @@ class OptionGroup {
   std::vector<OptionButton*> members_;
 };
 
-class OptionButton : public ClickableControl {
+class OptionButton : public ChoiceControl {
  public:
   OptionButton(Form& form, std::string name, OptionGroup& group);
   const OptionGroup& Group() const { return group_; }
-  bool Value() const { return value_; }
   /// Setting it clears the others of the group without a click of theirs, then raises its own.
   void SetValue(bool value);
 
@@ -183,7 +215,6 @@ class OptionButton : public ClickableControl {
   void TakeClick() override { SetValue(true); }
 
   OptionGroup& group_;
-  bool value_ = false;
 };
 
 /// A list or a drop-down list.
@@ -260,18 +291,6 @@ class Slider : public Control {
 
   SliderRange range_;
   int value_;
-};
-
-/// A named picture of the artwork; an empty name shows nothing.
-class Picture : public Control {
- public:
-  Picture(Form& form, std::string name, std::string image = {})
-      : Control(form, std::move(name), ControlKind::Picture), image_(std::move(image)) {}
-  const std::string& Image() const { return image_; }
-  void SetImage(const std::string& image) { Assign(image_, image); }
-
- private:
-  std::string image_;
 };
 
 class Lamp : public Control {

@@ -96,6 +96,7 @@ void DescribeKind(const Control& control, Properties& found) {
       break;
     case ControlKind::Button:
       found[""] = Quoted(As<Button>(control).Caption());
+      found["mark"] = Quoted(As<Button>(control).Mark());
       break;
     case ControlKind::ImageButton:
       found[""] = As<ImageButton>(control).Picture();
@@ -105,6 +106,7 @@ void DescribeKind(const Control& control, Properties& found) {
       break;
     case ControlKind::Picture:
       found[""] = As<Picture>(control).Image();
+      found["faded"] = YesNo(As<Picture>(control).Faded());
       break;
     case ControlKind::Lamp:
       found[""] = LightOf(As<Lamp>(control).Light());

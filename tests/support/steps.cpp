@@ -68,9 +68,10 @@ void Show(S s, W w) {
   const auto show = [&](const Control& control) {
     std::string line = control.Owner().Name() + "." + control.Name() + ":";
     for (const auto& [property, value] : PropertiesOf(control)) {
-      const bool usual = (property == "tip" && value == Quoted(FieldHelp(control))) ||
-                         (property == "enabled" && value == "yes") ||
-                         (property == "visible" && value == "yes");
+      const bool usual =
+          (property == "tip" && value == Quoted(FieldHelp(control))) ||
+          (property == "enabled" && value == "yes") || (property == "visible" && value == "yes") ||
+          (property == "mark" && value == Quoted("")) || (property == "faded" && value == "no");
       if (!usual) line += " " + property + (property.empty() ? "" : " ") + value + ",";
     }
     line.pop_back();

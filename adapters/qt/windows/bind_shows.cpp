@@ -110,6 +110,7 @@ RefreshView BindPicture(Control& control, QObject& target, const UserAction& /*a
   if (view == nullptr) return {};
   return [&picture = static_cast<const Picture&>(control), view] {
     view->setImage(kavr6::ToQt(picture.Image()));
+    view->setFaded(picture.Faded());
   };
 }
 

@@ -170,15 +170,6 @@ void FormWindow::TakePlace() {
   }
 }
 
-// A window that follows its contents must not grow out of the screen.
-void FormWindow::KeepOnScreen() {
-  const QLayout* const layout = window_->layout();
-  if (layout == nullptr || layout->sizeConstraint() != QLayout::SetFixedSize || !window_->isVisible()) return;
-  const QRect screen = window_->screen()->availableGeometry();
-  const int below = window_->frameGeometry().bottom() - screen.bottom();
-  if (below > 0) window_->move(window_->x(), std::max(window_->y() - below, screen.top()));
-}
-
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == window_) return WindowEvent(*event);
   if (event->type() != QEvent::KeyPress) return false;
@@ -196,7 +187,6 @@ bool FormWindow::WindowEvent(QEvent& event) {
       activated_();
       return false;
     case QEvent::Resize:
-      KeepOnScreen();
       TakePlace();
       return false;
     case QEvent::Move:

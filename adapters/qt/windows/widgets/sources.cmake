@@ -13,6 +13,7 @@ set(WIDGET_SOURCES
     widgets/image_button.cpp
     widgets/lamp.cpp
     widgets/large_label.cpp
+    widgets/mark_button.cpp
     widgets/page_area.cpp
     widgets/page_browser.cpp
     widgets/page_pictures.cpp
