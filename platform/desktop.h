@@ -9,6 +9,7 @@
 #include "platform/event_pump.h"
 #include "platform/file_dialog.h"
 #include "platform/message_box.h"
+#include "platform/program_version.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
@@ -19,12 +20,6 @@ class Form;
 struct TwipSize {
   int width = 0;
   int height = 0;
-};
-
-struct ProgramVersion {
-  int major = 0;
-  int minor = 0;
-  int revision = 0;
 };
 
 /// Windows, boxes, the event pump and the end of the process.

@@ -1,61 +1,11 @@
 #include "reports/printed_report.h"
 
-#include <algorithm>
-#include <array>
 #include <filesystem>
-
-#include "core/analog_ranges.h"
-#include "core/drive_models.h"
-#include "core/io_modes.h"
-#include "core/numbers.h"
-#include "core/serial_protocol.h"
-#include "motor/motor_row.h"
-#include "platform/runtime_error.h"
 
 namespace kavr6 {
 namespace {
 
-constexpr const char* kTitle = "KAVR6 Configurator Setup";
-constexpr const char* kFontName = "Arial";
-constexpr int kFontPoints = 9;
-constexpr std::size_t kDashes = 56;
 constexpr int kFlags = kPrintNoSelection | kPrintNoPageRange | kPrintNoFile;
-
-// Columns.
-constexpr int kLeft = 2;
-constexpr int kIndented = 4;
-constexpr int kDeep = 6;
-
-/// In the order of the report, which is not that of the grid.
-constexpr std::array kIoOrder{&Settings::EnableMode, &Settings::AlarmResetMode, &Settings::AlarmOutMode,
-                              &Settings::BrakeMode,  &Settings::MotionOutMode,  &Settings::LimitMode};
-
-/// The code of the first character of a text. RuntimeError without one.
-struct CharacterCode {
-  const std::string& text;
-};
-
-std::string Printed(std::string_view text) { return std::string(text); }
-
-std::string PrintForm(const std::string& number) {
-  return (number.starts_with('-') ? "" : " ") + number + " ";
-}
-std::string Printed(double number) { return PrintForm(ShownNumber(number)); }
-std::string Printed(Long number) { return PrintForm(NumberText(number)); }
-std::string Printed(CharacterCode of) {
-  const std::string codes = CharacterCodes(of.text);
-  if (codes.empty()) RaiseInvalidCall();
-  return Printed(Long{static_cast<unsigned char>(codes[0])});
-}
-
-template <class Step>
-void Try(const Step& step) {
-  try {
-    step();
-  } catch (const RuntimeError&) {
-    // Printing never tells an error.
-  }
-}
 
 std::string FileNameOf(const DriveState& state) {
   const std::string& path = state.TitleName;
@@ -64,57 +14,23 @@ std::string FileNameOf(const DriveState& state) {
   return name.empty() ? "untitled" : std::string(name.begin(), name.end());
 }
 
-std::string ModelName(int index) {
-  const bool known = index >= 0 && index < static_cast<int>(kDriveModels.size());
-  return known ? std::string(kDriveModels[static_cast<std::size_t>(index)].name) : std::string();
-}
-
-std::string BitRateText(Long code) {
-  const bool known = code >= 1 && code <= Long{kBitRates.size()};
-  return std::to_string(kBitRates[known ? static_cast<std::size_t>(code - 1) : 0]);
-}
-
-/// Empty where the report has no line for the mode.
-std::string IoText(const IoFunction& function, Long mode) {
-  if (function.mode == &Settings::MotionOutMode && mode >= kFirstTach && mode <= kLastTach)
-    return "Motion Output: tach, " +
-           std::to_string(kTachPulses[static_cast<std::size_t>(mode - kFirstTach)]) + " pulses/rev.";
-  const bool known = mode >= 1 && mode <= kNotUsed;
-  const Long shown = known ? mode : function.reportedOther;
-  return shown == 0 ? std::string() : std::string(function.reported[static_cast<std::size_t>(shown - 1)]);
-}
-
-std::string WithTimes(std::string text, std::initializer_list<Long> times) {
-  for (const Long time : times)
-    if (const std::size_t place = text.find('#'); place != std::string::npos)
-      text.replace(place, 1, Printed(time));
-  return text;
-}
-
 }  // namespace
-
-PrintedReport::PrintedReport(const PrintedReportParts& parts) : p_(parts), s_(parts.settings) {}
-
-template <class... Items>
-void PrintedReport::Line(int column, const Items&... items) {
-  Try([&] { p_.job.PrintLine(column, (Printed(items) + ...)); });
-}
 
 void PrintedReport::MenuPrint() {
   p_.dialog.CancelError = true;
   p_.dialog.Flags = kFlags;
   SetMargins();
   bool chosen = false;
-  Try([&] { chosen = p_.desk.RunDialog([this] { return p_.job.AskForPrinter(p_.dialog.Flags); }); });
+  TryToPrint([&] { chosen = p_.desk.RunDialog([this] { return p_.job.AskForPrinter(p_.dialog.Flags); }); });
   if (!chosen) return;
-  PrintDocument();
-  Try([this] { p_.job.EndDoc(); });
+  ReportLines(p_.source, p_.job).Print();
+  TryToPrint([this] { p_.job.EndDoc(); });
 }
 
 void PrintedReport::MenuPreview() {
   SetMargins();
-  PrintDocument();
-  Try([this] {
+  ReportLines(p_.source, p_.job).Print();
+  TryToPrint([this] {
     p_.desk.RunDialog([this] {
       p_.job.ShowPreview(kFlags);
       return true;
@@ -123,153 +39,10 @@ void PrintedReport::MenuPreview() {
 }
 
 void PrintedReport::SetMargins() {
-  const std::string remark = p_.state.Modified ? " (changed)" : "";
-  Try([&] { p_.job.SetMargins({.title = kTitle, .file = FileNameOf(p_.state), .remark = remark}); });
-}
-
-void PrintedReport::PrintDocument() {
-  Try([this] { p_.job.SetFont({kFontName, kFontPoints, true}); });
-  Line(kLeft, kTitle);
-  Try([this] { p_.job.SetFont({kFontName, kFontPoints, false}); });
-  Try([this] { p_.job.BlankLine(); });
-  Line(kLeft, "Velmar Drives, Inc.  (800) 555-0100");
-  Line(kLeft, "Fax (800) 555-0199");
-  Line(kLeft, "Configurator Software Version: ", p_.state.AppVersion);
-  Line(kLeft, "Drive Firmware Version: ", p_.state.DriveVersion.Get());
-  PrintData();
-  Line(kLeft, "Comm port", Long{p_.state.CommIndex + 1});
-}
-
-void PrintedReport::PrintData() {
-  Line(kLeft, "Drive: ", ModelName(p_.state.ModelIndex));
-  Try([this] { p_.job.BlankLine(); });
-  Line(kLeft, "Max accel rate: ", s_.MaxAccel, " rev/sec/sec, Max speed: ", s_.MaxSpeed, " rev/sec");
-  PrintMode();
-  Line(kLeft, "Run current:  ", s_.RunCurrent, " A, Idle current:  ", s_.IdlePercent, "%, after ",
-       s_.IdleDelay, " sec delay.");
-  PrintStall();
-  PrintIo();
-  PrintFilters();
-  Line(kLeft, "Motor:");
-  Try([this] { PrintMotor(); });
-  PrintLoad();
-}
-
-void PrintedReport::PrintMode() {
-  if (s_.OpMode == kOpPulseOrVelocity) {
-    if (s_.ControlMode == kControlPulse) PrintPulses();
-    if (s_.ControlMode == kControlVelocity) PrintVelocity();
-  } else if (s_.OpMode == kOpVtl || s_.OpMode == kOpWyProgram) {
-    PrintAddress();
-  } else if (const OperatingMode* const mode = RowOfCode(kOperatingModes, s_.OpMode)) {
-    Line(kLeft, mode->reported);
-  }
-}
-
-void PrintedReport::PrintAddress() {
-  // No blank stands before the rate, and the list of protocols is headed by a comma even where it is empty.
-  Line(kLeft, RowOfCode(kOperatingModes, s_.OpMode)->reported, s_.RS485Addr, "(ascii ",
-       CharacterCode{s_.RS485Addr}, "), TXDelay = ", s_.TxDelay, " ms, bit rate",
-       BitRateText(s_.BitRateCode));
-  Line(kIndented, ", Special Protocols: ");
-  for (const ProtocolBit& bit : kProtocolBits)
-    if ((s_.ProtocolFlags & bit.code) != 0) Line(kDeep, bit.reported);
-  PrintStepsPerRev();
-  Line(kLeft, "Power up control mode = ", s_.PowerUpMode);
-}
-
-void PrintedReport::PrintPulses() {
-  Line(kLeft, "Pulse positioning mode:");
-  const bool quadrature = s_.PulseType != kPulseAndDirection && s_.PulseType != kCwCcwPulse;
-  const Long kind = quadrature ? kQuadrature : s_.PulseType;
-  std::string_view sense;
-  if (quadrature)
-    sense =
-        s_.DirIsCW ? " (motor moves clockwise when B leads A)" : " (motor moves clockwise when A leads B)";
-  Line(kIndented, kPulseKinds[static_cast<std::size_t>(kind)].reported, sense);
-  PrintStepsPerRev();
-}
-
-void PrintedReport::PrintVelocity() {
-  Line(kLeft, "Velocity/oscillator mode:");
-  if (s_.RunStop) Line(kIndented, "Run when X1/Step input closed");
-  Line(kIndented, "Speed = ", s_.Speed, "rps, Accel = ", s_.Accel, "rev/s/s, decel = ", s_.Decel, " rev/s/s");
-  if (s_.TwoSpeeds) Line(kIndented, "When X5 closed, change speed to ", s_.Speed2, " rev/sec");
-  if (s_.AnalogVelocity) PrintAnalogInput();
-  PrintStepsPerRev();
-}
-
-void PrintedReport::PrintAnalogInput() {
-  Line(kIndented, "Speed proportional to analog input. ", s_.CmdScale,
-       "rev/sec at +10V.  Offset = ", s_.CmdOffset, "mV");
-  Line(kDeep, AnalogRangeOf(s_.AnalogRange).reported);
-  Line(kDeep, "Deadband = ", s_.AnalogDeadband, " mV");
-}
-
-void PrintedReport::PrintStepsPerRev() { Line(kIndented, "Steps/rev:  ", s_.StepsPerRev); }
-
-void PrintedReport::Dashes() { Line(kLeft, std::string(kDashes, '-')); }
-
-void PrintedReport::PrintStall() {
-  if (!s_.StallDetect && !s_.StallPrevent) return;
-  Dashes();
-  if (s_.StallDetect) {
-    Line(kLeft, "Stall detection:  fault drive if motor stalls");
-    PrintEncoder();
-  } else {
-    Line(kLeft, "Auto adjust move parameters if torque utilization exceeds ", s_.MaxTorquePct, "%");
-    PrintEncoder();
-    if (s_.StallFaultOn)
-      Line(kLeft, "  If motor stalls for more than ", s_.StallFaultMs, " msec, fault the drive");
-  }
-  Dashes();
-}
-
-void PrintedReport::PrintEncoder() {
-  Line(kLeft, "  Encoder resolution:  ", s_.EncoderCounts, " counts/rev");
-  // Whatever EncoderCW says.
-  Line(kLeft, ", A leads B when motor turns ccw");
-}
-
-void PrintedReport::PrintIo() {
-  Line(kLeft, "I/O:");
-  for (Long Settings::*const mode : kIoOrder) {
-    const IoFunction& function = *std::ranges::find(kIoFunctions, mode, &IoFunction::mode);
-    const std::string text = IoText(function, s_.*mode);
-    if (!text.empty()) Line(kIndented, WithTimes(text, {s_.BrakeDelay, s_.BrakeEngage}));
-  }
-}
-
-void PrintedReport::PrintFilters() {
-  Dashes();
-  Line(kLeft, "Analog input filter: ", s_.AnalogFilter, "Hz");
-  Line(kLeft, "Step input filter: ", s_.StepFilterFreq, "Hz");
-  Line(kLeft, "Input Noise filter: ", s_.NoiseFilter, "kHz");
-  Line(kLeft, "Regeneration resistor: ", s_.RegenOhms, " ohms, ", s_.RegenWatts, " watts, peak duration ",
-       s_.RegenSecs, " sec");
-  Dashes();
-}
-
-void PrintedReport::PrintMotor() {
-  const MotorRecord motor = s_.CustomMotor ? static_cast<const MotorRecord&>(s_) : RecordOf(p_.table.Row());
-  Line(kIndented, "Part number: ", motor.MotorName);
-  Line(kIndented, "Rated current:", motor.RatedCurrent, "A, rated torque:", motor.RatedTorque,
-       TorqueUnitName(motor.TorqueUnit), ", rotor inertia: ", motor.RotorInertia,
-       InertiaUnitName(motor.InertiaUnit));
-  Line(kIndented, "Smoothness gain: ", motor.HarmonicGain, ", smoothness phase: ", motor.HarmonicPhase);
-  Line(kIndented, "Max lead angle: ", motor.LeadAngleDeg, "deg, at ", motor.LeadAngleRps, " rps");
-  Line(kIndented, "Max voltage: ", motor.MaxVoltsPct, "%");
-}
-
-void PrintedReport::PrintLoad() {
-  if (s_.InertiaIsRatio) {
-    Try([this] { Line(kLeft, "Load inertia: ", FormatNumber(s_.InertiaRatio, "0.00"), "X motor inertia."); });
-  } else {
-    // The number is in kg m2 whatever unit is named: so it has always been printed.
-    Line(kLeft, "Load inertia:", s_.LoadInertia, InertiaUnitName(s_.LoadInertiaUnit));
-  }
-  Line(kLeft, s_.SmoothingOn ? "Waveform smoothing on." : "Waveform smoothing off.");
-  Line(kLeft, s_.DampingOn ? "Electronic damping on." : "Electronic damping off.");
+  const std::string remark = p_.source.state.Modified ? " (changed)" : "";
+  TryToPrint([&] {
+    p_.job.SetMargins({.title = kReportTitle, .file = FileNameOf(p_.source.state), .remark = remark});
+  });
 }
 
 }  // namespace kavr6

@@ -22,7 +22,7 @@ Configurator::Configurator(const Machine& machine)
                state,
                settings,
                motorTable}),
-      report({machine.desktop, machine.print, Files.SaveFile, state, settings, motorTable}),
+      report({machine.desktop, machine.print, Files.SaveFile, {state, settings, motorTable}}),
       MotorSetup(Setup(), motorTable, limits),
       CustomMotorSetup(Setup(), MotorSetup),
       PulseDirSetup(Setup()),

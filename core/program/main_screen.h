@@ -73,7 +73,4 @@ class MainScreen : public Form {
   MenuItem MenuAbout{*this, "MenuAbout", "About"};
 };
 
-/// "1.0", or "1.0.3" when the revision is not 0.
-std::string VersionText(const ProgramVersion& version);
-
 }  // namespace kavr6

@@ -57,6 +57,15 @@ TEST_F(Pages, FollowLinksAndGoBackToWhereTheReaderWas) {
   EXPECT_EQ(form.pages.Address(), base + "contact us.html");
 }
 
+TEST_F(Pages, AreLaidOutForOneWidthHoweverLongTheyAre) {
+  Write("short.html", "<p>x</p>");
+  Write("long.html", QString("<p>x</p>").repeated(200));
+  form.pages.Navigate(base + "short.html");
+  const int width = window.pages->viewport()->width();
+  form.pages.Navigate(base + "long.html");
+  EXPECT_EQ(window.pages->viewport()->width(), width) << "the page has been laid out twice";
+}
+
 TEST_F(Pages, SayWhatIsWrongWithThem) {
   Write("good.html", "<p><a name=\"here\"></a>good</p>");
   WriteAll("torn.html", "<html><body><p>begin</p>\n<p>tor");

@@ -80,6 +80,7 @@ std::string DeviceForPort(int number, const fs::path& links, const std::vector<s
 }
 
 std::string PortNames::Device(int number) const {
+  if (number == chosen_.first) return chosen_.second;
 #ifdef Q_OS_WIN
   const auto& ports = SystemPorts();
   return std::find(ports.begin(), ports.end(), ComName(number)) != ports.end() ? ComName(number) : "";

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kavr6 {
@@ -24,11 +25,14 @@ class PortNames {
   /// The device for port `number` (1 to 8), empty without one. On Windows the port of that name, and no
   /// links.
   std::string Device(int number) const;
+  /// From now on this device stands behind that number.
+  void Use(int number, const std::string& device) { chosen_ = {number, device}; }
 
  private:
   const std::vector<std::string>& SystemPorts() const;
 
   std::filesystem::path links_;
+  std::pair<int, std::string> chosen_;
   mutable std::vector<std::string> systemPorts_;
   mutable std::filesystem::file_time_type listed_{};
 };

@@ -24,6 +24,8 @@ class SerialComm : public MSComm {
   /// the end of a process that runs no destructors; the object is of no use afterwards.
   void Release();
 
+  /// From now on this device stands behind that port number.
+  void UseDevice(int number, const std::string& device) { names_.Use(number, device); }
   std::string DeviceName(int number) const override { return names_.Device(number); }
 
  protected:

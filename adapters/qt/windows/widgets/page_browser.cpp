@@ -36,6 +36,8 @@ QColor LinkColour(const QPalette& palette) {
 PageBrowser::PageBrowser(QWidget* parent) : QTextBrowser(parent), pictures_(new PagePictures(*this)) {
   setOpenLinks(false);
   document()->setDocumentMargin(kMargin);
+  // One that comes and goes changes the width: each page would be laid out twice.
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   addKeys();
 }
 

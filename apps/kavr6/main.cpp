@@ -1,0 +1,77 @@
+// Settings of a drive from the command line: the logic of the configurator without its windows.
+#include <QCoreApplication>
+#include <QVersionNumber>
+#include <clocale>
+#include <csignal>
+#include <filesystem>
+#include <iostream>
+#include <span>
+
+#include "adapters/qt/base/end_signals.h"
+#include "adapters/qt/base/file_store.h"
+#include "adapters/qt/base/qt_event_pump.h"
+#include "adapters/qt/serial/serial_comm.h"
+#include "adapters/sqlite/sqlite_table.h"
+#include "command_line/commands.h"
+
+namespace kavr6 {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kInterrupted = 130;  // as a shell tells of it
+
+/// Tells how things stand when somebody interrupts the program, lets the port go and ends it.
+[[noreturn]] void End(SerialComm& comm, DriveSession* session) {
+  if (session != nullptr) session->boxes.Tell("Interrupted.  " + session->Interruption);
+  comm.Release();
+  std::_Exit(kInterrupted);
+}
+
+int Run(const CommandOptions& options, const fs::path& directory) {
+  QtEventPump pump;
+  SerialComm comm(pump, directory / "ports");
+  SqliteTable motors;
+  DiskFiles files;
+  DriveSession* session = nullptr;
+  const EndSignals endSignals([&] { End(comm, session); });
+  const QVersionNumber version = QVersionNumber::fromString(KAVR6_VERSION);
+  const CommandMachine machine{
+      pump,
+      comm,
+      motors,
+      files,
+      std::cout,
+      std::cerr,
+      directory,
+      {version.majorVersion(), version.minorVersion(), version.microVersion()},
+      [&comm](int number, const std::string& device) { comm.UseDevice(number, device); }};
+  const ExitCode code = RunCommand(machine, options, [&session](DriveSession* now) { session = now; });
+  comm.Release();
+  return static_cast<int>(code);
+}
+
+}  // namespace
+}  // namespace kavr6
+
+int main(int argc, char** argv) {
+  using namespace kavr6;
+  std::signal(SIGPIPE, SIG_IGN);  // an output that has been closed is told as an error
+  const std::vector<std::string> words(argv + 1, argv + argc);
+  CommandOptions options;
+  try {
+    options = ParseCommandLine(words);
+  } catch (const UsageError& error) {
+    std::cerr << "kavr6: " << error.what() << "; see kavr6 --help\n";
+    return static_cast<int>(ExitCode::BadUse);
+  }
+  if (options.help || options.version) {
+    std::cout << (options.help ? CommandHelp() : std::string("kavr6 ") + KAVR6_VERSION + "\n") << std::flush;
+    if (std::cout) return 0;
+    ConsoleBoxes(std::cerr).Tell("This cannot be printed");
+    return static_cast<int>(ExitCode::BadFile);
+  }
+  QCoreApplication application(argc, argv);
+  std::setlocale(LC_NUMERIC, "C");
+  return Run(options, QCoreApplication::applicationDirPath().toStdU16String());
+}
