@@ -42,9 +42,9 @@ class IOdialog : public SetupDialog {
   TextBox txtBrakeDelay{*this, "txtBrakeDelay"};    ///< ms
   TextBox txtBrakeEngage{*this, "txtBrakeEngage"};  ///< ms
   MotionOutput MotionOut{*this};
-  ListBox ListLimits{*this, "ListLimits"};  ///< the row is LimitMode - 1
+  ListBox ListLimits{*this, "ListLimits"};                ///< the row is LimitMode - 1
   Picture picLimits{*this, "picLimits", "LimitsClosed"};  ///< follows ListLimits
-  TextBox txtMaxAccel{*this, "txtMaxAccel"};  ///< rev/s/s
+  TextBox txtMaxAccel{*this, "txtMaxAccel"};              ///< rev/s/s
   Button Wiring{*this, "Wiring", "Wiring"};
 
   /// To be set before the dialog is loaded. Without it the history button is greyed.

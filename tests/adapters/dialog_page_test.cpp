@@ -93,6 +93,15 @@ TEST_F(DialogPages, LargeDialogScrollsInASmallWindowAndKeepsItsButtons) {
   EXPECT_GT(window->findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0);
 }
 
+TEST_F(DialogPages, TextInSeveralLinesIsShownWithoutScrolling) {
+  LookAt(program.Commands.BRcodes);
+  for (const int width : {200, 290, 320}) {
+    window->resize(width, window->layout()->totalHeightForWidth(width));
+    QTest::qWait(20);
+    EXPECT_EQ(window->findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0) << width;
+  }
+}
+
 TEST_F(DialogPages, ArrowsGoAsTheEyeDoesAndPassWhatIsGreyed) {
   LookAt(program.ModeMenu);
   program.ModeMenu.ZuProgram.SetEnabled(false);

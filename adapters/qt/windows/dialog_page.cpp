@@ -25,9 +25,8 @@ constexpr double kHeadingTimes = 1.25;
 constexpr double kMostGrowth = 1.25;  // of a window that larger would only be emptier
 constexpr int kAlignedColumns = 3;
 
-bool IsButtonRow(const QLayoutItem& item) {
-  return const_cast<QLayoutItem&>(item).layout() != nullptr &&
-         const_cast<QLayoutItem&>(item).layout()->objectName() == "buttonRow";
+bool IsButtonRow(QLayoutItem& item) {
+  return item.layout() != nullptr && item.layout()->objectName() == "buttonRow";
 }
 
 /// Moves the item, whatever it is.
@@ -83,8 +82,8 @@ DialogPage::DialogPage(QDialog& dialog)
       designed_(dialog.testAttribute(Qt::WA_Resized) ? dialog.size() : QSize()) {
   auto* const column = qobject_cast<QBoxLayout*>(dialog.layout());
   if (column == nullptr) return;
-  NoteGaps();
   PutIntoArea(*column);
+  NoteGaps();
   AddHeading(*column);
   SettleMeasures();
   dialog.installEventFilter(this);
@@ -160,26 +159,29 @@ void DialogPage::SettleMeasures() {
   AlignColumns(dialog_);
 }
 
-// A window with room for its contents keeps it; one as large as they were becomes as large as they are.
+// A window as large as its contents were becomes as large as they are. One that the user has made smaller
+// stays so; one that is larger only grows.
 void DialogPage::FollowContents() {
   QSize wanted = dialog_.layout()->totalSizeHint().expandedTo(designed_);
   // Texts in several lines need the more height the narrower they are.
   wanted.setHeight(std::max(wanted.height(), dialog_.layout()->totalHeightForWidth(wanted.width())));
   if (wanted == wanted_) return;
   const QSize before = std::exchange(wanted_, wanted);
+  const QSize now = dialog_.size();  // a most size that is smaller changes it
   const QString grows = dialog_.property("grows").toString();
   const QSize most = (QSizeF(wanted) * kMostGrowth).toSize();
   dialog_.setMaximumSize(grows == "both" ? QWIDGETSIZE_MAX : most.width(),
                          grows.isEmpty() ? most.height() : QWIDGETSIZE_MAX);
   if (before.isEmpty() || dialog_.isMaximized()) return;
-  const auto side = [&](int now, int was, int becomes) {
-    return now <= was && grows.isEmpty() ? becomes : std::max(now, becomes);
-  };
   const QRect screen = dialog_.screen()->availableGeometry();
-  const QSize around = dialog_.frameGeometry().size() - dialog_.size();
-  dialog_.resize(QSize(side(dialog_.width(), before.width(), wanted.width()),
-                       side(dialog_.height(), before.height(), wanted.height()))
-                     .boundedTo(screen.size() - around));
+  const QSize room = screen.size() - (dialog_.frameGeometry().size() - dialog_.size());
+  const int slack = 2 * dialog_.fontMetrics().height();  // the screen may have held the window back
+  const auto side = [&](int is, int was, int becomes, int end) {
+    if (is < std::min(was, end) - slack) return is;
+    return is <= was && grows.isEmpty() ? std::min(becomes, end) : std::max(is, std::min(becomes, end));
+  };
+  dialog_.resize(side(now.width(), before.width(), wanted.width(), room.width()),
+                 side(now.height(), before.height(), wanted.height(), room.height()));
   const int below = dialog_.frameGeometry().bottom() - screen.bottom();
   if (below > 0 && dialog_.isVisible())
     dialog_.move(dialog_.x(), std::max(dialog_.y() - below, screen.top()));
