@@ -96,6 +96,9 @@ TEST_F(DialogPages, LargeDialogScrollsInASmallWindowAndKeepsItsButtons) {
 TEST_F(DialogPages, TextInSeveralLinesIsShownWithoutScrolling) {
   LookAt(program.Commands.BRcodes);
   for (const int width : {200, 290, 320}) {
+    window->resize(width, 120);
+    QTest::qWait(20);
+    EXPECT_GT(window->findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0) << width;
     window->resize(width, window->layout()->totalHeightForWidth(width));
     QTest::qWait(20);
     EXPECT_EQ(window->findChild<QScrollArea*>()->verticalScrollBar()->maximum(), 0) << width;

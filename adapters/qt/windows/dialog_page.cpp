@@ -33,7 +33,7 @@ bool IsButtonRow(QLayoutItem& item) {
 void Add(QBoxLayout& column, std::unique_ptr<QLayoutItem> item, int stretch) {
   const Qt::Alignment alignment = item->alignment();
   if (QLayout* const layout = item->layout()) {
-    item.release();  // is the layout itself
+    static_cast<void>(item.release());  // is the layout itself
     column.addLayout(layout, stretch);
   } else if (QWidget* const widget = item->widget()) {
     column.addWidget(widget, stretch, alignment);

@@ -55,8 +55,24 @@ void PageArea::SettlePage() const {
 
 // The page's contents have changed, and with them what this area wants.
 bool PageArea::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+  if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+    updateGeometry();
+    SettleBar();
+  }
   return QScrollArea::eventFilter(watched, event);
+}
+
+void PageArea::resizeEvent(QResizeEvent* event) {
+  SettleBar();
+  QScrollArea::resizeEvent(event);
+}
+
+// A bar that has once come would stay by itself: it makes texts narrower, and so higher than there is room
+// for.
+void PageArea::SettleBar() {
+  const QSize room = maximumViewportSize();
+  const bool fits = hasHeightForWidth() && heightForWidth(room.width()) <= room.height();
+  setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
 }
 
 }  // namespace kavr6::widgets

@@ -18,10 +18,12 @@ class PageArea : public QScrollArea {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QSize Room() const;
   void SettlePage() const;
+  void SettleBar();
 };
 
 }  // namespace kavr6::widgets
