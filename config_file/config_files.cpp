@@ -1,5 +1,7 @@
 #include "config_file/config_files.h"
 
+#include <filesystem>
+
 #include "config_file/settings_file.h"
 #include "core/drive_models.h"
 #include "core/numbers.h"
@@ -11,6 +13,12 @@ namespace {
 void CheckRow(int row, int count, const std::string& what) {
   if (row < -1 || row >= count)
     throw RuntimeError(380, "there is no " + what + " with the index " + std::to_string(row));
+}
+
+std::string NameOf(const std::string& path) {
+  const std::u8string name =
+      std::filesystem::path(std::u8string(path.begin(), path.end())).filename().u8string();
+  return {name.begin(), name.end()};
 }
 
 }  // namespace
@@ -44,10 +52,32 @@ void ConfigFiles::MenuSaveAs() { DoSaveAs(); }
 
 std::optional<std::string> ConfigFiles::WriteFile(const std::string& name) {
   try {
-    p_.files.Replace(name, FileText());
+    const std::string text = FileText();
+    p_.files.Replace(name, text);
+    written_ = text;
     return std::nullopt;
   } catch (const RuntimeError& error) {
     return std::string("Error saving file: ") + error.what();
+  }
+}
+
+std::optional<std::string> ConfigFiles::FileNow() const {
+  try {
+    return p_.files.Read(p_.state.FileName);
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
+}
+
+InFile ConfigFiles::LookAtFile() const {
+  if (p_.state.FileName.empty()) return InFile::NoFile;
+  const std::optional<std::string> content = FileNow();
+  if (!content) return InFile::Unknown;
+  if (known_ && content != known_) return InFile::Foreign;
+  try {
+    return FileText() == content ? InFile::Yes : InFile::No;
+  } catch (const RuntimeError&) {
+    return InFile::No;  // it could not even be written
   }
 }
 
@@ -59,18 +89,45 @@ bool ConfigFiles::MayReplaceUnread() {
                "replace the file?",
        .icon = BoxIcon::Question,
        .title = "Save",
-       .buttons = BoxButtons::OkCancel});
+       .buttons = BoxButtons::OkCancel,
+       .careful = true});
   return answer == BoxAnswer::Ok;
 }
 
-void ConfigFiles::DoSave() {
-  if (!MayReplaceUnread()) return;
-  if (const auto error = WriteFile(p_.state.FileName)) {
-    p_.desk.Ask({.text = *error});
-    return;
-  }
-  unread_.clear();
+bool ConfigFiles::MayReplaceForeign() {
+  const std::optional<std::string> content = FileNow();
+  if (!content || !known_ || content == known_) return true;
+  const BoxAnswer answer = p_.desk.Ask(
+      {.text = "Another program has changed this file since it was opened or saved here:\n\n" +
+               p_.state.FileName +
+               "\n\nSaving replaces it by the settings as they stand on the screen.  Do you really want to "
+               "replace the file?",
+       .icon = BoxIcon::Question,
+       .title = "Save",
+       .buttons = BoxButtons::OkCancel,
+       .careful = true});
+  return answer == BoxAnswer::Ok;
+}
+
+void ConfigFiles::Saved(const std::string& name) {
+  known_ = written_;
+  ++fileRevision_;
+  if (name == unread_) unread_.clear();
+  p_.state.FileName = name;
   p_.state.Modified = false;
+  p_.state.Happened.Tell("Saved " + NameOf(name));
+}
+
+void ConfigFiles::NotSaved(const std::string& name, const std::string& error) {
+  p_.state.Happened.Tell("Not saved: " + NameOf(name));
+  p_.desk.Ask({.text = error});
+}
+
+void ConfigFiles::DoSave() {
+  if (!MayReplaceForeign() || !MayReplaceUnread()) return;
+  const std::string name = p_.state.FileName;
+  const auto error = WriteFile(name);
+  error ? NotSaved(name, *error) : Saved(name);
 }
 
 void ConfigFiles::DoSaveAs() {
@@ -78,13 +135,7 @@ void ConfigFiles::DoSaveAs() {
   if (name.empty()) return;
   const auto error = WriteFile(name);
   p_.state.TitleName = name;  // also after an error
-  if (error) {
-    p_.desk.Ask({.text = *error});
-    return;
-  }
-  if (name == unread_) unread_.clear();
-  p_.state.FileName = name;
-  p_.state.Modified = false;
+  error ? NotSaved(name, *error) : Saved(name);
 }
 
 void ConfigFiles::RescueSettings() {
@@ -97,23 +148,36 @@ void ConfigFiles::RescueSettings() {
   }
 }
 
+bool ConfigFiles::MayReplaceChanges() {
+  if (!p_.state.Modified) return true;
+  const BoxAnswer answer = p_.desk.Ask(
+      {.text = "You have made changes without Saving or Downloading.  Do you really want to open a file and "
+               "replace your program?",
+       .icon = BoxIcon::Question,
+       .title = "Open",
+       .buttons = BoxButtons::OkCancel,
+        .careful = true});
+  return answer == BoxAnswer::Ok;
+}
+
 void ConfigFiles::MenuOpen() {
-  if (p_.state.Modified) {
-    const BoxAnswer answer = p_.desk.Ask(
-        {.text =
-             "You have made changes without Saving or Downloading.  Do you really want to open a file and "
-             "replace your program?",
-         .icon = BoxIcon::Question,
-         .title = "Open",
-         .buttons = BoxButtons::OkCancel});
-    if (answer != BoxAnswer::Ok) return;
-  }
+  if (!MayReplaceChanges()) return;
   const std::string name = ChooseFile(FileDialog::Purpose::Open);
-  if (name.empty()) return;
+  if (!name.empty()) OpenFile(name);
+}
+
+void ConfigFiles::OpenChosen(const std::string& name) {
+  if (!MayReplaceChanges()) return;
+  SaveFile.InitDir = FolderOf(name);
+  OpenFile(name);
+}
+
+void ConfigFiles::OpenFile(const std::string& name) {
   std::string content;
   try {
     content = p_.files.Read(name);
   } catch (const RuntimeError&) {
+    p_.state.Happened.Tell("Could not open " + NameOf(name));
     p_.desk.Ask({.text = "Error: could not open file."});
     return;
   }
@@ -132,6 +196,9 @@ void ConfigFiles::MenuOpen() {
   p_.state.InertiaSet = true;
   p_.state.TitleName = name;
   p_.state.FileName = name;
+  known_ = content;
+  ++fileRevision_;
+  p_.state.Happened.Tell("Opened " + NameOf(name), name == unread_ ? ", only in part" : "");
 }
 
 void ConfigFiles::ReadData(const std::string& content) {

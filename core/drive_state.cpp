@@ -10,6 +10,12 @@ constexpr char kDelete = 0x7F;
 
 }  // namespace
 
+void DriveState::SelectModelOfDrive(int index) {
+  if (ModelIndex == index) return;
+  ModelIndex = index;
+  Drive.ListMoved(true);
+}
+
 float RevisionOf(int revisionByte) { return static_cast<float>(revisionByte / 100.0 + 1.0); }
 
 std::string ShownRevision(float revision, const std::string& letter) {

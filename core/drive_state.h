@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "core/drive_record.h"
+#include "core/news.h"
 #include "core/settings.h"
 #include "platform/watched.h"
 
@@ -41,6 +43,12 @@ struct DriveState {
 
   std::string AppVersion;  ///< "1.0", or "1.0.3" when the revision is not 0
   std::string HelpDir;     ///< with its closing separator
+
+  News Happened;                ///< what happened last
+  DriveRecord Drive{Happened};  ///< what is known of the drive; the values above are what it said last
+
+  /// The drive has told its model, by its index: the list of models follows.
+  void SelectModelOfDrive(int index);
 };
 
 /// The revision of a drive from its revision byte.

@@ -53,9 +53,11 @@ void AdvancedSettings::MeasureOffset() {
   line_.comm.Output(command);
   if (hold.Await(kReplySize, ReplyLimit(command))) {
     const Bytes reply = hold.Read();
+    state_.Drive.Heard();
     txtCmdOffset.SetText(NumberText(ImageReader(reply).SignedStr2Num16() / 2.0));
     state_.Modified = true;
   } else {
+    TellNoAnswer(line_);
     Desk().Ask({.text = kDriveNotResponding});
   }
 }

@@ -1,19 +1,45 @@
 #include "dialogs/io_dialog.h"
 
+#include <array>
+
 #include "core/io_modes.h"
 #include "core/numbers.h"
 #include "dialogs/numeric_entry.h"
 
 namespace kavr6 {
+namespace {
+
+/// As the limit inputs are at the end of travel; the index is the row of the list.
+constexpr std::array kLimitPictures{"LimitsClosed", "LimitsOpen", "LimitsUnused"};
+
+}  // namespace
 
 IOdialog::IOdialog(const SetupParts& parts, MSComm& comm)
     : SetupDialog(parts, {"IOdialog", "I/O Configuration"}), comm_(comm) {
   for (TextBox* box : {&txtBrakeDelay, &txtBrakeEngage, &txtMaxAccel}) LimitEntry(*box);
+  const std::initializer_list<std::pair<ChoiceControl&, Picture&>> pictures{
+      {optServoClosed, picInputClosed}, {optServoOpen, picInputOpen},    {optEnableAuto, picInputBypassed},
+      {chkAlarmInput, picAlarmReset},   {optCloseAlarm, picFaultCloses}, {optOpenAlarm, picFaultOpens},
+      {optNoAlarm, picFaultUnused}};
+  for (const auto& [choice, picture] : pictures) choice.IllustrateBy(picture);
+  for (ClickableControl* brake :
+       std::initializer_list<ClickableControl*>{&chkBrake, &optBrakeClose, &optBrakeOpen})
+    brake->Clicked.Set([this] { ShowBrake(); });
   optBrakeClose.SetValue(true);
+  ListLimits.Clicked.Set(
+      [this] { picLimits.SetImage(kLimitPictures.at(static_cast<std::size_t>(ListLimits.ListIndex()))); });
   ShowHistory.Clicked.Set([this] {
     if (comm_.PortOpen()) OpenHistory();
   });
   Wiring.Clicked.Set([this] { ShowHelp(Wiring); });
+}
+
+void IOdialog::ShowBrake() {
+  const bool brake = chkBrake.Value();
+  picBrakeCloses.SetFaded(!brake || !optBrakeClose.Value());
+  picBrakeOpens.SetFaded(!brake || !optBrakeOpen.Value());
+  picBrakeRelease.SetFaded(!brake);
+  picBrakeEngage.SetFaded(!brake);
 }
 
 void IOdialog::FillLimitList() {

@@ -1,9 +1,42 @@
 #include "dialogs/motion_menu.h"
 
+#include <array>
+#include <string>
+#include <vector>
+
 #include "core/drive_models.h"
 
 namespace kavr6 {
 namespace {
+
+struct Mode {
+  Button MotionMenu::*button;
+  const char* purpose;
+  bool DriveModel::*needs = nullptr;  ///< what a model must be able to do; null: all can
+};
+constexpr std::array kModes{
+    Mode{&MotionMenu::PulseDirMode, "Step pulses or an encoder move the motor."},
+    Mode{&MotionMenu::VelocityMode, "A fixed speed, or a speed by the analog input."},
+    Mode{&MotionMenu::VTLmode, "A host computer sends commands over the serial line."},
+    Mode{&MotionMenu::WyProgram, "The drive runs a program written for Wy drives.", &DriveModel::wyProgram},
+    Mode{&MotionMenu::ZuProgram, "The drive runs the program that is stored in it.", &DriveModel::zuProgram},
+    Mode{&MotionMenu::HubProg, "The drive belongs to a network of several axes."},
+};
+
+/// "Needs A-B, -C or -D.": the models that can do it, by what they do not have in common.
+std::string Needed(bool DriveModel::*ability) {
+  std::vector<std::string> names;
+  for (const DriveModel& model : kDriveModels)
+    if (model.*ability) names.emplace_back(model.name);
+  std::string words = "Needs ";
+  for (std::size_t i = 0; i < names.size(); ++i)
+    words +=
+        i == 0 ? names[i] : (i + 1 == names.size() ? " or " : ", ") + names[i].substr(names[i].find('-'));
+  return words + ".";
+}
+
+/// A model that can do everything: which mode is in use does not depend on what the drive can do.
+constexpr DriveModel kAllAbilities{{}, 0, 0, true, true};
 
 /// What the selected model can do beyond the modes that all have; nothing without one.
 DriveModel ModelOf(const DriveState& state) {
@@ -25,8 +58,9 @@ MotionMenu::MotionMenu(const SetupParts& parts, PulseDirDialog& pulseDir, Veloci
   SetCaption("Motion Control Mode");
   Activate.Set([this] {
     OfferModes();
-    if (Button* const present = ButtonOfPresentMode()) present->Focus();
+    if (Button* const present = ButtonOfPresentMode(ModelOf(state_))) present->Focus();
   });
+  for (const Mode& mode : kModes) (this->*mode.button).SetToolTip(mode.purpose);
   WireModes();
   Cancel.Clicked.Set([this] { Hide(); });
 }
@@ -93,12 +127,17 @@ void MotionMenu::OpenDialogOfMode() {
 
 void MotionMenu::OfferModes() {
   const DriveModel model = ModelOf(state_);
-  WyProgram.SetEnabled(model.wyProgram);
-  ZuProgram.SetEnabled(model.zuProgram);
+  const Button* const present = ButtonOfPresentMode(kAllAbilities);
+  for (const Mode& mode : kModes) {
+    Button& button = this->*mode.button;
+    const bool able = mode.needs == nullptr || model.*mode.needs;
+    button.SetEnabled(able);
+    button.SetToolTip(mode.purpose + (able ? std::string() : "\n" + Needed(mode.needs)));
+    button.SetMark(&button == present ? "in use" : "");
+  }
 }
 
-Button* MotionMenu::ButtonOfPresentMode() {
-  const DriveModel model = ModelOf(state_);
+Button* MotionMenu::ButtonOfPresentMode(const DriveModel& model) {
   switch (settings_.OpMode) {
     case kOpZuProgram:
       return model.zuProgram ? &ZuProgram : &VTLmode;

@@ -1,6 +1,7 @@
 // The choice of the motion control mode.
 #pragma once
 
+#include "core/drive_models.h"
 #include "dialogs/pulse_dir_dialog.h"
 #include "dialogs/velocity_dialog.h"
 #include "dialogs/vtl_dialog.h"
@@ -33,7 +34,8 @@ class MotionMenu : public Form {
   void WireModes();
   void OpenDialogOfMode();
   void OfferModes();
-  Button* ButtonOfPresentMode();
+  /// The button that stands for it on a drive of that model; null where there is none.
+  Button* ButtonOfPresentMode(const DriveModel& model);
   void ShowMode();
 
   const Form& over_;

@@ -9,9 +9,17 @@ MotionOutput::MotionOutput(Form& form)
       optMotionOpen(form, "optMotionOpen", group_),
       optMotionOff(form, "optMotionOff", group_),
       optMotionTach(form, "optMotionTach", group_),
-      TachPPR(form, "TachPPR") {
+      TachPPR(form, "TachPPR"),
+      picMotionClosed(form, "picMotionClosed", "OutputClosed"),
+      picMotionOpen(form, "picMotionOpen", "OutputOpen"),
+      picMotionOff(form, "picMotionOff", "OutputUnused"),
+      picMotionTach(form, "picMotionTach", "OutputTach") {
   for (const int pulses : kTachPulses) TachPPR.AddItem(std::to_string(pulses) + " pulses/rev");
   TachPPR.SetListIndex(0);
+  optMotionClosed.IllustrateBy(picMotionClosed);
+  optMotionOpen.IllustrateBy(picMotionOpen);
+  optMotionOff.IllustrateBy(picMotionOff);
+  optMotionTach.IllustrateBy(picMotionTach);
   optMotionOff.SetValue(true);
 }
 

@@ -18,6 +18,10 @@ class MotionOutput {
   OptionButton optMotionOff;
   OptionButton optMotionTach;
   ListBox TachPPR;  ///< pulses per turn of the tach output; filled from the beginning, first row selected
+  Picture picMotionClosed;
+  Picture picMotionOpen;
+  Picture picMotionOff;
+  Picture picMotionTach;
 
   /// `mode` as in MotionOutMode; one beyond the tach choices shows the first of these.
   void Show(Long mode);

@@ -6,8 +6,11 @@ namespace kavr6 {
 
 PulseDirDialog::PulseDirDialog(const SetupParts& parts)
     : PulseInputDialog(parts, {"PulseDirDialog", "Pulse & Direction Control"}) {
-  FramePulseType.Hold({&optPulseDir, &optPulsePulse, &optQuad});
-  FrameDir.Hold({&optDir0, &optDir1});
+  FramePulseType.Hold({&optPulseDir, &optPulsePulse, &optQuad, &picPulseDir, &picPulsePulse, &picQuad});
+  FrameDir.Hold({&optDir0, &optDir1, &picDir0, &picDir1});
+  optPulseDir.IllustrateBy(picPulseDir);
+  optPulsePulse.IllustrateBy(picPulsePulse);
+  optQuad.IllustrateBy(picQuad);
   for (OptionButton* type : {&optPulseDir, &optPulsePulse, &optQuad})
     type->Clicked.Set([this] { ShowHideOptions(); });
   Activate.Set([this] { ShowHideOptions(); });

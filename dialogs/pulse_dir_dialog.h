@@ -15,6 +15,9 @@ class PulseDirDialog : public PulseInputDialog {
   OptionButton optPulseDir{*this, "optPulseDir", type_};
   OptionButton optPulsePulse{*this, "optPulsePulse", type_};
   OptionButton optQuad{*this, "optQuad", type_};
+  Picture picPulseDir{*this, "picPulseDir", kPulseLooks[kPulseAndDirection].picture};
+  Picture picPulsePulse{*this, "picPulsePulse", kPulseLooks[kCwCcwPulse].picture};
+  Picture picQuad{*this, "picQuad", kPulseLooks[kQuadrature].picture};
   Frame FrameDir{*this, "FrameDir"};  ///< shown for quadrature alone
   Label RevG{*this, "RevG", "Requires hardware rev D or later"};
 

@@ -12,6 +12,8 @@ constexpr double kKilohertz = 1000;  // to the megahertz
 
 PulseInputDialog::PulseInputDialog(const SetupParts& parts, const SetupDialogTexts& texts)
     : SetupDialog(parts, texts) {
+  optDir0.IllustrateBy(picDir0);
+  optDir1.IllustrateBy(picDir1);
   FrameSPR.Hold({&SPR});
   FrameStepFilter.Hold({&txtStepFilterFreq});
   for (TextBox* box : {&SPR, &txtStepFilterFreq, &txtNoiseFilter}) LimitEntry(*box);

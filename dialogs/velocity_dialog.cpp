@@ -23,7 +23,11 @@ VelocityDialog::VelocityDialog(const SetupParts& parts)
   FrameSpeed.Hold({&txtSpeed, &lblSpeedUnit});
   FrameAnalog.Hold({&lblRange, &ListAnalogRange, &lblSpeed, &CmdScale, &lblAnalogUnits, &Advanced});
   FrameInPosition.Hold({&MotionOut.optMotionClosed, &MotionOut.optMotionOpen, &MotionOut.optMotionOff,
-                        &MotionOut.optMotionTach, &MotionOut.TachPPR});
+                        &MotionOut.optMotionTach, &MotionOut.TachPPR, &MotionOut.picMotionClosed,
+                        &MotionOut.picMotionOpen, &MotionOut.picMotionOff, &MotionOut.picMotionTach});
+  chkRunStop.IllustrateBy(picRunStop);
+  chkAnalog.IllustrateBy(picAnalog);
+  chk2Speeds.IllustrateBy(picSpeed2);
   for (TextBox* box : {&txtSpeed, &txtSpeed2, &txtAccel, &txtDecel, &CmdScale}) LimitEntry(*box);
   for (const AnalogRange& range : kAnalogRanges) ListAnalogRange.AddItem(std::string(range.listed));
   ListAnalogRange.Clicked.Set([this] { DispScaleOffset(); });

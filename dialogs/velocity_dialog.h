@@ -12,11 +12,14 @@ class VelocityDialog : public SetupDialog {
   VelocityDialog(const SetupParts& parts);
 
   CheckBox chkRunStop{*this, "chkRunStop"};
+  Picture picRunStop{*this, "picRunStop", "InputRun"};
   CheckBox chkAnalog{*this, "chkAnalog"};
+  Picture picAnalog{*this, "picAnalog", "SpeedAnalog"};
   Frame FrameSpeed{*this, "FrameSpeed"};
   TextBox txtSpeed{*this, "txtSpeed"};  ///< rev/sec
   Label lblSpeedUnit{*this, "lblSpeedUnit", "rev/sec"};
   CheckBox chk2Speeds{*this, "chk2Speeds"};
+  Picture picSpeed2{*this, "picSpeed2", "SpeedTwo"};
   TextBox txtSpeed2{*this, "txtSpeed2"};  ///< rev/sec
   TextBox txtAccel{*this, "txtAccel"};    ///< rev/s/s
   TextBox txtDecel{*this, "txtDecel"};    ///< rev/s/s

@@ -11,6 +11,8 @@ namespace {
 
 constexpr unsigned char kFirstAddress = '!';
 
+std::string AddressOf(int button) { return CharacterOf(static_cast<std::uint8_t>(kFirstAddress + button)); }
+
 struct ProtocolBox {
   CheckBox VTLdialog::*box;
   Long bit;
@@ -25,7 +27,8 @@ constexpr std::array kProtocolBoxes{
 }  // namespace
 
 VTLdialog::VTLdialog(const SetupParts& parts) : PulseInputDialog(parts, {"VTLdialog", "VTL Configuration"}) {
-  FramePulseType.Hold({&ListPulseType, &optDir0, &optDir1});
+  FramePulseType.Hold(
+      {&ListPulseType, &picPulseType, &lblUpper, &lblLower, &optDir0, &optDir1, &picDir0, &picDir1});
   FrameNoiseFilter.Hold({&txtNoiseFilter});
   for (const ControlModeWords& mode : kPowerUpModes)
     ListCM.AddItem(std::to_string(mode.code) + ": " + std::string(mode.words), mode.code);
@@ -34,12 +37,14 @@ VTLdialog::VTLdialog(const SetupParts& parts) : PulseInputDialog(parts, {"VTLdia
   LimitEntry(txtTxDelay);
   MakeAddressButtons();
   ListCM.Clicked.Set([this] { ShowPulseFrames(); });
+  ListPulseType.Clicked.Set([this] { ShowPulseKind(); });
+  txtRS485addr.Change.Set([this] { MarkAddress(); });
   for (ListBox* list : {&ListCM, &LstBitRate, &ListPulseType}) list->SetListIndex(0);
 }
 
 void VTLdialog::MakeAddressButtons() {
   for (int i = 0; i < RSchar.Count(); ++i) {
-    const std::string address = CharacterOf(static_cast<std::uint8_t>(kFirstAddress + i));
+    const std::string address = AddressOf(i);
     // A lone ampersand in a caption would mark a mnemonic.
     RSchar[i].SetCaption(address == "&" ? "&&" : address);
     RSchar[i].Clicked.Set([this, address] {
@@ -47,6 +52,18 @@ void VTLdialog::MakeAddressButtons() {
       txtRS485addr.Focus();  // Enter is OK then, not this button once more
     });
   }
+}
+
+void VTLdialog::MarkAddress() {
+  for (int i = 0; i < RSchar.Count(); ++i)
+    RSchar[i].SetMark(txtRS485addr.Text() == AddressOf(i) ? "chosen" : "");
+}
+
+void VTLdialog::ShowPulseKind() {
+  const PulseLook& look = kPulseLooks.at(static_cast<std::size_t>(ListPulseType.ListIndex()));
+  picPulseType.SetImage(look.picture);
+  lblUpper.SetCaption(look.upper);
+  lblLower.SetCaption(look.lower);
 }
 
 bool VTLdialog::PulseChosen() const { return ListCM.ItemData(ListCM.ListIndex()) == kControlPulse; }

@@ -24,6 +24,9 @@ class VTLdialog : public PulseInputDialog {
   ControlArray<Button> RSchar{*this, "RSchar", kAddresses};
   TextBox txtTxDelay{*this, "txtTxDelay"};        ///< ms
   ListBox ListPulseType{*this, "ListPulseType"};  ///< the row is PulseType
+  Picture picPulseType{*this, "picPulseType"};
+  Label lblUpper{*this, "lblUpper"};  ///< the input beside the upper line of the picture
+  Label lblLower{*this, "lblLower"};
   Frame FrameNoiseFilter{*this, "FrameNoiseFilter"};
 
   /// The operating mode that OK sets.
@@ -42,6 +45,8 @@ class VTLdialog : public PulseInputDialog {
   void MakeAddressButtons();
   bool PulseChosen() const;
   void ShowPulseFrames();
+  void ShowPulseKind();
+  void MarkAddress();
 };
 
 void FillVTLdialog(VTLdialog& dialog, const Settings& settings);

@@ -8,7 +8,10 @@ namespace {
 
 constexpr FieldMeaning kMotor[] = {
     {"optStandard", "The motor is one of the list."},
-    {"MotorList", "The motor's part number.  Choosing one puts the running current at its rated current."},
+    {"MotorList",
+     "The motor's part number, with its rated current and torque.  Choosing one puts the running current at "
+     "its "
+     "rated current.  What is typed above the list leaves the motors that have all the words."},
     {"optCustom", "The motor is not in the list: its data are typed in."},
     {"DefineNewMotor", "Type in the data of a motor that is not in the list."},
     {"MoreOrLess", "Show or hide smoothing and lead angle of the motor."},
@@ -49,15 +52,6 @@ constexpr FieldMeaning kEditor[] = {
      "SliderGain"},
     {"Phase", "Phase of the waveform correction.  The wizard finds it.", {}, "SliderPhase"},
     {"Wizard", "Find gain and phase step by step, with the motor turning."},
-};
-
-constexpr FieldMeaning kModes[] = {
-    {"PulseDirMode", "Pulses at the STEP and DIR inputs move the motor."},
-    {"VelocityMode", "The motor runs at a fixed speed or at one that follows the analog input."},
-    {"VTLmode", "A host computer sends commands in the text language."},
-    {"WyProgram", "The drive is set up for host commands as a Wy drive."},
-    {"ZuProgram", "The drive runs the program that is stored in it."},
-    {"HubProg", "The drive is the hub of a network of several axes."},
 };
 
 constexpr FieldMeaning kPulseSignal[] = {
@@ -166,7 +160,6 @@ constexpr FieldMeaning kRegen[] = {
 constexpr std::array kWindows{
     WindowMeanings{"MotorDialog", kMotor},
     WindowMeanings{"EditMotor", kEditor},
-    WindowMeanings{"MotionMenu", kModes},
     WindowMeanings{"PulseDirDialog", kPulseSignal},
     WindowMeanings{"PulseDirDialog", kPulseInputs},
     WindowMeanings{"VTLdialog", kHost},

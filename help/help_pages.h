@@ -27,6 +27,8 @@ inline constexpr std::array kHelpCallers{
     HelpCaller{"MainForm", "HSinout1", "Connecting_IO_to_InOut1.html"},
     HelpCaller{"MainForm", "HSinout2", "Connecting_IO_to_InOut2.html"},
     HelpCaller{"MainForm", "HSled", "ErrorCodes.html"},
+    HelpCaller{"MainForm", "HSmotor", "Connecting_the_Motor.html"},
+    HelpCaller{"MainForm", "HSregen", "regen.html"},
     HelpCaller{"MainForm", "HSrs485", "Hardware_RS485.html"},
     HelpCaller{"MotorDialog", "Help", "ConfigSoftware_Motor.html"},
     HelpCaller{"MotorDialog", "Wiring", "Connecting_the_Motor.html"},
@@ -54,6 +56,7 @@ struct HelpKeyPage {
 
 inline constexpr std::array kHelpKeyPages{
     HelpKeyPage{"MotionMenu", "motion.html"},
+    HelpKeyPage{"EventList", "summary.html#bottom"},
     HelpKeyPage{"Harmonizer", "smoothing.html"},
     HelpKeyPage{"ExecStatus", "status_monitor.html"},
     HelpKeyPage{"AlarmHistory", "alarms.html"},

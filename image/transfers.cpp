@@ -4,6 +4,7 @@
 
 #include "core/io_modes.h"
 #include "core/numbers.h"
+#include "image/transfer_news.h"
 #include "link/wire.h"
 
 namespace kavr6 {
@@ -23,6 +24,12 @@ MessageBox ChecksumBox(const std::string& what) {
 }  // namespace
 
 TransferEnd Transfers::DownloadClick() {
+  const TransferEnd end = TryDownload();
+  TellDownload(State(), end);
+  return end;
+}
+
+TransferEnd Transfers::TryDownload() {
   if (NoCommPort(p_.line.comm)) {
     Ask({.text = "Cannot download to drive: there is no comm port open.", .icon = BoxIcon::Information});
     return TransferEnd::NoPort;
@@ -39,7 +46,8 @@ bool Transfers::InertiaConfirmed() {
                    "download your settings anyway?",
            .icon = BoxIcon::Question,
            .title = "Load Inertia Not Set",
-           .buttons = BoxButtons::YesNo});
+           .buttons = BoxButtons::YesNo,
+           .careful = true});
   if (answer == BoxAnswer::Yes) State().InertiaSet = true;
   return answer == BoxAnswer::Yes;
 }
@@ -89,17 +97,25 @@ TransferEnd Transfers::DataDownload() {
   LineHold hold(p_.line, 3);
   ShowProgress(0);
   p_.line.comm.Output(kDownload);
+  State().Drive.ForgetImage();
   ParameterImage image{};
   DownloadString(image, p_.settings, p_.motorTable.Row());
   StoreChecksum(image);
-  SendImage(image);
+  SendImage(image, hold);
   hold.Await(1, ReplyLimit(kDownload));
   Delay(p_.line.pump, kDownloadAnswerPause);
-  return ReadAnswer();
+  if (hold.Broken()) hold.Read();
+  const TransferEnd end = ReadAnswer();
+  if (end == TransferEnd::Done) {
+    State().Drive.Holds(image);
+  } else {
+    State().Drive.ForgetImage();
+  }
+  return end;
 }
 
-void Transfers::SendImage(const ParameterImage& image) {
-  for (std::size_t i = 0; i < image.size(); ++i) {
+void Transfers::SendImage(const ParameterImage& image, const LineHold& hold) {
+  for (std::size_t i = 0; i < image.size() && !hold.Broken(); ++i) {
     WriteByte(p_.line.comm, image[i]);
     ShowProgress(static_cast<double>(i * 100) / (kImageSize - 1));
     p_.line.pump.PumpEvents();
@@ -108,11 +124,13 @@ void Transfers::SendImage(const ParameterImage& image) {
 
 TransferEnd Transfers::ReadAnswer() {
   if (p_.line.comm.InBufferCount() == 0) {
+    TellNoAnswer(p_.line);
     Ask({.text = "The download did not work.  Is it connected to the right port and turned on?",
          .icon = BoxIcon::Question});
     return TransferEnd::NoReply;
   }
   const Byte answer = p_.line.comm.Input().front();
+  State().Drive.Heard();
   if (answer == kRefusal) {
     Ask(ChecksumBox("The data did not download"));
     return TransferEnd::BadSum;
@@ -123,13 +141,20 @@ TransferEnd Transfers::ReadAnswer() {
 }
 
 TransferEnd Transfers::UploadClick() {
+  const TransferEnd end = TryUpload();
+  TellUpload(State(), end);
+  return end;
+}
+
+TransferEnd Transfers::TryUpload() {
   if (State().Modified) {
     const BoxAnswer answer =
         Ask({.text = "You have made changes without Saving or Downloading.  Do you really want to upload and "
                      "replace your program?",
              .icon = BoxIcon::Question,
              .title = "Open",
-             .buttons = BoxButtons::OkCancel});
+             .buttons = BoxButtons::OkCancel,
+             .careful = true});
     if (answer != BoxAnswer::Ok) return TransferEnd::Declined;
   }
   if (NoCommPort(p_.line.comm)) {
@@ -156,6 +181,7 @@ TransferEnd Transfers::DataUpload() {
     ShowProgress(waiting * 100.0 / kImageSize);
   });
   if (inTime) return TakeUpload(hold);
+  if (count == 0) TellNoAnswer(p_.line);
   Ask({.text = "We are having trouble uploading tuning data from the drive. Is it connected to the "
                "right port and turned on?  If you are using your PC for anything processor intensive, "
                "such as opening a large file in another application, this can interfere with drive "
@@ -168,11 +194,13 @@ TransferEnd Transfers::DataUpload() {
 
 TransferEnd Transfers::TakeUpload(LineHold& hold) {
   const Bytes buffer = hold.Read();
+  State().Drive.Heard();
   if (!ChecksumHolds(buffer)) {
     Ask(ChecksumBox("Your program did not upload"));
     return TransferEnd::BadSum;
   }
   ExtractUploadData(buffer);
+  State().Drive.Holds(buffer);
   hold.Release();
   if (SummarizeAll) SummarizeAll();
   if (SettingsReplaced) SettingsReplaced();

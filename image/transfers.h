@@ -7,24 +7,13 @@
 #include "core/drive_state.h"
 #include "core/settings.h"
 #include "image/parameter_image.h"
+#include "image/transfer_news.h"
 #include "link/drive_identity.h"
 #include "link/drive_line.h"
 #include "motor/motor_calculations.h"
 #include "motor/motor_table.h"
 
 namespace kavr6 {
-
-/// How a transfer ended.
-enum class TransferEnd {
-  Done,       ///< acknowledged by the drive, or read from it with the right sum
-  Declined,   ///< the user has said no to a question
-  NoPort,     ///< no port is open
-  NoDrive,    ///< nothing has answered, or a drive that is none of the family
-  OverLimit,  ///< a setting is beyond what drive or firmware can do; nothing has been sent
-  NoReply,    ///< nothing, or not all of it, has come in time
-  BadSum,     ///< the drive has refused the sum, or that of its image does not hold
-  Unknown,    ///< the drive's answer to an image was none that is known
-};
 
 /// What the transactions work on.
 struct TransferParts {
@@ -67,9 +56,11 @@ class Transfers {
   void ExtractUploadData(std::span<const Byte> buffer);
 
  private:
+  TransferEnd TryDownload();
+  TransferEnd TryUpload();
   bool InertiaConfirmed();
   TransferEnd CheckDriveAndLimits();
-  void SendImage(const ParameterImage& image);
+  void SendImage(const ParameterImage& image, const LineHold& hold);
   TransferEnd ReadAnswer();
   TransferEnd TakeUpload(LineHold& hold);
   BoxAnswer Ask(const MessageBox& box) { return p_.line.boxes.Ask(box); }

@@ -3,6 +3,7 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include "link/wire.h"
 #include "platform/runtime_error.h"
@@ -11,6 +12,11 @@ namespace kavr6 {
 namespace {
 
 constexpr const char* kLineSettings = "9600,N,8,1";
+
+/// Seconds after each refusal: who may use a device is often settled a moment after it has come.
+constexpr std::array kRetryAfter{0.05, 0.1, 0.25, 0.5};
+/// A device that has gone so soon after it was opened was not really back.
+constexpr double kHoldsAtLeast = 1.0;  // seconds
 
 /// Runs a statement; gives the text of its error if it failed.
 std::optional<std::string> ErrorOf(const std::function<void()>& statement) {
@@ -23,6 +29,18 @@ std::optional<std::string> ErrorOf(const std::function<void()>& statement) {
 }
 
 }  // namespace
+
+CommPorts::CommPorts(const DriveLine& line) : line_(line), state_(line.state) {
+  line_.comm.Lost.Set([this] {
+    inUse_ = true;
+    AwaitDevice();
+  });
+}
+
+CommPorts::~CommPorts() {
+  line_.comm.Lost.Replace({});
+  StopAwaiting();
+}
 
 void CommPorts::StartComm() {
   state_.StartPort = 1;
@@ -39,6 +57,7 @@ void CommPorts::StartComm() {
   for (const auto& statement : statements)
     while (const auto error = ErrorOf(statement))
       if (!MoveOn(*error)) return;
+  inUse_ = true;
 }
 
 bool CommPorts::MoveOn(const std::string& error) {
@@ -65,6 +84,7 @@ bool CommPorts::OpenPort(int port) {
   const bool chosen = !ErrorOf([&] { line_.comm.SetCommPort(port); });
   line_.comm.SetSettings(kLineSettings);
   const bool opened = !ErrorOf([&] { line_.comm.SetPortOpen(true); });
+  inUse_ = inUse_ || opened;
   return chosen && opened;
 }
 
@@ -75,6 +95,7 @@ void CommPorts::Select(int row) {
 }
 
 void CommPorts::ChangePort(int port) {
+  StopAwaiting();
   const int old = state_.CommNumber;
   state_.CommNumber = port;
   const bool closed = !ErrorOf([&] {
@@ -83,12 +104,59 @@ void CommPorts::ChangePort(int port) {
   const bool opened = OpenPort(port);
   line_.comm.Output(kPortChanged);
   if (closed && opened) return;
+  TellUnavailable();
+  state_.CommNumber = old;
+  if (!OpenPort(old)) AwaitDevice();  // without a word: the port stays closed
+  Select(old - 1);
+}
+
+void CommPorts::TellUnavailable() {
   line_.boxes.Ask({.text = "COM port " + std::to_string(state_.CommNumber) + " is not available.",
                    .icon = BoxIcon::Exclamation,
                    .title = "COM Error"});
-  state_.CommNumber = old;
-  OpenPort(old);  // without a word when this fails too: the port stays closed
-  Select(old - 1);
+}
+
+void CommPorts::SelectAgain() {
+  if (!inUse_ || line_.comm.PortOpen()) return;
+  StopAwaiting();
+  if (OpenPort(state_.CommNumber)) return line_.comm.Output(kPortChanged);
+  AwaitDevice();
+  TellUnavailable();
+}
+
+void CommPorts::AwaitDevice() {
+  if (!inUse_) return;
+  // The watch outlives the return of the device: the next loss may be told after the return that follows it.
+  if (!watch_)
+    watch_ = line_.comm.WatchDevices(DeviceNews::Devices, [this] {
+      newsHeard_ = true;
+      TryAnew();
+    });
+  // It may be back already. But one that opens and goes at once, without any news of it, is a broken one.
+  const bool broken = openedWithoutNews_ >= 0 && line_.pump.Now() - openedWithoutNews_ < kHoldsAtLeast;
+  if (newsHeard_ || !broken) attempt_ = line_.pump.Post([this] { TryAnew(); });
+}
+
+void CommPorts::StopAwaiting() {
+  watch_.reset();
+  line_.pump.Cancel(attempt_);
+  newsHeard_ = false;
+  openedWithoutNews_ = -1;
+}
+
+void CommPorts::TryAnew() {
+  refusals_ = 0;
+  Reopen();
+}
+
+void CommPorts::Reopen() {
+  line_.pump.Cancel(attempt_);
+  if (line_.comm.PortOpen() || !line_.comm.DeviceBack(state_.CommNumber)) return;
+  if (OpenPort(state_.CommNumber)) {
+    openedWithoutNews_ = std::exchange(newsHeard_, false) ? -1 : line_.pump.Now();
+  } else if (refusals_ < kRetryAfter.size()) {
+    attempt_ = line_.pump.CallAfter(kRetryAfter[refusals_++], [this] { Reopen(); });
+  }
 }
 
 }  // namespace kavr6

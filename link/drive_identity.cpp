@@ -47,6 +47,7 @@ std::string DriveIdentity::TakeIdentity() {
   state_.GlobalBuffer.erase(0, kIdentitySize);
   state_.DspRev = RevisionOf(static_cast<unsigned char>(reply[0]));
   state_.DriveModelCode = static_cast<unsigned char>(reply[1]);
+  state_.Drive.Identified(state_.DspRev, state_.DriveModelCode);
   return reply;
 }
 
@@ -59,6 +60,8 @@ bool DriveIdentity::DriveStillThere() {
     known = std::any_of(kEarlierFamilies.begin(), kEarlierFamilies.end(), [this](const CodeRange& codes) {
       return state_.DriveModelCode >= codes.first && state_.DriveModelCode <= codes.last;
     });
+  } else {
+    TellNoAnswer(line_);
   }
   state_.CommandActive = false;
   return known;
@@ -72,6 +75,7 @@ std::string DriveIdentity::AskIdentity(const std::string& boxTitle) {
   const bool answered = AwaitReply(kIdentitySize, ReplyLimit(kIdentify));
   state_.CommandActive = false;
   if (answered) return TakeIdentity();
+  TellNoAnswer(line_);
   line_.boxes.Ask({.text = kDriveNotResponding, .icon = BoxIcon::Question, .title = boxTitle});
   return {};
 }
@@ -83,7 +87,7 @@ std::string DriveIdentity::CheckDrive() {
   state_.DriveVersion = ShownRevision(state_.DspRev, letter.empty() ? letter : state_.MinorRev);
   const int model = ModelIndex(state_.DriveModelCode);
   if (model < 0) return {};
-  state_.ModelIndex = model;
+  state_.SelectModelOfDrive(model);
   return reply;
 }
 
@@ -102,6 +106,7 @@ std::string DriveIdentity::GetMinorRev() {
   }
   const unsigned code = HexValue(state_.GlobalBuffer.substr(2, 2));
   state_.MinorRev = CharacterOf(static_cast<std::uint8_t>(code));
+  state_.Drive.LetterIs(state_.MinorRev);
   state_.GlobalBuffer.erase(0, kHexSize);
   return " " + state_.MinorRev;
 }
@@ -115,6 +120,9 @@ Long DriveIdentity::GetServoStatus() {
   if (AwaitReply(kHexSize, ReplyLimit(kReadWord, kStatusWord))) {
     status = static_cast<Integer>(HexValue(state_.GlobalBuffer.substr(0, kHexSize)));
     state_.GlobalBuffer.clear();
+    state_.Drive.Heard();
+  } else {
+    TellNoAnswer(line_);
   }
   state_.CommandActive = false;
   return status;

@@ -21,7 +21,7 @@ void PauseBeforeCommand(const DriveLine& line) {
   if (line.state.CommandPause) Delay(line.pump, kCommandPause);
 }
 
-LineHold::LineHold(const DriveLine& line, int threshold) : line_(line) {
+LineHold::LineHold(const DriveLine& line, int threshold) : line_(line), openings_(line.comm.Openings()) {
   line_.state.CommandActive = true;
   line_.comm.SetRThreshold(threshold);
   line_.comm.Input();

@@ -21,6 +21,11 @@ struct DriveLine {
 
 inline bool NoCommPort(const MSComm& comm) { return !comm.PortOpen(); }
 
+/// A question has had no answer in time. With the port closed that says nothing about the drive.
+inline void TellNoAnswer(const DriveLine& line) {
+  if (line.comm.PortOpen()) line.state.Drive.NoAnswer();
+}
+
 /// Send one or two bytes in one write. With the port closed they do nothing.
 void WriteByte(MSComm& comm, std::uint8_t byte);
 void Write2Bytes(MSComm& comm, std::uint8_t first, std::uint8_t second);
@@ -43,11 +48,15 @@ class LineHold {
   bool Await(int count, double limit, const std::function<void(int)>& onNews = {});
   /// Lets others hear the line again before the hold ends: RThreshold is 1 and Progress 0.
   void Release();
+  /// The port has been opened anew since the hold began. What is left of a block that was under way means
+  /// something else to whoever listens now, and what comes from there is no answer to it.
+  bool Broken() const { return line_.comm.Openings() != openings_; }
   /// Takes all that waits.
   Bytes Read() { return line_.comm.Input(); }
 
  private:
   DriveLine line_;
+  int openings_;
 };
 
 }  // namespace kavr6

@@ -122,7 +122,9 @@ void ReceivePath::ScanForPacket() {
 void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b3) {
   switch (static_cast<MessageHeader>(header)) {
     case MessageHeader::Alarm:
-      if (!state_.AlarmPopupOff && ServoError152) ServoError152(b2 * 128 + b3);
+      if (state_.AlarmPopupOff) return;
+      state_.Drive.Alarm(b2 * 128 + b3);
+      if (ServoError152) ServoError152(b2 * 128 + b3);
       return;
     case MessageHeader::IgnoredF4:
     case MessageHeader::IgnoredF7:
@@ -130,17 +132,22 @@ void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b
     case MessageHeader::IgnoredF9:
       return;
     case MessageHeader::Status:
-      if (b2 != 0) state_.DriveHasFault = true;
-      return;
+      if (b2 == 0) return state_.Drive.FaultCleared();
+      state_.DriveHasFault = true;
+      return state_.Drive.FaultStands();
     case MessageHeader::Revision:
       state_.DspRev = RevisionOf(b2);
       state_.MinorRev = CharacterOf(b3);
+      state_.Drive.Identified(state_.DspRev, state_.DriveModelCode);
+      state_.Drive.LetterIs(state_.MinorRev);
       state_.DriveVersion = ShownRevision(state_.DspRev, state_.MinorRev);
       return;
     case MessageHeader::DspReflash:
+      state_.Drive.Heard();
       line_.boxes.Ask(ReflashBox("DSP", "DSP"));
       return;
     case MessageHeader::ZuFirmware:
+      state_.Drive.Heard();
       line_.boxes.Ask(b2 == 1 ? MismatchBox() : ReflashBox("Zu chip", "Zu"));
       return;
     case MessageHeader::PowerUp:
@@ -154,6 +161,7 @@ void ReceivePath::PowerUp(int revision, int model) {
   line_.comm.SetRThreshold(1);
   state_.DspRev = RevisionOf(revision);
   state_.DriveModelCode = model;
+  state_.Drive.Restarted(state_.DspRev, model);
   const int index = ModelIndex(model);
   if (index < 0) {
     state_.DriveVersion = "";
@@ -163,7 +171,7 @@ void ReceivePath::PowerUp(int revision, int model) {
   line_.boxes.Beep();
   const Pause pause = kPowerUpPauses[static_cast<std::size_t>(index)];
   if (pause == Pause::BeforeModel) Delay(line_.pump, kPowerUpPause);
-  state_.ModelIndex = index;
+  state_.SelectModelOfDrive(index);
   if (pause == Pause::AfterModel) Delay(line_.pump, kPowerUpPause);
   state_.DriveVersion = ShownRevision(state_.DspRev, {});
 }

@@ -16,6 +16,13 @@ std::string ColumnText(const std::optional<double>& column) {
   return column ? NumberText(*column) : std::string();
 }
 
+std::string RatingText(const MotorRow& row) {
+  const std::string current = row.Current ? NumberText(*row.Current) + " A" : std::string();
+  if (!row.Torque || !row.TorqueUnit) return current;
+  const std::string torque = NumberText(*row.Torque) + " " + TorqueUnitName(ToLong(*row.TorqueUnit));
+  return current.empty() ? torque : current + ", " + torque;
+}
+
 MotorRecord RecordOf(const MotorRow& row) {
   return {.RatedCurrent = row.Current.value_or(0),
           .RatedTorque = row.Torque.value_or(0),

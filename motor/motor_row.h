@@ -69,6 +69,9 @@ Long NeededWhole(const std::optional<double>& column);
 /// For people: empty for an empty column.
 std::string ColumnText(const std::optional<double>& column);
 
+/// Rated current and torque for people: "4.2 A, 1.26 N m". What is not known is left out.
+std::string RatingText(const MotorRow& row);
+
 /// The row as files keep it. A motor that came from a file or a drive has no winding: what is empty counts 0.
 MotorRecord RecordOf(const MotorRow& row);
 /// The row that a motor named by a file or a drive becomes. R and L stay empty.

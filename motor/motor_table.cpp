@@ -66,13 +66,21 @@ const MotorRow& MotorTable::Row() const {
   return current_.emplace(std::move(row));
 }
 
-std::vector<std::string> MotorTable::PartNumbers() {
-  std::vector<std::string> names;
+std::vector<MotorRow> MotorTable::Overview() {
+  std::vector<MotorRow> rows;
+  const auto number = [this](std::string_view column) -> std::optional<double> {
+    const Variant value = access_.Read(column);
+    if (IsEmpty(value) || std::holds_alternative<std::string>(value)) return std::nullopt;
+    return NumberOf(value);
+  };
   for (MoveFirst(); !access_.EndOfTable(); access_.MoveNext())
-    names.push_back(TextOf(access_.Read("Part Number")));
+    rows.push_back({.PartNumber = TextOf(access_.Read("Part Number")),
+                    .Current = number("current"),
+                    .Torque = number("Torque"),
+                    .TorqueUnit = number("TorqueUnit")});
   for (const MotorRow& row : kept_)
-    names.insert(std::upper_bound(names.begin(), names.end(), row.PartNumber), row.PartNumber);
-  return names;
+    rows.insert(std::ranges::upper_bound(rows, row.PartNumber, {}, &MotorRow::PartNumber), row);
+  return rows;
 }
 
 std::optional<std::string> MotorTable::Append(const MotorRecord& motor) {

@@ -32,8 +32,9 @@ class MotorTable {
   /// The selected motor. RuntimeError without a current row and for a text in a column of numbers.
   const MotorRow& Row() const;
 
-  /// The part numbers of all rows, in the order of "PartNoX". The cursor then stands on no row.
-  std::vector<std::string> PartNumbers();
+  /// All rows in the order of "PartNoX", with part number, current and torque alone; a text where a number
+  /// belongs counts as empty. The cursor then stands on no row.
+  std::vector<MotorRow> Overview();
   /// Appends a motor under its name, which no row has yet; the cursor stays. Where the table cannot be
   /// written, the motor is kept until the program ends and otherwise behaves as a row of the table; the
   /// reason comes back then.

@@ -42,17 +42,28 @@ void ImageButton::SetPictures(const std::string& up, const std::string& down) {
   Refresh();
 }
 
+bool ChoiceControl::Take(bool value) {
+  if (!Assign(value_, value)) return false;
+  if (picture_ != nullptr) picture_->SetFaded(!value);
+  return true;
+}
+
+void ChoiceControl::IllustrateBy(Picture& picture) {
+  picture_ = &picture;
+  picture.SetFaded(!value_);
+}
+
 OptionButton::OptionButton(Form& form, std::string name, OptionGroup& group)
-    : ClickableControl(form, std::move(name), ControlKind::OptionButton), group_(group) {
+    : ChoiceControl(form, std::move(name), ControlKind::OptionButton), group_(group) {
   group_.members_.push_back(this);
 }
 
 void OptionButton::SetValue(bool value) {
-  if (value_ == value) return;
+  if (Value() == value) return;
   if (value) {
-    for (OptionButton* other : group_.members_) other->Assign(other->value_, false);
+    for (OptionButton* other : group_.members_) other->Take(false);
   }
-  Assign(value_, value);
+  Take(value);
   if (value) Clicked.Raise();
 }
 
@@ -64,14 +75,15 @@ void ListBox::Clear() {
 }
 
 void ListBox::AddItem(const std::string& item, int data) {
-  items_.push_back({item, data, {}});
+  items_.push_back({item, data, {}, {}});
   ++revision_;
   Refresh();
 }
 
-void ListBox::SetItems(const std::vector<std::string>& items) {
+void ListBox::SetItems(const std::vector<std::string>& items, const std::vector<std::string>& notes) {
   items_.clear();
-  for (const std::string& item : items) items_.push_back({item, 0, {}});
+  for (const std::string& item : items) items_.push_back({item, 0, {}, {}});
+  for (std::size_t row = 0; row < notes.size(); ++row) items_.at(row).note = notes[row];
   listIndex_ = -1;
   ++revision_;
   Refresh();
@@ -89,7 +101,16 @@ const std::string& ListBox::ItemToolTip(int index) const { return At(index).tool
 void ListBox::SetItemToolTip(int index, const std::string& text) {
   if (At(index).toolTip == text) return;
   items_[static_cast<std::size_t>(index)].toolTip = text;
-  ++revision_;
+  ++noteRevision_;
+  Refresh();
+}
+
+const std::string& ListBox::ItemNote(int index) const { return At(index).note; }
+
+void ListBox::SetItemNote(int index, const std::string& text) {
+  if (At(index).note == text) return;
+  items_[static_cast<std::size_t>(index)].note = text;
+  ++noteRevision_;
   Refresh();
 }
 
@@ -101,7 +122,16 @@ void ListBox::SetListIndex(int index) {
 std::string ListBox::Text() const { return listIndex_ < 0 ? std::string() : At(listIndex_).text; }
 
 void ListBox::Select(int index) {
-  if (UserFocuses()) SetListIndex(index);
+  if (!UserFocuses()) return;
+  if (index == listIndex_ && index != -1) {
+    ClickedAgain.Raise();
+  } else {
+    SetListIndex(index);
+  }
+}
+
+void ListBox::Open() {
+  if (UserFocuses()) DropDown.Raise();
 }
 
 void ListBox::DoubleClick(int index) {

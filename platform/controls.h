@@ -95,9 +95,13 @@ class Button : public ClickableControl {
   void SetCaption(const std::string& caption) { Assign(caption_, caption); }
   /// The default button is clicked by Enter, the cancel button by Esc.
   Role ButtonRole() const { return role_; }
+  /// Why this button stands out among its like, such as "in use"; empty when it does not.
+  const std::string& Mark() const { return mark_; }
+  void SetMark(const std::string& words) { Assign(mark_, words); }
 
  private:
   std::string caption_;
+  std::string mark_;
   Role role_;
 };
 
@@ -148,18 +152,47 @@ class MenuItem : public Control {
   std::string caption_;
 };
 
-class CheckBox : public ClickableControl {
+/// A named picture of the artwork; an empty name shows nothing.
+class Picture : public Control {
  public:
-  CheckBox(Form& form, std::string name) : ClickableControl(form, std::move(name), ControlKind::CheckBox) {}
+  Picture(Form& form, std::string name, std::string image = {})
+      : Control(form, std::move(name), ControlKind::Picture), image_(std::move(image)) {}
+  const std::string& Image() const { return image_; }
+  void SetImage(const std::string& image) { Assign(image_, image); }
+  /// Shown faintly: it belongs to a choice that is not made.
+  bool Faded() const { return faded_; }
+  void SetFaded(bool faded) { Assign(faded_, faded); }
+
+ private:
+  std::string image_;
+  bool faded_ = false;
+};
+
+/// What is set or not set.
+class ChoiceControl : public ClickableControl {
+ public:
+  using ClickableControl::ClickableControl;
   bool Value() const { return value_; }
+  /// The picture is faded from now on while this is not set. It lives as long as the control.
+  void IllustrateBy(Picture& picture);
+
+ protected:
+  bool Take(bool value);
+
+ private:
+  bool value_ = false;
+  Picture* picture_ = nullptr;
+};
+
+class CheckBox : public ChoiceControl {
+ public:
+  CheckBox(Form& form, std::string name) : ChoiceControl(form, std::move(name), ControlKind::CheckBox) {}
   void SetValue(bool value) {
-    if (Assign(value_, value)) Clicked.Raise();
+    if (Take(value)) Clicked.Raise();
   }
 
  private:
-  void TakeClick() override { SetValue(!value_); }
-
-  bool value_ = false;
+  void TakeClick() override { SetValue(!Value()); }
 };
 
 class OptionButton;
@@ -171,11 +204,10 @@ class OptionGroup {
   std::vector<OptionButton*> members_;
 };
 
-class OptionButton : public ClickableControl {
+class OptionButton : public ChoiceControl {
  public:
   OptionButton(Form& form, std::string name, OptionGroup& group);
   const OptionGroup& Group() const { return group_; }
-  bool Value() const { return value_; }
   /// Setting it clears the others of the group without a click of theirs, then raises its own.
   void SetValue(bool value);
 
@@ -183,7 +215,6 @@ class OptionButton : public ClickableControl {
   void TakeClick() override { SetValue(true); }
 
   OptionGroup& group_;
-  bool value_ = false;
 };
 
 /// A list or a drop-down list.
@@ -192,14 +223,18 @@ class ListBox : public Control {
   ListBox(Form& form, std::string name) : Control(form, std::move(name), ControlKind::ListBox) {}
   void Clear();
   void AddItem(const std::string& item, int data = 0);
-  /// Replaces all rows at once, which is quick however many they are; none is selected.
-  void SetItems(const std::vector<std::string>& items);
+  /// Replaces all rows at once, which is quick however many they are; none is selected. There are as many
+  /// notes as rows, or none.
+  void SetItems(const std::vector<std::string>& items, const std::vector<std::string>& notes = {});
   int Count() const { return static_cast<int>(items_.size()); }
   /// `index` from 0 to Count() - 1, else RuntimeError.
   const std::string& Item(int index) const;
   int ItemData(int index) const;
   const std::string& ItemToolTip(int index) const;
   void SetItemToolTip(int index, const std::string& text);
+  /// What stands beside a row's text and is no part of it.
+  const std::string& ItemNote(int index) const;
+  void SetItemNote(int index, const std::string& text);
   /// -1: nothing is selected.
   int ListIndex() const { return listIndex_; }
   /// From -1 to Count() - 1, else RuntimeError. A change raises Clicked, unless it takes the selection away.
@@ -208,11 +243,21 @@ class ListBox : public Control {
   std::string Text() const;
   /// Grows with every change of the rows, so that a view knows when to fill itself again.
   int Revision() const { return revision_; }
+  /// The same for notes and tool tips of the rows.
+  int NoteRevision() const { return noteRevision_; }
   Event<> Clicked;
   Event<> DoubleClicked;
+  /// The user has picked the row that is selected already.
+  Event<> ClickedAgain;
+  /// The rows of a drop-down list are about to be shown to the user, and have been put away.
+  Event<> DropDown;
+  Event<> CloseUp;
 
   /// The user picks a row; it must be there.
   void Select(int index);
+  /// The user opens the drop-down list; whoever shows it closes it.
+  void Open();
+  void Close() { CloseUp.Raise(); }
   /// A click on the row and, unless its handler has taken the list away, another one.
   void DoubleClick(int index);
 
@@ -221,12 +266,14 @@ class ListBox : public Control {
     std::string text;
     int data = 0;
     std::string toolTip;
+    std::string note;
   };
   const Row& At(int index) const;
 
   std::vector<Row> items_;
   int listIndex_ = -1;
   int revision_ = 0;
+  int noteRevision_ = 0;
 };
 
 struct SliderRange {
@@ -262,18 +309,6 @@ class Slider : public Control {
   int value_;
 };
 
-/// A named picture of the artwork; an empty name shows nothing.
-class Picture : public Control {
- public:
-  Picture(Form& form, std::string name, std::string image = {})
-      : Control(form, std::move(name), ControlKind::Picture), image_(std::move(image)) {}
-  const std::string& Image() const { return image_; }
-  void SetImage(const std::string& image) { Assign(image_, image); }
-
- private:
-  std::string image_;
-};
-
 class Lamp : public Control {
  public:
   enum class State { Off, Green, Yellow, Red, Orange };
@@ -306,8 +341,12 @@ class ConnectorLine : public Control {
   ConnectorLine(Form& form, std::string name) : Control(form, std::move(name), ControlKind::ConnectorLine) {}
   Colour BorderColor() const { return colour_; }
   void SetBorderColor(Colour colour) { Assign(colour_, colour); }
+  /// Not so: its end hangs loose before the connector.
+  bool Plugged() const { return plugged_; }
+  void SetPlugged(bool plugged) { Assign(plugged_, plugged); }
 
  private:
+  bool plugged_ = true;
   Colour colour_ = 0x808080;
 };
 

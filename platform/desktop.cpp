@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <iterator>
 #include <memory>
 #include <utility>
@@ -23,6 +24,7 @@ void Desktop::ShowForm(Form& form, bool modal) {
   ToFront(form);
   OpenWindow(form, modal);
   TellFront();
+  if (modal) Settled();
 }
 
 // What is modal must not begin anew because the user has read something beside it.
@@ -82,7 +84,10 @@ std::string Desktop::WhatBlocks(const Form& form) const {
 
 class Desktop::BoxOnScreen {
  public:
-  explicit BoxOnScreen(Desktop& desktop) : desktop_(desktop) { desktop_.opened_.push_back({nullptr, true}); }
+  explicit BoxOnScreen(Desktop& desktop) : desktop_(desktop) {
+    desktop_.opened_.push_back({nullptr, true});
+    desktop_.Settled();
+  }
   BoxOnScreen(const BoxOnScreen&) = delete;
   BoxOnScreen& operator=(const BoxOnScreen&) = delete;
   ~BoxOnScreen() {
@@ -112,6 +117,12 @@ bool Desktop::RunDialog(const std::function<bool()>& dialog) {
   return dialog();
 }
 
+double Desktop::SecondsOfDay() const {
+  const std::time_t now = std::time(nullptr);
+  const std::tm* const local = std::localtime(&now);  // there is one thread
+  return local->tm_hour * 3600.0 + local->tm_min * 60.0 + local->tm_sec;
+}
+
 void Desktop::OpenOutside(const std::string& address) {
   if (!OpenAddress(address))
     Ask({.text = "No program of this computer opens " + address + ".", .icon = BoxIcon::Exclamation});
@@ -126,6 +137,7 @@ std::string Desktop::ActiveFormName() const { return Front() == nullptr ? std::s
 void Desktop::Enter(const Task& work) {
   try {
     work();
+    Settled();
   } catch (const RuntimeError& error) {
     // What else goes wrong while the report stands open must not end what the user does there.
     if (!reporting_) ReportError(error);
@@ -141,6 +153,7 @@ void Desktop::ReportError(const RuntimeError& error) {
   if (RescueWork) {
     report.text += "\n\nThe program ends now.  Do you want to save your settings to a file first?";
     report.buttons = BoxButtons::YesNo;
+    report.escapeAccepts = true;
   }
   try {
     if (Ask(report) == BoxAnswer::Yes) RescueWork();

@@ -49,6 +49,10 @@ class Desktop : public EventPump, public Boxes {
   virtual bool ShiftDown() const = 0;
   /// What stands before the decimals of a number where the system's user writes one, UTF-8.
   virtual std::string DecimalSign() const = 0;
+  /// Local time as the clock on the wall shows it, in seconds since midnight.
+  virtual double SecondsOfDay() const;
+  /// Puts a text, UTF-8, where other programs take it from when the user pastes.
+  virtual void CopyText(const std::string& text) = 0;
   virtual TwipSize ScreenSize() const = 0;
   virtual std::filesystem::path ProgramDirectory() const = 0;
   virtual ProgramVersion Version() const = 0;
@@ -78,6 +82,12 @@ class Desktop : public EventPump, public Boxes {
 
   /// Lets the user save what would be lost when the program ends by an error.
   std::function<void()> RescueWork;
+  /// Called at the end of each event's work, at whatever depth, and before a box or a modal window stands
+  /// open: whatever rests on the screen, nothing of the program has changed that this has not seen. It is
+  /// quick, and throws nothing.
+  std::function<void()> EventDone;
+  /// The user has come back from another program.
+  std::function<void()> CameBack;
   /// Runs one event's work. A RuntimeError that leaves it is reported in a box and ends the program; while
   /// that box stands open, a further one is dropped.
   void Enter(const Task& work);
@@ -107,6 +117,9 @@ class Desktop : public EventPump, public Boxes {
     bool modal;
   };
   class BoxOnScreen;
+  void Settled() const {
+    if (EventDone) EventDone();
+  }
   void ToFront(Form& form);
   void TakeOff(const Form& form);
   void TellFront();

@@ -137,6 +137,14 @@ void Form::PressHelpKey() {
   if (UserReaches(nullptr)) desktop_.WantHelp(name_);
 }
 
+bool Form::WouldTake(const std::vector<std::string>& files) const {
+  return Obstacle(nullptr).empty() && TakesFiles(files);
+}
+
+void Form::DropFiles(const std::vector<std::string>& files) {
+  if (TakesFiles(files) && UserReaches(nullptr)) FilesDropped(files);
+}
+
 void CenterOn(const Form& main, Form& dialog) {
   dialog.Move(main.Left() + (main.Width() - dialog.Width()) / 2,
               main.Top() + (main.Height() - dialog.Height()) / 2, true);

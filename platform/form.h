@@ -60,6 +60,11 @@ class Form {
   bool PressKey(char character);
   /// The user asks for help on the window, by F1.
   void PressHelpKey();
+  /// The user drags files over the window: whether it takes them when they fall now. Full paths in UTF-8,
+  /// empty for what is no file of this machine.
+  bool WouldTake(const std::vector<std::string>& files) const;
+  /// They fall. What the window does not take, or no longer, is forgotten.
+  void DropFiles(const std::vector<std::string>& files);
 
   /// What has the focus, or gets it when the window comes to the front.
   Control* FocusedControl() const { return focused_; }
@@ -80,6 +85,9 @@ class Form {
   virtual bool MayClose() { return true; }
   /// Answers PressKey.
   virtual bool KeyPressed(char /*character*/) { return false; }
+  /// Answers WouldTake for a window that the user reaches. Asked at every step of the mouse.
+  virtual bool TakesFiles(const std::vector<std::string>& /*files*/) const { return false; }
+  virtual void FilesDropped(const std::vector<std::string>& /*files*/) {}
 
  private:
   friend class Control;

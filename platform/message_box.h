@@ -16,7 +16,8 @@ struct MessageBox {
   BoxIcon icon = BoxIcon::None;
   std::string title = {};  ///< empty: the program's title
   BoxButtons buttons = BoxButtons::Ok;
-  bool careful = false;  ///< a hasty Enter refuses
+  bool careful = false;        ///< refusing keeps the work: a hasty Enter refuses
+  bool escapeAccepts = false;  ///< accepting keeps the work: Esc and closing the box accept
   bool operator==(const MessageBox&) const = default;
 };
 

@@ -38,8 +38,17 @@ void MSComm::SetPortOpen(bool open) {
     if (open) throw RuntimeError(8005, "The port is already open");
     return;
   }
+  int& refusal = refusals_[static_cast<std::size_t>(commPort_)];
   if (open) {
-    OpenDevice(commPort_);
+    try {
+      OpenDevice(commPort_);
+      refusal = 0;
+    } catch (const RuntimeError& error) {
+      refusal = error.Number();
+      StateChanged.Raise();
+      throw;
+    }
+    ++openings_;
   } else {
     CloseDevice();
     scheduler_.Cancel(std::exchange(lossReport_, 0));
@@ -86,7 +95,9 @@ void MSComm::LineLost() {
   if (blocked_) {
     LineLostLater();
   } else if (open_) {
+    refusals_[static_cast<std::size_t>(commPort_)] = kNotThere;
     SetPortOpen(false);
+    Lost.Raise();
   }
 }
 

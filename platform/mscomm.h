@@ -1,7 +1,10 @@
 // The serial control: one port, its receive buffer and its receive notification.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -13,6 +16,25 @@
 namespace kavr6 {
 
 using Bytes = std::vector<std::uint8_t>;
+
+/// What can be seen of a port without opening it.
+struct PortLook {
+  enum class State { NoDevice, NotThere, There, InUse, NotAllowed, Open };
+  std::string device = {};  ///< what a person calls it, such as "/dev/ttyUSB0"; empty without one
+  State state = State::NoDevice;
+};
+
+/// Somebody is told of devices for as long as it lives. It may be destroyed while it tells.
+class DeviceWatch {
+ public:
+  DeviceWatch() = default;
+  DeviceWatch(const DeviceWatch&) = delete;
+  DeviceWatch& operator=(const DeviceWatch&) = delete;
+  virtual ~DeviceWatch() = default;
+};
+
+/// What is told: that devices come and go and who is allowed to use them; with Users, who does use them too.
+enum class DeviceNews { Devices, Users };
 
 /// A serial port in binary mode.
 ///
@@ -36,9 +58,16 @@ class MSComm {
   const std::string& Settings() const { return settings_; }
   void SetSettings(const std::string& settings) { settings_ = settings; }
   bool PortOpen() const { return open_; }
+  /// How often the port has been opened so far.
+  int Openings() const { return openings_; }
   /// Opening a port that cannot be opened is a RuntimeError whose text is a plain sentence without its full
   /// stop. Opening and closing empty the buffer; closing keeps RThreshold and ParityReplace.
   void SetPortOpen(bool open);
+  /// Number of the error with which this port, 1 to 8, was last refused, or was lost; 0 since it has opened.
+  int Refusal(int number) const { return refusals_[static_cast<std::size_t>(number)]; }
+  static constexpr int kNoPermission = 70;
+  static constexpr int kNotThere = 8002;
+  static constexpr int kInUse = 8005;
   int RThreshold() const { return threshold_; }
   void SetRThreshold(int count) { threshold_ = count; }
   /// Empty: bytes with parity errors are delivered unchanged.
@@ -60,10 +89,24 @@ class MSComm {
   bool WaitBlocking(int count, double limit);
 
   Event<int> OnComm;
-  /// The port has been opened, closed, or lost.
+  /// The port has been opened, closed, lost, or refused.
   Event<> StateChanged;
   /// What a person calls the device behind port `number`, such as "/dev/ttyUSB0"; empty without one.
   virtual std::string DeviceName(int number) const = 0;
+  /// The device of the open port has gone, and the port has been closed for that.
+  Event<> Lost;
+  // What follows is as on a machine that tells nothing of its devices, unless the implementation knows more.
+
+  /// The state of port `number` at this moment. No port is opened for it.
+  virtual PortLook Look(int number) const { return {.device = DeviceName(number)}; }
+  /// Whether the device that was last open under port `number` stands there and can be tried; one that has
+  /// only moved up to that number is another. No port is opened for it.
+  virtual bool DeviceBack(int /*number*/) const { return false; }
+  /// Calls `told` from the event pump whenever something may have changed; rather too often than too seldom,
+  /// never when nothing happens, and at no cost in between.
+  virtual std::unique_ptr<DeviceWatch> WatchDevices(DeviceNews /*news*/, std::function<void()> /*told*/) {
+    return nullptr;
+  }
 
  protected:
   virtual void OpenDevice(int number) = 0;
@@ -87,8 +130,10 @@ class MSComm {
   int commPort_ = 1;
   std::string settings_;
   std::string parityReplace_;
+  std::array<int, 9> refusals_{};
   int threshold_ = 0;
   bool open_ = false;
+  int openings_ = 0;
   Bytes buffer_;
   bool notificationQueued_ = false;
   Scheduler::TaskId notification_ = 0;

@@ -2,12 +2,30 @@
 
 #include <utility>
 
-#include "platform/runtime_error.h"
-
 namespace kavr6 {
 
+struct SimulatedComm::Watch : DeviceWatch {
+  Watch(SimulatedComm& owner, DeviceNews wanted, std::function<void()> tell)
+      : comm(owner), kind(wanted), told(std::move(tell)) {
+    comm.watches_.push_back(this);
+  }
+  ~Watch() override {
+    std::erase(comm.watches_, this);
+    comm.program_.Cancel(news);
+  }
+  void Tell() {
+    comm.program_.Cancel(news);
+    news = comm.program_.Post([tell = told] { tell(); });
+  }
+
+  SimulatedComm& comm;
+  DeviceNews kind;
+  std::function<void()> told;
+  Scheduler::TaskId news = 0;
+};
+
 SimulatedComm::SimulatedComm(Scheduler& program, LineScheduler& line)
-    : MSComm(program), time_(line), line_(line) {
+    : MSComm(program), program_(program), time_(line), line_(line) {
   line_.ToTool = [this](std::uint8_t byte) { Gather(byte); };
   line_.HungUp = [this] { Unplug(); };
 }
@@ -26,18 +44,59 @@ void SimulatedComm::HandOver() {
   HandOut(std::exchange(gathered_, {}));
 }
 
-void SimulatedComm::Unplug() {
+void SimulatedComm::HangUp() {
   // The port may learn of it later.
   DropLine();
   LineLost();
 }
 
+void SimulatedComm::Unplug() {
+  if (const auto port = ports_.find(openPort_); port != ports_.end()) port->second.there = false;
+  TellWatches(DeviceNews::Devices);
+  HangUp();
+}
+
+void SimulatedComm::Plug() {
+  for (auto& [number, port] : ports_) port.there = true;
+  TellWatches(DeviceNews::Devices);
+}
+
+// News of devices are for all who ask, news of their users for some.
+void SimulatedComm::TellWatches(DeviceNews news) {
+  for (Watch* watch : watches_)
+    if (news == DeviceNews::Devices || watch->kind == news) watch->Tell();
+}
+
 void SimulatedComm::Connect(int port, SimulatedDrive* drive) {
   ports_[port] = {drive};
   if (port == openPort_) line_.Connect(drive);
+  TellWatches(DeviceNews::Devices);
 }
 
-void SimulatedComm::Refuse(int port, const std::string& reason) { ports_[port].refusal = reason; }
+void SimulatedComm::Refuse(int port, const std::string& reason, int error) {
+  ports_[port].refusal = RuntimeError(error, reason);
+  TellWatches(DeviceNews::Devices);
+}
+
+PortLook SimulatedComm::Look(int number) const {
+  using enum PortLook::State;
+  const auto port = ports_.find(number);
+  if (port == ports_.end()) return {};
+  const bool open = PortOpen() && number == openPort_;
+  return {DeviceName(number), !port->second.there    ? NotThere
+                              : open                 ? Open
+                              : port->second.refusal ? InUse
+                                                     : There};
+}
+
+bool SimulatedComm::DeviceBack(int number) const {
+  const PortLook::State state = Look(number).state;
+  return state == PortLook::State::There || state == PortLook::State::InUse;
+}
+
+std::unique_ptr<DeviceWatch> SimulatedComm::WatchDevices(DeviceNews news, std::function<void()> told) {
+  return std::make_unique<Watch>(*this, news, std::move(told));
+}
 
 std::string SimulatedComm::DeviceName(int number) const {
   return ports_.contains(number) ? "simulated port " + std::to_string(number) : std::string();
@@ -45,16 +104,18 @@ std::string SimulatedComm::DeviceName(int number) const {
 
 void SimulatedComm::OpenDevice(int number) {
   const auto port = ports_.find(number);
-  if (port == ports_.end())
+  if (port == ports_.end() || !port->second.there)
     throw RuntimeError(8002, "There is no port COM" + std::to_string(number) + " on this machine");
-  if (port->second.refusal) throw RuntimeError(8005, *port->second.refusal);
+  if (port->second.refusal) throw *port->second.refusal;
   openPort_ = number;
+  TellWatches(DeviceNews::Users);
   line_.Connect(port->second.drive);
 }
 
 void SimulatedComm::CloseDevice() {
   openPort_ = 0;
   DropLine();
+  TellWatches(DeviceNews::Users);
 }
 
 void SimulatedComm::DropLine() {

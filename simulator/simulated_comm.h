@@ -1,11 +1,15 @@
 // The tool's end of a simulated serial line.
 #pragma once
 
+#include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/mscomm.h"
+#include "platform/runtime_error.h"
 #include "simulator/simulated_drive.h"
 #include "simulator/simulated_line.h"
 
@@ -24,7 +28,7 @@ class SimulatedComm : public MSComm {
   /// there whenever a port is opened or closed.
   void Connect(int port, SimulatedDrive* drive);
   /// The port exists and cannot be opened, with this text; Connect lifts that.
-  void Refuse(int port, const std::string& reason);
+  void Refuse(int port, const std::string& reason, int error = kInUse);
 
   /// Of each direction the fault armed last counts.
   void Arm(const FaultAt& fault) { line_.Arm(fault); }
@@ -34,10 +38,17 @@ class SimulatedComm : public MSComm {
   void ForgetWritten() { written_.clear(); }
   /// The adapter gathers what comes in for this long, in seconds, and hands it over in one piece.
   void SetLatency(double seconds) { latency_ = seconds; }
-  /// The adapter is pulled out of the machine.
+  /// The adapter of the open port is pulled out of the machine: its port is no longer there.
   void Unplug();
+  /// All adapters that have been pulled out are put back.
+  void Plug();
+  /// An adapter that is there hangs up, as when what it is a part of starts again.
+  void HangUp();
 
   std::string DeviceName(int number) const override;
+  PortLook Look(int number) const override;
+  bool DeviceBack(int number) const override;
+  std::unique_ptr<DeviceWatch> WatchDevices(DeviceNews news, std::function<void()> told) override;
 
  protected:
   void OpenDevice(int number) override;
@@ -50,14 +61,19 @@ class SimulatedComm : public MSComm {
  private:
   struct Port {
     SimulatedDrive* drive = nullptr;
-    std::optional<std::string> refusal = {};
+    std::optional<RuntimeError> refusal = {};
+    bool there = true;
   };
+  struct Watch;
+  void TellWatches(DeviceNews news);
 
   void Gather(std::uint8_t byte);
   void HandOver();
   void DropLine();
 
+  Scheduler& program_;
   LineScheduler& time_;
+  std::vector<Watch*> watches_;  // in the order in which they were asked for
   double latency_ = 0.0;
   Bytes gathered_;
   Scheduler::TaskId handOver_ = 0;

@@ -17,7 +17,11 @@ std::optional<Bytes> GetAlarmHistory(const DriveLine& line) {
   LineHold hold(line, 0);
   line.state.Progress = 0;
   line.comm.Output(kReadHistory);
-  if (hold.Await(AlarmHistory::kCodes * kBytesInACode, ReplyLimit(kReadHistory))) return hold.Read();
+  if (hold.Await(AlarmHistory::kCodes * kBytesInACode, ReplyLimit(kReadHistory))) {
+    line.state.Drive.Heard();
+    return hold.Read();
+  }
+  TellNoAnswer(line);
   line.boxes.Ask({.text = "The drive is not responding to the \"a\" command.  Is it connected to the right "
                           "port and turned on?",
                   .icon = BoxIcon::Question,

@@ -18,6 +18,10 @@ void MenuClearFault(const DriveLine& line, DriveIdentity& identity) {
   Delay(line.pump, kClearPause);
   const Long status = identity.GetServoStatus();
   const bool sticks = status != kNotReported && (status & kStatusAlarm) != 0;
+  // With the port closed nobody has reported anything.
+  if (status != kNotReported && line.comm.PortOpen()) {
+    sticks ? line.state.Drive.FaultStands() : line.state.Drive.FaultCleared();
+  }
   if (sticks) {
     line.boxes.Ask({.text = "The fault will not clear.  Perhaps cycling the power will help."});
   } else {
@@ -40,6 +44,7 @@ void MenuRestore(const DriveLine& line, DriveIdentity& identity) {
     line.state.CommandActive = true;
     PauseBeforeCommand(line);
     line.comm.Output(kRestoreFactory);
+    if (line.comm.PortOpen()) line.state.Drive.Restored();
     Delay(line.pump, kRestorePause);
     identity.CheckDrive();
   }

@@ -80,8 +80,8 @@ void ExecStatus::HoldInFrames() {
 void ExecStatus::WireButtons() {
   for (int i = 0; i < kOutputs; ++i) {
     const auto force = [this, &words = kOutputWords[static_cast<std::size_t>(i)]](std::string_view level) {
-      if (!words.function.empty()) Send(std::string(words.function) + NumberText(kNotUsed));
-      Send(std::string(level).append(words.name));
+      if (!words.function.empty()) Change(std::string(words.function) + NumberText(kNotUsed));
+      Change(std::string(level).append(words.name));
     };
     HI[i].Clicked.Set([force] { force("IH"); });
     LO[i].Clicked.Set([force] { force("IL"); });

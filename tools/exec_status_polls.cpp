@@ -14,6 +14,7 @@ namespace {
 
 constexpr double kAnswerLimit = 0.5;  // seconds
 constexpr std::size_t kWordDigits = 4;
+constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 
 /// Drives that tell of the first inputs and outputs as well.
 bool HasFirstTerminals(int model) {
@@ -130,7 +131,11 @@ void ExecStatus::MonitorStatus() {
 
 void ExecStatus::MonitorAlarms() {
   Poll("AL", "AL=", [this](std::string_view buffer) {
-    const unsigned word = HexNumber(Behind(buffer, "AL=").substr(0, kWordDigits));
+    const std::string_view digits = Behind(buffer, "AL=").substr(0, kWordDigits);
+    const unsigned word = HexNumber(digits);
+    // What has been damaged on the way neither raises an alarm nor ends one.
+    if (digits.size() == kWordDigits && digits.find_first_not_of(kHexDigits) == std::string_view::npos)
+      line_.state.Drive.Alarm(static_cast<int>(word));
     for (int bit = 0; bit < kLamps; ++bit)
       AlarmLED[bit].SetLight((word >> bit & 1U) != 0 ? kAlarms[static_cast<std::size_t>(bit)].lit
                                                      : Lamp::State::Off);

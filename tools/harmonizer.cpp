@@ -132,9 +132,9 @@ void Harmonizer::StartClick() {
   // Like a move of the user's: the speed goes out here already when the slider stood elsewhere.
   ShowStep(kSpeed, kFirstSpeed);
   lblParam.SetCaption(SpeedText(ParamSlider.Value()));
-  Send("CC" + parts_.txtDriveCurrent.Text());
-  Send("CM10");
-  Send("JS" + lblParam.Caption());
+  Change("CC" + parts_.txtDriveCurrent.Text());
+  Change("CM10");
+  Change("JS" + lblParam.Caption());
   Send("CJ");
   NextDone.SetEnabled(true);
 }
@@ -206,7 +206,7 @@ void Harmonizer::SliderChange() {
 void Harmonizer::SliderScroll() {
   lblParam.SetCaption(StepSpeed ? SpeedText(ParamSlider.Value()) : NumberText(Long{ParamSlider.Value()}));
   const std::string letters = StepSpeed ? "CS" : StepGain ? "HG" : "HP";
-  Send(letters + lblParam.Caption());
+  Change(letters + lblParam.Caption());
   if (!line_.comm.PortOpen()) AnswerDue();
 }
 
@@ -220,6 +220,8 @@ void Harmonizer::ProcessChar(std::uint8_t byte) {
 
 void Harmonizer::AnswerPowerUp() {
   line_.comm.Output(kTakeUpText);
+  line_.state.Drive.Restarted(RevisionOf(static_cast<unsigned char>(PowerUpText[1])),
+                              static_cast<unsigned char>(PowerUpText[2]));
   PowerUpText.erase(0, kMessageSize);
   Send("PR1");
   // A timer and no wait in here: of a flood of announcements each would wait inside the one before. The last
@@ -244,11 +246,11 @@ void Harmonizer::SaveCM() {
   const Unheard unheard(line_.comm);
   const Long mode = ReadNumber("CM").value_or(kControlPointToPoint);
   SavedControlMode = static_cast<Integer>(std::in_range<Integer>(mode) ? mode : kControlPointToPoint);
-  Send("CM" + NumberText(kControlPointToPoint));
+  Change("CM" + NumberText(kControlPointToPoint));
 }
 
 void Harmonizer::RestoreCM() {
-  if (SavedControlMode) Send("CM" + NumberText(Long{*SavedControlMode}));
+  if (SavedControlMode) Change("CM" + NumberText(Long{*SavedControlMode}));
 }
 
 std::optional<Long> Harmonizer::ReadNumber(std::string_view letters) {

@@ -21,6 +21,7 @@ LiveTool::LiveTool(const DriveLine& line, Desktop& desktop, std::string name)
 
 void LiveTool::Take(std::uint8_t byte) {
   NothingDue();
+  line_.state.Drive.Heard();
   ProcessChar(byte);
 }
 
@@ -29,6 +30,11 @@ void LiveTool::LeaveLine() {
 }
 
 void LiveTool::Send(std::string_view letters) { line_.comm.Output(std::string(letters) + kReturn); }
+
+void LiveTool::Change(std::string_view letters) {
+  line_.state.Drive.ForgetImage();
+  Send(letters);
+}
 
 void LiveTool::AnswerDue(double since) {
   if (SilenceClock.Enabled()) return;
@@ -42,6 +48,7 @@ void LiveTool::NothingDue() {
 }
 
 void LiveTool::ShowSilence() {
+  TellNoAnswer(line_);
   const auto seconds = static_cast<long>(Desk().Now() - dueSince_ + kTolerance);
   Silence.SetCaption(line_.comm.PortOpen()
                          ? "No answer from the drive since " + std::to_string(seconds) + " s"

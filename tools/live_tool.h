@@ -37,6 +37,8 @@ class LiveTool : public Form {
 
   /// Writes letters and the carriage return that ends a command.
   void Send(std::string_view letters);
+  /// The same with letters that change what the drive goes by.
+  void Change(std::string_view letters);
   /// An answer is due from now on, or from a time that has passed, unless one has been due already.
   void AnswerDue() { AnswerDue(Desk().Now()); }
   void AnswerDue(double since);

@@ -23,6 +23,7 @@ bool PowerUpCapture::Take(std::uint8_t byte) {
 void AnswerPowerUp(const DriveLine& line, std::uint8_t revision, std::uint8_t model) {
   if (model < kFirstSilentModel) line.comm.Output(kTakeUpText);
   line.boxes.Beep();
+  line.state.Drive.Restarted(RevisionOf(revision), model);
   line.state.DriveVersion = ShownRevision(RevisionOf(revision), {});
 }
 

@@ -42,6 +42,7 @@ void ServoFault::ShowRedBoxes(int alarm) {
 // alarm that comes during the pause go out with the others. The menu command does ask.
 void ServoFault::ClearFaultClick() {
   line_.comm.Output(kClearAlarmAndEnable);
+  if (line_.comm.PortOpen()) line_.state.Drive.ClearSent();
   Delay(line_.pump, kClearPause);
   ClearRedBoxes();
   Desk().Ask({.text = "The fault has been cleared."});

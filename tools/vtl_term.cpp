@@ -102,6 +102,7 @@ void VTLterm::SendLine() {
   const std::string text = CommandText.Text();
   PendingCommand += text;
   line_.comm.Output(CharacterCodes(text));  // the line's end is part of the text
+  line_.state.Drive.ForgetImage();
   AnswerDue();
   CheckIdle();
   memory_.Remember(text);
@@ -124,7 +125,7 @@ void VTLterm::DoPowerUp(const std::string& text) {
   const auto byte = [&text](std::size_t place) { return static_cast<std::uint8_t>(text.at(place)); };
   Record("{" + ThreeDigits(byte(0)) + "-" + ThreeDigits(byte(1)) + "-" + ThreeDigits(byte(2)) + "}\r\n");
   AnswerPowerUp(line_, byte(1), byte(2));
-  if (std::ranges::count(kFirstRowModels, byte(2)) > 0) line_.state.ModelIndex = kFirstModelRow;
+  if (std::ranges::count(kFirstRowModels, byte(2)) > 0) line_.state.SelectModelOfDrive(kFirstModelRow);
 }
 
 void VTLterm::Record(const std::string& text, bool own) {

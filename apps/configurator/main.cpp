@@ -10,11 +10,13 @@
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/qt/windows/forms.h"
 #include "adapters/qt/windows/qt_desktop.h"
+#include "adapters/qt/windows/style/program_style.h"
 #include "adapters/sqlite/sqlite_table.h"
 #include "core/program/configurator.h"
 
 int main(int argc, char** argv) {
   using namespace kavr6;
+  style::UseProgramStyle();  // after it, the application would have made another first
   QApplication application(argc, argv);
   QApplication::setApplicationName(kProgramTitle);
   QApplication::setApplicationVersion(KAVR6_VERSION);

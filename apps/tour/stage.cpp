@@ -29,8 +29,8 @@ Stage::Stage(std::filesystem::path folder) : folder_(std::move(folder)) {
   std::filesystem::remove_all(folder_ / "ports");
   std::filesystem::create_directories(folder_);
   for (const auto& old : std::filesystem::directory_iterator(folder_))
-    if (old.path().extension() == ".png" || old.path().extension() == ".csv")
-      std::filesystem::remove(old.path());
+    for (const char* left : {".png", ".csv", ".cnf"})
+      if (old.path().extension() == left) std::filesystem::remove(old.path());
   log_.open(folder_ / "tour.log");
   QObject::connect(&dialogTimer_, &QTimer::timeout, [this] { LookForDialog(); });
   dialogTimer_.start(kPollMs);
@@ -191,8 +191,8 @@ void Stage::AnswerPrintDialog(QPrintDialog& dialog) {
 
 void Stage::Picture(QWidget& window, const std::string& name) {
   ++pictures_;
-  const std::string number = (pictures_ < 10 ? "0" : "") + std::to_string(pictures_);
-  const std::filesystem::path file = folder_ / (number + "-" + name + ".png");
+  const std::string number = numbered_ ? (pictures_ < 10 ? "0" : "") + std::to_string(pictures_) + "-" : "";
+  const std::filesystem::path file = folder_ / (number + name + ".png");
   if (!window.grab().save(QString::fromStdString(file.string()))) Fail("cannot write " + file.string());
   Note("   picture: " + file.filename().string());
 }

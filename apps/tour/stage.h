@@ -52,6 +52,8 @@ class Stage {
   void AnswerNextPrintDialog(const std::filesystem::path& name, const std::string& picture = {});
   /// Saves a picture of the window; its file's name begins with a running number.
   void Picture(QWidget& window, const std::string& name);
+  /// From now on the names of pictures have no number.
+  void NameWithoutNumbers() { numbered_ = false; }
   /// Lets events run until `done` holds; the tour fails when that takes longer than `seconds`.
   void WaitFor(const std::function<bool()>& done, double seconds, const std::string& what);
   void Pause(double seconds);
@@ -78,6 +80,7 @@ class Stage {
   std::ofstream log_;
   int steps_ = 0;
   int pictures_ = 0;
+  bool numbered_ = true;
   std::deque<BoxToCome> boxes_;
   std::deque<FileToCome> files_;
   std::deque<FileToCome> prints_;

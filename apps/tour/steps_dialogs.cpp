@@ -34,6 +34,7 @@ void Tour::SetHostCommands() {
   stage_.Step("Motion: host commands, first with pulses, then without");
   QWidget& host = OpenFromMenu("VTLmode", "VTLdialog");
   stage_.Type(host, "ListCM", "7");
+  stage_.Pause(0.1);  // the window becomes as high as its contents
   stage_.Picture(host, "host-commands-pulses");
   stage_.Pause(0.6);  // what is typed sooner is searched for together
   stage_.Type(host, "ListCM", "21");

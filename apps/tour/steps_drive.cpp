@@ -55,9 +55,10 @@ void Tour::LoseTheLine() {
 }
 
 void Tour::FindItAgain() {
-  stage_.Step("The line is plugged in again: another port is refused, the program returns to COM1");
+  stage_.Step(
+      "The line is plugged in again and opened; another port is refused, the program returns to COM1");
   drive_.Order("plug");
-  stage_.Pause(0.3);
+  stage_.WaitFor([this] { return comm_.PortOpen(); }, 1.0, "the port to be opened again");
   // Whatever ports this machine has, COM2 is none of them.
   std::filesystem::create_symlink("no-such-device", stage_.Folder() / "ports" / "COM2");
   stage_.AnswerNextBox("COM port 2 is not available.", QMessageBox::Ok, "port-refused");
@@ -65,7 +66,7 @@ void Tour::FindItAgain() {
   stage_.Check(comm_.PortOpen() && program_.state.CommNumber == 1, "COM1 is open again");
   stage_.Pause(0.3);
   stage_.Click(Main(), "Upload");
-  stage_.Check(program_.Main.StatusDrive.Caption().starts_with("Last heard: KAVR6-Bx"),
+  stage_.Check(program_.Main.StatusDrive.Caption().starts_with("KAVR6-Bx answers"),
                "the drive is heard: " + program_.Main.StatusDrive.Caption());
 }
 

@@ -1,7 +1,6 @@
 #include "apps/tour/tour.h"
 
-#include <QApplication>
-#include <QPalette>
+#include <QCoreApplication>
 
 #include "adapters/qt/windows/forms.h"
 
@@ -54,60 +53,9 @@ void Tour::Start() {
   stage_.Pause(0.2);
   stage_.Check(Main().windowTitle().startsWith("KAVR6 Configurator  V"),
                "the title names the program and its version");
-  stage_.Check(program_.Main.StatusPort.Caption().starts_with("COM1"), "COM1 is open");
+  stage_.Check(program_.Main.StatusLine.Caption().starts_with("COM1 open"), "COM1 is open");
   stage_.Check(program_.Main.Summary.Text(0, 0) == "Motor:", "the grid waits for its first section");
   stage_.Picture(Main(), "main-screen");
-}
-
-void Tour::ShowDark() {
-  stage_.Step("The same in a dark palette");
-  QPalette dark(QColor(45, 45, 48));
-  dark.setColor(QPalette::Base, QColor(30, 30, 32));
-  for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-    dark.setColor(QPalette::Disabled, role, QColor(120, 120, 124));
-  QApplication::setPalette(dark);
-  LookAtWindows("dark");
-}
-
-/// A picture of each window that opens from the main screen.
-void Tour::LookAtWindows(const std::string& suffix) {
-  stage_.Pause(0.1);
-  stage_.Picture(Main(), "main-" + suffix);
-  program_.ModeMenu.Show();
-  stage_.Picture(stage_.Window("MotionMenu"), "motion-menu-" + suffix);
-  program_.ModeMenu.Hide();
-  for (Form* form : std::initializer_list<Form*>{&program_.LastAlarms, &program_.FaultPopup}) {
-    form->Show();
-    stage_.Pause(0.05);
-    stage_.Picture(stage_.Window(form->Name()), form->Name() + "-" + suffix);
-    form->Hide();
-  }
-  program_.StatusMonitor.Show();
-  stage_.Pause(2.0);
-  stage_.Picture(stage_.Window("ExecStatus"), "status-monitor-" + suffix);
-  program_.StatusMonitor.OK.Click();
-  for (SetupDialog* dialog : std::initializer_list<SetupDialog*>{
-           &program_.MotorSetup, &program_.CustomMotorSetup, &program_.PulseDirSetup, &program_.VelocitySetup,
-           &program_.AdvancedSetup, &program_.VTLSetup, &program_.IOSetup, &program_.EncoderSetup,
-           &program_.RegenSetup}) {
-    dialog->Open();
-    stage_.Pause(0.05);
-    stage_.Picture(stage_.Window(dialog->Name()), dialog->Name() + "-" + suffix);
-    dialog->Cancel.Click();
-  }
-  Form* const references[] = {&program_.Terminal, &program_.Commands, &program_.Commands.MRcodes,
-                              &program_.Commands.MoveCalculator, &program_.Help};
-  for (Form* form : references) {
-    form->Show();
-    stage_.Pause(0.1);
-    stage_.Picture(stage_.Window(form->Name()), form->Name() + "-" + suffix);
-    form->Hide();
-  }
-  program_.SmoothingWizard.Show();
-  program_.SmoothingWizard.Start.Click();
-  stage_.Pause(0.05);
-  stage_.Picture(stage_.Window("Harmonizer"), "Harmonizer-" + suffix);
-  program_.SmoothingWizard.Cancel.Click();
 }
 
 }  // namespace kavr6

@@ -28,7 +28,10 @@ class TourDesktop : public QtDesktop {
 class Tour {
  public:
   explicit Tour(Stage& stage);
+  /// The main job, step by step.
   void Play();
+  /// A picture of every window and of a box of each kind, always under the same names.
+  void Photograph();
 
  private:
   QWidget& Main() { return stage_.Window("MainForm"); }
@@ -36,7 +39,6 @@ class Tour {
   QWidget& OpenBy(const char* picture, const char* form);
 
   void Start();
-  void LookAtWindows(const std::string& suffix);
   // steps_setup.cpp
   void ChooseMotor();
   void DefineMotor();
@@ -69,7 +71,11 @@ class Tour {
   void FindItAgain();
   void ReadHelp();
   void ShowCredits();
+  // gallery.cpp
   void ShowDark();
+  void LookAtWindows(const std::string& suffix);
+  void LookAtBoxes();
+  void LookAt(Form& form, const std::string& suffix);
 
   Stage& stage_;
   DriveProgram drive_;

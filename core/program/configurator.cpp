@@ -14,8 +14,9 @@ Configurator::Configurator(const Machine& machine)
       identity(line),
       transfers({line, settings, identity, motorTable, limits}),
       Files({machine.desktop, state, settings, motorTable, machine.files}),
+      watch({machine.desktop, state, settings, motorTable, Files}),
       Main(machine.desktop, {state, settings, machine.comm, ports, receive, identity, limits, MotorSetup,
-                             IOSetup, summary, Files}),
+                             IOSetup, summary, Files, watch}),
       summary({Main.Summary,
                {Main.MotorLine1, Main.MotorLine2, Main.MotionLine, Main.RegenLine1, Main.RegenLine2,
                 Main.IOLine, Main.EncoderLine},
@@ -43,12 +44,14 @@ Configurator::Configurator(const Machine& machine)
                              MotorSetup.txtDriveCurrent}),
       Splash(machine.desktop, state, Main),
       Credits(machine.desktop, state),
-      Help(Main, state) {
+      Help(Main, state),
+      LastEvents(Main, state.Happened) {
   WireTransfers();
   WireFiles();
   WireSetupDialogs();
   WireTools();
   WireHelp();
+  WireStatus();
   Main.Openers.About = [this] { Credits.Run(); };
   machine.desktop.RescueWork = [this] { Files.RescueSettings(); };
 }
@@ -130,6 +133,18 @@ void Configurator::WireHelp() {
   for (SetupDialog* dialog : dialogs) TellFields(*dialog);
   for (Form* form : told) TellFields(*form);
   Main.Desk().HelpWanted = [this](const std::string& where) { Help.ShowForKey(where); };
+}
+
+void Configurator::WireStatus() {
+  Desktop& desk = Main.Desk();
+  state.Happened.Clock = [&desk] { return desk.SecondsOfDay(); };
+  state.Happened.Changed.Set([this] {
+    Main.ShowLastEvent();
+    LastEvents.Follow();
+  });
+  desk.EventDone = [this] { watch.Look(); };
+  desk.CameBack = [this] { watch.CompareSoon(); };
+  Main.Openers.Events = [this] { LastEvents.Show(); };
 }
 
 // The dialogs whose OK a download presses first, as the user would, where they are open; in this order. Those

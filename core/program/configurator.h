@@ -6,7 +6,9 @@
 #include "config_file/config_files.h"
 #include "core/drive_state.h"
 #include "core/program/about.h"
+#include "core/program/event_list.h"
 #include "core/program/main_form.h"
+#include "core/program/settings_watch.h"
 #include "core/program/start_form.h"
 #include "core/settings.h"
 #include "dialogs/advanced_settings.h"
@@ -66,6 +68,7 @@ class Configurator {
   DriveIdentity identity;
   Transfers transfers;
   ConfigFiles Files;
+  SettingsWatch watch;
 
   MainForm Main;
   Summarizer summary;
@@ -90,6 +93,7 @@ class Configurator {
   StartForm Splash;
   About Credits;
   HelpScreen Help;
+  EventList LastEvents;
 
  private:
   SetupParts Setup() { return {Main, state, settings}; }
@@ -98,6 +102,7 @@ class Configurator {
   void WireSetupDialogs();
   void WireTools();
   void WireHelp();
+  void WireStatus();
   void PressOpenOks();
   void RefillOpenDialogs();
   void TakeMotor(const MotorRecord& motor) { AddMotorIfMissing(motorTable, MotorSetup, motor); }

@@ -1,10 +1,13 @@
 #include "core/program/main_form.h"
 
+#include <algorithm>
 #include <array>
+#include <cctype>
 #include <map>
 #include <utility>
 
 #include "core/drive_models.h"
+#include "core/program/status_words.h"
 
 namespace kavr6 {
 namespace {
@@ -16,6 +19,18 @@ constexpr int kStartWidthTwips = 12000;
 constexpr int kStartHeightTwips = 9000;
 constexpr double kDeviceNamesDelay = 0.3;  // seconds
 constexpr char kCtrlT = 20;
+
+/// A shown ampersand is doubled in a caption.
+std::string AsCaption(const std::string& text) {
+  std::string caption;
+  for (const char c : text) caption += c == '&' ? std::string("&&") : std::string(1, c);
+  return caption;
+}
+
+void ShowCell(Label& label, Picture& icon, const StatusCell& cell) {
+  label.SetCaption(AsCaption(cell.words));
+  icon.SetImage(cell.picture);
+}
 
 void Call(const std::function<void()>& opener) {
   if (opener) opener();
@@ -52,6 +67,7 @@ void MainForm::WireButtons() {
     button->Clicked.Set([this, opener = opener] { Call(Openers.*opener); });
   ModelList.Clicked.Set([this] { ModelListClick(); });
   CommList.Clicked.Set([this] { p_.ports.Select(CommList.ListIndex()); });
+  CommList.ClickedAgain.Set([this] { p_.ports.SelectAgain(); });
   Summary.DoubleClicked.Set([this](int row) {
     const std::map<SummaryRow, ImageButton*> buttons{{kMotorRow, &Motor},
                                                      {kMotionRow, &Motion},
@@ -60,7 +76,8 @@ void MainForm::WireButtons() {
                                                      {kEncoderRow, &Encoder}};
     if (const auto section = SectionOf(row)) buttons.at(*section)->Press();
   });
-  for (HotSpot* spot : {&HSACPower, &HSdomelabel, &HSencoder, &HSinout1, &HSinout2, &HSled, &HSrs485}) {
+  for (HotSpot* spot :
+       {&HSACPower, &HSdomelabel, &HSencoder, &HSinout1, &HSinout2, &HSled, &HSmotor, &HSregen, &HSrs485}) {
     spot->Clicked.Set([this, spot] {
       if (Openers.HelpOn) Openers.HelpOn(*spot);
     });
@@ -96,27 +113,21 @@ void MainForm::WireMenus() {
     });
     greyWithoutOpener_.emplace_back(command.item, command.opener);
   }
+  MoreEvents.Clicked.Set([this] { Call(Openers.Events); });
   MenuExit.Clicked.Set([this] { Leave(); });
 }
 
 void MainForm::FollowState() {
-  p_.comm.StateChanged.Set([this] {
-    NameDevicesSoon();
-    ShowPortStatus();
-  });
-  state_.CommNumber.Changed.Set([this] { ShowPortStatus(); });
+  p_.comm.StateChanged.Set([this] { PortChanged(); });
+  state_.CommNumber.Changed.Set([this] { ShowLine(); });
+  state_.Drive.Changed.Set([this] { ShowStatus(); });
+  p_.watch.Compared.Set([this] { ShowStatus(); });
   state_.CommIndex.Changed.Set([this] { CommList.SetListIndex(state_.CommIndex); });
   state_.ModelIndex.Changed.Set([this] { ModelList.SetListIndex(state_.ModelIndex); });
-  state_.DspRev.Changed.Set([this] { ShowDriveStatus(); });
-  state_.DriveModelCode.Changed.Set([this] { ShowDriveStatus(); });
-  state_.DriveVersion.Changed.Set([this] {
-    DriveVersion.SetCaption(state_.DriveVersion);
-    ShowDriveStatus();
-  });
+  state_.DriveVersion.Changed.Set([this] { DriveVersion.SetCaption(state_.DriveVersion); });
   state_.Progress.Changed.Set([this] { ProgBar.SetFloodPercent(state_.Progress); });
   state_.MotionDesc.Changed.Set([this] { MotionDesc.SetCaption(state_.MotionDesc); });
   state_.TitleName.Changed.Set([this] { ShowTitle(); });
-  state_.Modified.Changed.Set([this] { ShowSettingsStatus(); });
 }
 
 void MainForm::Load() {
@@ -141,10 +152,9 @@ void MainForm::Load() {
   p_.motorDialog.EnsureLoaded();
   motorsLoaded_ = true;
   p_.summary.SummaryInit();
-  Motion.Focus();
-  ShowPortStatus();
-  ShowDriveStatus();
-  ShowSettingsStatus();
+  Motor.Focus();
+  ShowLine();
+  ShowStatus();
 }
 
 void MainForm::StartSharedValues() {
@@ -174,6 +184,7 @@ void MainForm::LoadCommList() {
 
 void MainForm::ModelListClick() {
   state_.ModelIndex = ModelList.ListIndex();
+  state_.Drive.ListMoved(false);  // where it was the drive, that follows
   ShowModeName(state_, p_.settings);
   // The limits need a motor. Before the motor table is loaded all currents are 0 and no limit can hold them.
   if (!motorsLoaded_) return;
@@ -187,6 +198,15 @@ bool MainForm::KeyPressed(char character) {
   return true;
 }
 
+bool MainForm::TakesFiles(const std::vector<std::string>& files) const {
+  if (files.size() != 1 || p_.comm.RThreshold() != 1) return false;
+  std::string ending = files[0].substr(files[0].size() - std::min<std::size_t>(files[0].size(), 4));
+  for (char& letter : ending) letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+  return ending == "." + p_.files.SaveFile.DefaultExt;
+}
+
+void MainForm::FilesDropped(const std::vector<std::string>& files) { p_.files.OpenChosen(files[0]); }
+
 bool MainForm::MayClose() {
   Leave();
   return false;
@@ -198,21 +218,38 @@ void MainForm::Leave() {
         {.text = "You have made changes without Saving or Downloading.  Do you really want to quit?",
          .icon = BoxIcon::Question,
          .title = "Quit",
-         .buttons = BoxButtons::OkCancel});
+         .buttons = BoxButtons::OkCancel,
+         .careful = true});
     if (answer != BoxAnswer::Ok) return;
   }
   Desk().EndProgram(0);
 }
 
-void MainForm::ShowPortStatus() {
-  const std::string port = "COM" + std::to_string(state_.CommNumber);
-  if (!p_.comm.PortOpen()) {
-    StatusPort.SetCaption("No port open");
-    return;
+void MainForm::PortChanged() {
+  NameDevicesSoon();
+  ShowLine();
+  if (p_.comm.PortOpen()) {
+    state_.Drive.PortOpened(p_.comm.CommPort());
+  } else {
+    state_.Drive.PortClosed(p_.comm.Refusal(p_.comm.CommPort()) != 0);
   }
-  const std::string device = p_.comm.DeviceName(state_.CommNumber);
-  StatusPort.SetCaption(device.empty() || device == port ? port : port + ": " + device);
 }
+
+void MainForm::ShowStatus() {
+  ShowCell(StatusDrive, DriveIcon, DriveCell(state_, p_.comm.PortOpen()));
+  ShowCell(StatusInDrive, InDriveIcon, InDriveCell(p_.watch.Drive()));
+  ShowCell(StatusInFile, InFileIcon, InFileCell(p_.watch.File()));
+  StatusLamp.SetImage(LampPicture(state_.Drive));
+}
+
+void MainForm::ShowLine() {
+  const bool open = p_.comm.PortOpen();
+  ShowCell(StatusLine, LineIcon, LineCell(p_.comm, state_));
+  PortPlug.SetImage(open ? "PlugIn" : "PlugOut");
+  CommLine.SetPlugged(open);
+}
+
+void MainForm::ShowLastEvent() { LastEvent.SetCaption(AsCaption(state_.Happened.Lines().back())); }
 
 void MainForm::NameDevicesSoon() {
   // Not while the user waits for the main screen or for a port: it takes milliseconds.
@@ -230,25 +267,6 @@ void MainForm::NameDevices() {
 void MainForm::ShowTitle() {
   SetCaption(std::string(kProgramTitle) + "  V" + state_.AppVersion + " - " +
              (state_.TitleName.Get().empty() ? "untitled" : state_.TitleName.Get()));
-}
-
-void MainForm::ShowDriveStatus() {
-  if (state_.DspRev == 0) {
-    StatusDrive.SetCaption("No drive heard");
-    return;
-  }
-  const int index = ModelIndex(state_.DriveModelCode);
-  const std::string model = index >= 0 ? std::string(kDriveModels[static_cast<std::size_t>(index)].name)
-                                       : "Unknown model, code " + std::to_string(state_.DriveModelCode);
-  // The label may still hold, or have lost, what an earlier drive has told.
-  const std::string revision = ShownRevision(state_.DspRev, {});
-  const std::string& shown = state_.DriveVersion;
-  StatusDrive.SetCaption("Last heard: " + model + ", firmware " +
-                         (shown.starts_with(revision) ? shown : revision));
-}
-
-void MainForm::ShowSettingsStatus() {
-  StatusSettings.SetCaption(state_.Modified ? "Settings changed" : "Settings unchanged");
 }
 
 }  // namespace kavr6

@@ -9,6 +9,8 @@
 #include "config_file/config_files.h"
 #include "core/drive_state.h"
 #include "core/program/main_screen.h"
+#include "core/program/port_notes.h"
+#include "core/program/settings_watch.h"
 #include "core/settings.h"
 #include "dialogs/io_dialog.h"
 #include "link/comm_ports.h"
@@ -26,6 +28,7 @@ struct MainFormOpeners {
   std::function<void()> Motion, Motor, Encoder, IO, Regen, Download, Upload;
   std::function<void()> Open, Save, SaveAs, Print, Preview;
   std::function<void()> History, ClearFault, IOStatus, Restore, Terminal, SelfTest;
+  std::function<void()> Events;
   std::function<void()> Contents, ContactUs, WebSite, About;
   std::function<void(const Control& hotSpot)> HelpOn;
 };
@@ -43,10 +46,11 @@ struct MainFormParts {
   IOdialog& ioDialog;
   Summarizer& summary;
   ConfigFiles& files;
+  SettingsWatch& watch;
 };
 
 /// The window "MainForm": the order of the start, dispatch of all buttons and menu commands, the question
-/// before changes are thrown away, and the status line. It shows the drive state as that changes.
+/// before changes are thrown away, and the status strip. It shows the drive state as that changes.
 class MainForm : public MainScreen {
  public:
   MainForm(Desktop& desktop, const MainFormParts& parts);
@@ -55,6 +59,8 @@ class MainForm : public MainScreen {
   /// To be set before the window is loaded.
   MainFormOpeners Openers;
 
+  /// Something has happened.
+  void ShowLastEvent();
   /// Leaves the program, after the question when there are changes; returns when the user stays.
   void Leave();
 
@@ -62,6 +68,9 @@ class MainForm : public MainScreen {
   void Load() override;
   bool MayClose() override;
   bool KeyPressed(char character) override;
+  /// One configuration file, unless a block transfer has the line.
+  bool TakesFiles(const std::vector<std::string>& files) const override;
+  void FilesDropped(const std::vector<std::string>& files) override;
 
  private:
   void StartSharedValues();
@@ -75,15 +84,16 @@ class MainForm : public MainScreen {
   void ModelListClick();
   void NameDevicesSoon();
   void ShowTitle();
-  void ShowPortStatus();
-  void ShowDriveStatus();
-  void ShowSettingsStatus();
+  void PortChanged();
+  void ShowLine();
+  void ShowStatus();
 
   MainFormParts p_;
   DriveState& state_;
   bool motorsLoaded_ = false;
   std::vector<std::pair<MenuItem*, std::function<void()> MainFormOpeners::*>> greyWithoutOpener_;
   Scheduler::TaskId namingDevices_ = 0;
+  PortNotes portNotes_{CommList, p_.comm};
 };
 
 }  // namespace kavr6

@@ -38,6 +38,8 @@ class MainScreen : public Form {
   HotSpot HSinout1{*this, "HSinout1"};
   HotSpot HSinout2{*this, "HSinout2"};
   HotSpot HSled{*this, "HSled"};
+  HotSpot HSmotor{*this, "HSmotor"};
+  HotSpot HSregen{*this, "HSregen"};
   HotSpot HSrs485{*this, "HSrs485"};
 
   ConnectorLine MotorLine1{*this, "MotorLine1"};
@@ -51,9 +53,20 @@ class MainScreen : public Form {
   ConnectorLine DriveLine1{*this, "DriveLine1"};
   ConnectorLine DriveLine2{*this, "DriveLine2"};
 
-  Label StatusPort{*this, "StatusPort"};
+  Label LastEvent{*this, "LastEvent"};
+  Button MoreEvents{*this, "MoreEvents", "Last Twenty..."};
+
+  Picture LineIcon{*this, "LineIcon"};
+  Label StatusLine{*this, "StatusLine"};
+  Picture DriveIcon{*this, "DriveIcon"};
   Label StatusDrive{*this, "StatusDrive"};
-  Label StatusSettings{*this, "StatusSettings"};
+  Picture InDriveIcon{*this, "InDriveIcon"};
+  Label StatusInDrive{*this, "StatusInDrive"};
+  Picture InFileIcon{*this, "InFileIcon"};
+  Label StatusInFile{*this, "StatusInFile"};
+  /// On the picture of the drive.
+  Picture StatusLamp{*this, "StatusLamp"};
+  Picture PortPlug{*this, "PortPlug"};
 
   MenuItem MenuOpen{*this, "MenuOpen", "Open..."};
   MenuItem MenuSave{*this, "MenuSave", "Save"};

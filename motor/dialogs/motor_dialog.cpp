@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "dialogs/numeric_entry.h"
 #include "motor/dialogs/unit_list.h"
@@ -108,7 +109,13 @@ void MotorDialog::Load() {
 }
 
 void MotorDialog::LoadMotorList() {
-  MotorList.SetItems(table_.PartNumbers());
+  std::vector<std::string> names;
+  std::vector<std::string> ratings;
+  for (const MotorRow& row : table_.Overview()) {
+    names.push_back(row.PartNumber);
+    ratings.push_back(RatingText(row));
+  }
+  MotorList.SetItems(names, ratings);
   if (MotorList.Count() > 0) MotorList.SetListIndex(0);
 }
 

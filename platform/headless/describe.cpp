@@ -29,6 +29,7 @@ void Describe(const ListBox& list, Properties& found) {
     std::string row = Quoted(list.Item(i));
     if (list.ItemData(i) != 0) row += " data " + std::to_string(list.ItemData(i));
     if (!list.ItemToolTip(i).empty()) row += " tip " + Quoted(list.ItemToolTip(i));
+    if (!list.ItemNote(i).empty()) row += " note " + Quoted(list.ItemNote(i));
     found[Printed("row %02d", i)] = row;
   }
 }
@@ -96,6 +97,7 @@ void DescribeKind(const Control& control, Properties& found) {
       break;
     case ControlKind::Button:
       found[""] = Quoted(As<Button>(control).Caption());
+      found["mark"] = Quoted(As<Button>(control).Mark());
       break;
     case ControlKind::ImageButton:
       found[""] = As<ImageButton>(control).Picture();
@@ -105,6 +107,7 @@ void DescribeKind(const Control& control, Properties& found) {
       break;
     case ControlKind::Picture:
       found[""] = As<Picture>(control).Image();
+      found["faded"] = YesNo(As<Picture>(control).Faded());
       break;
     case ControlKind::Lamp:
       found[""] = LightOf(As<Lamp>(control).Light());
@@ -121,6 +124,7 @@ void DescribeKind(const Control& control, Properties& found) {
       break;
     case ControlKind::ConnectorLine:
       found[""] = Colour6(As<ConnectorLine>(control).BorderColor());
+      if (!As<ConnectorLine>(control).Plugged()) found["end"] = "loose";
       break;
     case ControlKind::Chart:
       Describe(As<Chart>(control), found);
@@ -194,13 +198,26 @@ std::string Hex(std::span<const std::uint8_t> bytes) {
   return text;
 }
 
+namespace {
+
+/// What Enter and Esc answer, where there is a choice.
+std::string KeysOf(const MessageBox& box) {
+  if (box.buttons == BoxButtons::Ok) return "";
+  const bool yesNo = box.buttons == BoxButtons::YesNo;
+  const std::string accept = yesNo ? "Yes" : "OK";
+  const std::string refuse = yesNo ? "No" : "Cancel";
+  return ", Enter " + (box.careful ? refuse : accept) + ", Esc " + (box.escapeAccepts ? accept : refuse);
+}
+
+}  // namespace
+
 std::string InWords(const MessageBox& box) {
   static const std::array<std::string, 5> kIcons{"no icon", "critical icon", "question icon",
                                                  "exclamation icon", "information icon"};
   static const std::array<std::string, 3> kButtons{"OK", "OK Cancel", "Yes No"};
   return (box.title.empty() ? "without title" : Quoted(box.title)) + ", " +
          kIcons.at(static_cast<std::size_t>(box.icon)) + ", " +
-         kButtons.at(static_cast<std::size_t>(box.buttons)) + ": " + Quoted(box.text);
+         kButtons.at(static_cast<std::size_t>(box.buttons)) + KeysOf(box) + ": " + Quoted(box.text);
 }
 
 std::string InWords(BoxAnswer answer) {

@@ -32,7 +32,7 @@ std::string NumberOf(float value);
 std::string BytesInWords(std::span<const std::uint8_t> bytes);
 /// "0A FF": two digits a byte.
 std::string Hex(std::span<const std::uint8_t> bytes);
-/// Title, icon and buttons, then the text.
+/// Title, icon, buttons and what Enter and Esc answer, then the text.
 std::string InWords(const MessageBox& box);
 std::string InWords(BoxAnswer answer);
 

@@ -56,6 +56,11 @@ class HeadlessDesktop : public Desktop {
   void Beep() override { ++beeps_; }
   bool ShiftDown() const override { return shift_; }
   std::string DecimalSign() const override { return decimalSign_; }
+  /// The scene begins at eight in the morning.
+  double SecondsOfDay() const override { return 8 * 3600.0 + now_; }
+  void CopyText(const std::string& text) override { copied_ = text; }
+  /// What was copied last.
+  const std::string& Copied() const { return copied_; }
   TwipSize ScreenSize() const override { return screen_; }
   std::filesystem::path ProgramDirectory() const override { return directory_; }
   ProgramVersion Version() const override { return version_; }
@@ -132,6 +137,7 @@ class HeadlessDesktop : public Desktop {
   bool answerAnything_ = false;
   bool recordRefusals_ = false;
   std::vector<std::string> refusals_;
+  std::string copied_;
   int beeps_ = 0;
   bool shift_ = false;
   std::string decimalSign_ = ".";

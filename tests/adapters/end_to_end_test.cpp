@@ -62,7 +62,7 @@ TEST(EndToEnd, DriveThatDiesInATransferIsToldAndServesAfterItsReturn) {
     simulator.waitForFinished();
     simulator.start();
     ASSERT_TRUE(simulator.waitForReadyRead(10000));
-    comm.SetPortOpen(true);
+    EXPECT_TRUE(desktop.PumpEventsUntil([&] { return comm.PortOpen(); }, 1.0)) << "by itself";
     main.Upload.Press();
     EXPECT_DOUBLE_EQ(speed, 12) << "the drive has kept the last whole image";
     EXPECT_EQ(boxes, "");

@@ -40,6 +40,10 @@ struct TestForm : Form {
   bool KeyPressed(char character) override { return character == 20 || character == 'x'; }
   bool MayClose() override { return mayClose; }
   void Load() override { log += "load "; }
+  bool TakesFiles(const std::vector<std::string>& files) const override {
+    return files == std::vector<std::string>{"/a/b.cnf"};
+  }
+  void FilesDropped(const std::vector<std::string>& files) override { log += files[0] + " "; }
   Button OK{*this, "OK", "OK", Button::Role::Default};
   Button Cancel{*this, "Cancel", "Cancel", Button::Role::Cancel};
   TextBox field{*this, "field"};
@@ -86,12 +90,19 @@ TEST_F(QtDesktopTest, BoxShowsItsTextAsItStandsAndAnswersByKeyOrByClosing) {
       {{.text = kText, .buttons = BoxButtons::OkCancel}, Qt::Key_Return, BoxAnswer::Ok},
       {{.text = kText, .buttons = BoxButtons::OkCancel, .careful = true}, Qt::Key_Return, BoxAnswer::Cancel},
       {{.text = kText, .buttons = BoxButtons::YesNo}, Qt::Key_Return, BoxAnswer::Yes},
-      {{.text = kText, .buttons = BoxButtons::YesNo}, closed, BoxAnswer::No}};
+      {{.text = kText, .buttons = BoxButtons::YesNo}, closed, BoxAnswer::No},
+      {{.text = kText, .buttons = BoxButtons::YesNo, .escapeAccepts = true}, Qt::Key_Escape, BoxAnswer::Yes}};
   for (const auto& [asked, key, answer] : cases) {
     WithBox([press = key](QMessageBox& box) {
       EXPECT_EQ(box.text(), "a  <b>&c");
       EXPECT_EQ(box.textFormat(), Qt::PlainText);
       EXPECT_EQ(box.windowTitle(), "The Title");
+      QTest::keyClick(&box, Qt::Key_C, Qt::ControlModifier);
+      EXPECT_EQ(QGuiApplication::clipboard()->text(), box.text());
+      auto* const words = box.findChild<QLabel*>("qt_msgbox_label");
+      words->setSelection(0, 1);
+      QTest::keyClick(words, Qt::Key_C, Qt::ControlModifier);
+      EXPECT_EQ(QGuiApplication::clipboard()->text(), "a");
       if (press == closed) {
         box.close();
       } else {
@@ -254,6 +265,30 @@ TEST_F(QtDesktopTest, CompanionAndWhateverIsModalCanBeUsedBesideEachOther) {
             "beside the modal window: Modal Companion; beside a box above it: Companion; message box; "
             "shown by the box's F1: Companion; the box is gone: Modal Companion; "
             "nothing is modal: Below Companion; ");
+}
+
+TEST_F(QtDesktopTest, FileThatIsTakenIsCopiedAndHandedOverWhenTheDropIsOver) {
+  TestForm form(desktop);
+  form.Show();
+  form.log.clear();
+  const Qt::DropActions all = Qt::MoveAction | Qt::CopyAction;
+  const std::tuple<const char*, Qt::DropActions, bool> cases[] = {{"file:///a/b.cnf", all, true},
+                                                                  {"file:///a/b.cnf", Qt::MoveAction, false},
+                                                                  {"file:///a/b.txt", all, false},
+                                                                  {"http://a/b.cnf", all, false}};
+  for (const auto& [address, offered, taken] : cases) {
+    QMimeData dragged;
+    dragged.setUrls({QUrl(address)});
+    QDragEnterEvent enter(QPoint(5, 5), offered, &dragged, Qt::LeftButton, {});
+    QApplication::sendEvent(desktop.WindowOf(form), &enter);
+    QDropEvent drop(QPointF(5, 5), offered, &dragged, Qt::LeftButton, {});
+    QApplication::sendEvent(desktop.WindowOf(form), &drop);
+    EXPECT_EQ(enter.isAccepted(), taken) << address;
+    EXPECT_EQ(drop.isAccepted() && drop.dropAction() == Qt::CopyAction, taken) << address;
+    EXPECT_EQ(form.log, "");
+    desktop.PumpEvents();
+    EXPECT_EQ(std::exchange(form.log, {}), taken ? "/a/b.cnf " : "");
+  }
 }
 
 TEST_F(QtDesktopTest, AddressesOpenInTheSystemsPrograms) {

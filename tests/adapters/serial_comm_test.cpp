@@ -138,6 +138,80 @@ TEST_F(SerialCommTest, HangUpClosesOnceAndIsForgottenOnceReopened) {
   EXPECT_TRUE(Waiting(4));
 }
 
+TEST_F(SerialCommTest, NewsOfADeviceComeWithItAndOpenNothing) {
+  Open(comm_);
+  int told = 0;
+  const auto watch = comm_.WatchDevices(DeviceNews::Devices, [&] { ++told; });
+  comm_.Output("x");
+  ExpectCalm();
+  EXPECT_EQ(told, 0) << "what this program does is no news";
+  peer_.Unplug();
+  EXPECT_TRUE(pump_.PumpEventsUntil([&] { return told > 0 && !comm_.PortOpen(); }, 2.0));
+  EXPECT_FALSE(comm_.DeviceBack(1));
+  ExpectCalm();
+  told = 0;
+  Plug();
+  EXPECT_TRUE(pump_.PumpEventsUntil([&] { return told > 0; }, 1.0));
+  EXPECT_TRUE(comm_.DeviceBack(1) && !comm_.PortOpen());
+}
+
+TEST_F(SerialCommTest, TerminalOfSomebodyElseUnderTheOldNameIsNotTheDevice) {
+  fs::create_symlink(peer_.Terminal(), links_ / "COM2");
+  Open(comm_, 2);
+  const std::string name = peer_.Terminal();
+  peer_.Unplug();
+  ASSERT_TRUE(pump_.PumpEventsUntil([&] { return !comm_.PortOpen(); }, 2.0));
+  PseudoPort stranger(links_ / "COM3");
+  stranger.Plug();
+  if (stranger.Terminal() != name) GTEST_SKIP() << "the system has given another name";
+  EXPECT_EQ(comm_.Look(2).state, PortLook::State::There);
+  EXPECT_FALSE(comm_.DeviceBack(2));
+  fs::remove(links_ / "COM2");
+  fs::create_symlink(name, links_ / "COM2");
+  EXPECT_TRUE(comm_.DeviceBack(2));
+}
+
+TEST_F(SerialCommTest, FolderOfTheLinksMayComeLater) {
+  const fs::path later = links_ / "not" / "yet";
+  SerialComm comm(pump_, later);
+  int told = 0;
+  const auto watch = comm.WatchDevices(DeviceNews::Devices, [&] { ++told; });
+  fs::create_directories(later);
+  EXPECT_TRUE(pump_.PumpEventsUntil([&] { return told > 0; }, 1.0));
+  told = 0;
+  fs::create_symlink(peer_.Terminal(), later / "COM5");
+  EXPECT_TRUE(pump_.PumpEventsUntil([&] { return told > 0; }, 1.0));
+  EXPECT_EQ(comm.Look(5).state, PortLook::State::There);
+}
+
+TEST_F(SerialCommTest, EightPortsOfWhichFourVanishAreSeenAsTheyAre) {
+  std::vector<std::unique_ptr<PseudoPort>> peers;
+  for (int port = 2; port <= 8; ++port) {
+    peers.push_back(std::make_unique<PseudoPort>(links_ / ("COM" + std::to_string(port))));
+    peers.back()->Plug();
+  }
+  const auto seen = [this] {
+    std::string letters;
+    for (int port = 1; port <= 8; ++port) letters += "-gtuao"[static_cast<int>(comm_.Look(port).state)];
+    return letters;
+  };
+  Open(comm_);
+  EXPECT_EQ(seen(), "ottttttt");
+  bool told = false;
+  const auto watch = comm_.WatchDevices(DeviceNews::Users, [&] { told = true; });
+  SerialComm other(pump_, links_);
+  Open(other, 8);
+  EXPECT_TRUE(pump_.PumpEventsUntil([&] { return told; }, 1.0)) << "the lock file has come";
+  other.SetPortOpen(false);
+  told = false;
+  for (const int port : {0, 2, 4}) peers[static_cast<std::size_t>(port)]->Unplug();
+  fs::create_symlink("/dev/no-such-device", links_ / "COM4");
+  EXPECT_TRUE(pump_.PumpEventsUntil([&] { return told; }, 1.0));
+  const std::string now = seen();
+  for (const auto& [port, state] : {std::pair(1, 'o'), {3, 't'}, {4, 'g'}, {5, 't'}, {7, 't'}, {8, 't'}})
+    EXPECT_EQ(now[static_cast<std::size_t>(port - 1)], state) << port << " in " << now;
+}
+
 TEST_F(SerialCommTest, PeerThatStopsReadingIsNoHangUp) {
   Open(comm_);
   const std::string much(70000, 'z');
@@ -228,10 +302,19 @@ TEST_F(SerialCommTest, RefusalsAreSaidInPlainWords) {
 }
 
 TEST_F(SerialCommTest, DeviceOfAKilledProgramOpensAgain) {
-  if (fork() == 0) _exit(Open(comm_) == "open" ? 0 : 1);
-  int status = -1;
-  wait(&status);
-  EXPECT_EQ(status, 0);
+  int done[2];
+  ASSERT_EQ(pipe(done), 0);
+  const pid_t other = fork();
+  if (other == 0) {
+    const char word = Open(comm_) == "open" ? 'y' : 'n';
+    while (write(done[1], &word, 1) == 1) pause();
+  }
+  char opened = 0;
+  EXPECT_TRUE(read(done[0], &opened, 1) == 1 && opened == 'y');
+  EXPECT_EQ(comm_.Look(1).state, PortLook::State::InUse);
+  kill(other, SIGKILL);
+  waitpid(other, nullptr, 0);
+  EXPECT_EQ(comm_.Look(1).state, PortLook::State::There);
   // Root may open it all the same, so the mark itself is looked at.
   const int terminal = open(peer_.Terminal().c_str(), O_RDWR | O_NOCTTY);
   int exclusive = -1;

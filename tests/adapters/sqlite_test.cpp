@@ -53,7 +53,7 @@ struct Bench {
   /// The rows of the file, without those that are only kept.
   std::string Order() {
     std::string names;
-    for (const std::string& name : MotorTable(access).PartNumbers()) names += name + " ";
+    for (const MotorRow& row : MotorTable(access).Overview()) names += row.PartNumber + " ";
     return names;
   }
 };

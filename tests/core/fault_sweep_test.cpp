@@ -106,7 +106,8 @@ class FaultSweep : public testing::Test {
     scene->comm.SetLatency(0);
     Delay(scene->desktop, 3.0);
     if (!scene->comm.PortOpen()) {
-      scene->main.CommList.Select(1);  // cannot be opened: the program goes back to COM1 and opens that
+      scene->comm.Plug();
+      Delay(scene->desktop, 0.1);
       EXPECT_TRUE(scene->comm.PortOpen());
     }
     scene->drive.StoreImage(ImageOf(good));
@@ -163,6 +164,28 @@ TEST_F(FaultSweep, DownloadEndsRightWhateverHappensToAnyByteOfTheImage) {
       ExpectRecovery();
     }
   }
+}
+
+TEST_F(SceneTest, DeviceThatComesBackInTheMiddleOfABlockGetsNothingOfItsRest) {
+  state.InertiaSet = true;
+  const SimulatedDrive::Image before = scene.drive.StoredImage();
+  scene.desktop.Expect(ExpectedBox{});
+  bool gone = false;
+  state.Progress.Changed.Replace([&] {
+    if (gone || state.Progress < 50) return;
+    gone = true;
+    scene.comm.Unplug();
+    scene.comm.Plug();
+  });
+  main.Download.Click();
+  EXPECT_TRUE(scene.comm.PortOpen());
+  EXPECT_TRUE(Has(scene.desktop.Boxes().back().text, "The download did not work."));
+  const std::string& written = scene.comm.Written();
+  EXPECT_EQ(written.size() - written.find('d'), 1 + 81) << "from the letter to the byte in the middle";
+  EXPECT_EQ(scene.drive.StoredImage(), before);
+  state.Progress.Changed.Replace([] {});
+  main.Download.Click();
+  EXPECT_NE(scene.drive.StoredImage(), before);
 }
 
 class UploadSweep : public FaultSweep {

@@ -49,7 +49,7 @@ struct Box {
 std::set<Box> BoxesOfScenarios() {
   std::set<Box> boxes;
   const QRegularExpression form(
-      R"re(box (?:without title|"(.*?)"), [a-z ]+, (OK|OK Cancel|Yes No): "(.*?)"(?: -> \w+)?$)re",
+      R"re(box (?:without title|"(.*?)"), [a-z ]+, (OK|OK Cancel|Yes No)(?:, Enter \w+, Esc \w+)?: "(.*?)"(?: -> \w+)?$)re",
       QRegularExpression::MultilineOption);
   const QString transcripts = QString::fromStdString(AllOf("tests", ".txt"));
   for (auto found = form.globalMatch(transcripts); found.hasNext();) {

@@ -1,5 +1,8 @@
 #include "tests/support/recorder.h"
 
+#include <set>
+#include <vector>
+
 #include "core/settings_fields.h"
 
 namespace kavr6 {
@@ -17,9 +20,19 @@ std::string ValueOf(const Settings& settings, const SettingsField& field) {
   return std::visit([&](auto member) { return Writer()(settings.*member); }, field);
 }
 
+/// What a table of its own tells of.
+const std::set<std::string> kStrip{"LineIcon",    "StatusLine",    "DriveIcon",  "StatusDrive",
+                                   "InDriveIcon", "StatusInDrive", "InFileIcon", "StatusInFile",
+                                   "StatusLamp",  "PortPlug",      "CommLine",   "LastEvent"};
+
 }  // namespace
 
-Recorder::Recorder(Scene& scene) : scene_(scene), transcript_(scene.desktop), settings_(scene.settings) {
+Recorder::Recorder(Scene& scene, Part part)
+    : part_(part), scene_(scene), transcript_(scene.desktop), settings_(scene.settings) {
+  if (part_ == Part::AllButStrip) WatchScene();
+}
+
+void Recorder::WatchScene() {
   for (Form* form : scene_.Forms()) Watch(*form);
   shared_ = SharedValues();
   rest_ = RestValues();
@@ -91,6 +104,7 @@ void Recorder::Watch(Form& form) {
     Follow(form.Name() + " ", known_[&form], PropertiesOf(form));
   });
   for (Control* control : form.Controls()) {
+    if (kStrip.contains(control->Name())) continue;
     known_[control] = PropertiesOf(*control);
     control->SetView([this, &form, control] {
       const auto* const panel = dynamic_cast<const PercentPanel*>(control);
@@ -146,7 +160,24 @@ void Recorder::LookAtSettings() {
   settings_ = scene_.settings;
 }
 
+void Recorder::TellStrip() {
+  const MainForm& main = scene_.main;
+  const auto cell = [](const Picture& icon, const Label& words) {
+    return "[" + icon.Image() + "] " + words.Caption();
+  };
+  const std::vector<std::string> strip{
+      cell(main.LineIcon, main.StatusLine), cell(main.DriveIcon, main.StatusDrive),
+      cell(main.InDriveIcon, main.StatusInDrive) + "  " + cell(main.InFileIcon, main.StatusInFile),
+      "lamp " + main.StatusLamp.Image() + ", " + main.PortPlug.Image() +
+          (main.CommLine.Plugged() ? ", cable whole" : ", cable loose"),
+      "last: " + main.LastEvent.Caption()};
+  if (strip == strip_) return transcript_.Note("as before");
+  strip_ = strip;
+  for (const std::string& line : strip_) transcript_.Note(line);
+}
+
 void Recorder::Look() {
+  if (part_ == Part::Strip) return;
   if (const std::string front = scene_.desktop.ActiveFormName(); front != front_) {
     front_ = front;
     transcript_.Note("in front: " + (front.empty() ? "no window" : front));
@@ -161,6 +192,7 @@ void Recorder::Step(const std::string& what) {
 }
 
 void Recorder::Rest() {
+  if (part_ == Part::Strip) return TellStrip();
   Look();
   Follow("", rest_, RestValues());
 }

@@ -3,6 +3,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 #include "platform/headless/describe.h"
 #include "platform/headless/transcript.h"
@@ -18,7 +19,9 @@ namespace kavr6 {
 /// and after each event; the reply text and the ring, which change with every byte, when the scene rests.
 class Recorder : public Watcher {
  public:
-  explicit Recorder(Scene& scene);
+  /// All that happens but on the status strip; or the strip alone, whole, whenever the scene rests.
+  enum class Part { AllButStrip, Strip };
+  explicit Recorder(Scene& scene, Part part = Part::AllButStrip);
   Recorder(const Recorder&) = delete;
   Recorder& operator=(const Recorder&) = delete;
   ~Recorder() override;
@@ -42,7 +45,11 @@ class Recorder : public Watcher {
   Properties SharedValues() const;
   Properties RestValues() const;
   void LookAtSettings();
+  void WatchScene();
+  void TellStrip();
 
+  Part part_;
+  std::vector<std::string> strip_;
   Scene& scene_;
   Transcript transcript_;
   std::map<const void*, Properties> known_;         // by form or control

@@ -25,6 +25,16 @@ std::vector<std::string> LinesOf(const std::string& text) {
   return lines;
 }
 
+/// The stretches that begin at the lines "## ...", or the whole text.
+std::vector<std::string> RunsOf(const std::string& text) {
+  std::vector<std::string> runs;
+  for (const std::string& line : LinesOf(text)) {
+    if (runs.empty() || line.starts_with("## ")) runs.emplace_back();
+    runs.back() += line + "\n";
+  }
+  return runs;
+}
+
 std::string WithoutTime(const std::string& line) {
   return line.size() > kTimeColumn && !line.starts_with('#') ? line.substr(kTimeColumn) : "";
 }
@@ -81,11 +91,20 @@ std::string StepsOf(const std::string& heading) {
 }  // namespace
 
 void Scenario::Play(const std::string& path) {
-  Scenario scenario;
-  scenario.path_ = path;
   const std::string expected = ContentOf(path);
-  const std::string text = scenario.TranscriptOf(expected);
-  if (scenario.failed_ || text == expected) return;
+  std::string text;
+  int line = 0;
+  for (const std::string& run : RunsOf(expected)) {
+    Scenario scenario;
+    scenario.path_ = path;
+    scenario.line_ = line;
+    const bool named = run.starts_with("## ");
+    if (named) text += (text.empty() ? "" : "\n") + LinesOf(run).front() + "\n\n";
+    text += scenario.TranscriptOf(run);
+    if (scenario.failed_) return;
+    line = scenario.line_;
+  }
+  if (text == expected) return;
   if (std::getenv("KAVR6_WRITE_TRANSCRIPTS") != nullptr)
     std::ofstream(path.substr(0, path.rfind('.')) + ".got", std::ios::binary) << text;
   ADD_FAILURE_AT(path.c_str(), 1) << "went otherwise, - expected, + got:\n" << Difference(expected, text);
@@ -138,9 +157,9 @@ void Scenario::Do(Words steps) {
   }
 }
 
-void Scenario::Record(const std::string& likeThere) {
+void Scenario::Record(const std::string& likeThere, Recorder::Part part) {
   likeThere_ = likeThere;
-  recorder = std::make_unique<Recorder>(scene);
+  recorder = std::make_unique<Recorder>(scene, part);
 }
 
 Form& Scenario::Window(const std::string& name) {

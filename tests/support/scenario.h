@@ -10,6 +10,8 @@
 
 namespace kavr6 {
 
+/// A file may hold several runs, each below a line that begins with "## ".
+///
 /// Does what the headings of a transcript say and compares what comes of it with the transcript. A heading
 /// holds one or more steps, "# click MainForm.Download; wait 0.5", and may end with a remark in brackets; the
 /// steps are those of the table in steps.cpp. A step that cannot be done fails the test by file and line.
@@ -23,7 +25,7 @@ class Scenario {
   void Do(Words steps);
   /// Begins to write down. With the name of a transcript in the same folder that tells of a whole start, what
   /// goes as there is only counted.
-  void Record(const std::string& likeThere = {});
+  void Record(const std::string& likeThere = {}, Recorder::Part part = Recorder::Part::AllButStrip);
   /// A control by its name, "Form.Control", or "Control" in the window that is in front.
   template <class Kind>
   Kind& The(const std::string& name);

@@ -62,6 +62,7 @@ struct Scene {
             &program.SmoothingWizard,
             &program.Credits,
             &program.Help,
+            &program.LastEvents,
             &program.Terminal,
             &list,
             &list.EFcodes,

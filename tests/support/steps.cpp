@@ -32,6 +32,9 @@ void Start(S s, W w) {
     Delay(s.scene.desktop, 0.5);  // the names of the devices come a little later
     while (w.More()) Click(s, w);
     s.Record();
+  } else if (w.Take("strip")) {  // what follows is what the status strip says
+    s.Record("", Recorder::Part::Strip);
+    s.scene.program.Start();
   } else {
     s.Record(w.Take("like") ? w.Next() : "");
     s.scene.program.Start();
@@ -68,9 +71,10 @@ void Show(S s, W w) {
   const auto show = [&](const Control& control) {
     std::string line = control.Owner().Name() + "." + control.Name() + ":";
     for (const auto& [property, value] : PropertiesOf(control)) {
-      const bool usual = (property == "tip" && value == Quoted(FieldHelp(control))) ||
-                         (property == "enabled" && value == "yes") ||
-                         (property == "visible" && value == "yes");
+      const bool usual =
+          (property == "tip" && value == Quoted(FieldHelp(control))) ||
+          (property == "enabled" && value == "yes") || (property == "visible" && value == "yes") ||
+          (property == "mark" && value == Quoted("")) || (property == "faded" && value == "no");
       if (!usual) line += " " + property + (property.empty() ? "" : " ") + value + ",";
     }
     line.pop_back();
@@ -100,6 +104,15 @@ void Key(S s, W w) {
   Form& form = s.Window(w.Next());
   s.recorder->Note(form.PressKey(static_cast<char>(w.Whole())) ? "the window keeps it"
                                                                : "the control gets it");
+}
+
+/// Files are dragged onto a window and let fall where it takes them.
+void Drop(S s, W w) {
+  Form& form = s.Window(w.Next());
+  std::vector<std::string> files;
+  while (w.More()) files.push_back(w.Next());
+  if (!form.WouldTake(files)) return s.recorder->Note("the window does not take this");
+  form.DropFiles(files);
 }
 
 /// F1 in a window, or in what the desktop names in quotes.
@@ -274,7 +287,8 @@ void Port(S s, W w) {
   if (w.Take("drive")) return s.scene.comm.Connect(port, &s.scene.drive);
   if (w.Take("empty")) return s.scene.comm.Connect(port, nullptr);
   if (w.Take("refuse")) return s.scene.comm.Refuse(port, "Port in use");
-  throw std::runtime_error("neither drive nor empty nor refuse");
+  if (w.Take("forbid")) return s.scene.comm.Refuse(port, "No permission", MSComm::kNoPermission);
+  throw std::runtime_error("neither drive nor empty nor refuse nor forbid");
 }
 
 void Identity(S s, W w) {
@@ -340,11 +354,14 @@ const std::map<std::string, StepDone> kSteps{
     {"line", Line},
     {"enter", Enter},
     {"select", [](S s, W w) { s.The<ListBox>(w.Next()).Select(w.Whole()); }},
+    {"open", [](S s, W w) { s.The<ListBox>(w.Next()).Open(); }},
+    {"closelist", [](S s, W w) { s.The<ListBox>(w.Next()).Close(); }},
     {"scroll", [](S s, W w) { s.The<Slider>(w.Next()).Scroll(w.Whole()); }},
     {"tab", [](S s, W w) { s.The<Control>(w.Next()).TabTo(); }},
     {"press", [](S s, W w) { s.The<ImageButton>(w.Next()).MouseDown(); }},
     {"release", [](S s, W w) { s.The<ImageButton>(w.Next()).MouseUp(); }},
     {"key", Key},
+    {"drop", Drop},
     {"f1", HelpKey},
     {"close", [](S s, W w) { s.Window(w.Next()).RequestClose(); }},
     {"bring", [](S s, W w) { s.Window(w.Next()).Show(); }},  // without a user
@@ -367,7 +384,7 @@ const std::map<std::string, StepDone> kSteps{
     {"afresh", [](S s, W) { InitVars(s.scene.settings); }},
     {"motor", [](S s, W w) { s.scene.program.MotorSetup.SetMotorList(w.Next()); }},
     {"row", [](S s, W w) { s.scene.program.motorTable.Seek(w.Next()); }},
-    {"norow", [](S s, W) { s.scene.program.motorTable.PartNumbers(); }},
+    {"norow", [](S s, W) { s.scene.program.motorTable.Overview(); }},
     {"summarize", [](S s, W) { s.scene.program.summary.SummarizeAll(); }},
     {"status",
      [](S s, W) { s.recorder->Note("it is " + std::to_string(s.scene.program.identity.GetServoStatus())); }},
@@ -375,6 +392,8 @@ const std::map<std::string, StepDone> kSteps{
 
     {"port", Port},
     {"unplug", [](S s, W) { s.scene.comm.Unplug(); }},
+    {"plug", [](S s, W) { s.scene.comm.Plug(); }},
+    {"hangup", [](S s, W) { s.scene.comm.HangUp(); }},
     {"threshold", [](S s, W w) { s.scene.comm.SetRThreshold(w.Whole()); }},
     {"latency", [](S s, W w) { s.scene.comm.SetLatency(w.Number()); }},
     {"fault", Fault},
@@ -387,6 +406,9 @@ const std::map<std::string, StepDone> kSteps{
        s.scene.comm.Script(line, w.Next());
      }},
     {"restart", [](S s, W) { s.scene.drive.Restart(); }},
+    {"refusing", [](S s, W w) { s.scene.drive.SetRefusing(w.YesNo()); }},
+    {"comeback", [](S s, W) { s.scene.desktop.CameBack(); }},  // from another program
+    {"copied", [](S s, W) { s.recorder->Note("copied: " + Quoted(s.scene.desktop.Copied())); }},
     {"silent", [](S s, W w) { s.scene.drive.SetSilent(w.YesNo()); }},
     {"alarm", [](S s, W w) { s.scene.drive.RaiseAlarm(w.Whole()); }},
     {"input", Input},

@@ -40,7 +40,8 @@ class LiveToolSweep : public testing::Test {
     Delay(scene.desktop, 2.0);  // what was held back comes, and the motor has the time to stop
     EXPECT_TRUE(MotorMayRunOn(fault, static_cast<int>(wholeWritten.size())) ||
                 (scene.drive.StatusWord() & StatusMask("Jogging")) == 0);
-    if (!scene.comm.PortOpen()) scene.comm.SetPortOpen(true);
+    scene.comm.Plug();
+    Delay(scene.desktop, 0.1);
     scene.drive.Restart();
     Delay(scene.desktop, 0.5);
     Run();

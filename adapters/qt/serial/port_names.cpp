@@ -3,9 +3,14 @@
 #include <QSerialPortInfo>
 #include <algorithm>
 #include <cctype>
+#include <chrono>
 #include <fstream>
 #include <optional>
 #include <set>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#endif
 
 namespace kavr6 {
 namespace {
@@ -25,6 +30,13 @@ std::optional<std::string> PinnedTo(int number, const fs::path& links) {
 }
 
 #ifndef Q_OS_WIN
+/// The folder, or the nearest one around it that is there.
+fs::path ExistingFolder(fs::path folder) {
+  std::error_code error;
+  while (!fs::is_directory(folder, error) && folder.has_relative_path()) folder = folder.parent_path();
+  return folder;
+}
+
 /// The kernel keeps a row of port names without hardware and marks them with type 0. Reading the mark touches
 /// no port.
 bool HasHardware(const QSerialPortInfo& port) {
@@ -91,12 +103,42 @@ std::string PortNames::Device(int number) const {
 #endif
 }
 
+bool PortNames::Pinned(int number) const {
+  return number == chosen_.first || PinnedTo(number, links_).has_value();
+}
+
+std::string PortNames::LinkMark([[maybe_unused]] int number) const {
+#ifdef Q_OS_UNIX
+  struct stat link {};
+  if (lstat((links_ / ComName(number)).c_str(), &link) == 0)
+    return std::to_string(link.st_ino) + " " + std::to_string(link.st_ctim.tv_sec) + " " +
+           std::to_string(link.st_ctim.tv_nsec);
+#endif
+  return {};
+}
+
+std::vector<fs::path> PortNames::Folders() const {
+#ifdef Q_OS_WIN
+  return {};
+#else
+  std::set<fs::path> folders{ExistingFolder(links_), "/dev"};
+  if (chosen_.first != 0) folders.insert(ExistingFolder(fs::path(chosen_.second).parent_path()));
+  for (int number = 1; number <= kPorts; ++number)
+    if (const auto pinned = PinnedTo(number, links_))
+      folders.insert(ExistingFolder(fs::path(*pinned).parent_path()));
+  return {folders.begin(), folders.end()};
+#endif
+}
+
 const std::vector<std::string>& PortNames::SystemPorts() const {
-  // Listing takes milliseconds; the device folder's time tells whether anything has come or gone since.
+  // Listing takes milliseconds; the device folder's time tells whether anything has come or gone since. Its
+  // clock ticks too slowly to tell what comes right behind something else.
+  constexpr std::chrono::milliseconds kTick(100);
   std::error_code error;
   const auto changed = fs::last_write_time("/dev", error);
-  if (error || changed != listed_) systemPorts_ = ListSystemPorts();
+  if (error || changed != listed_ || !settled_) systemPorts_ = ListSystemPorts();
   listed_ = changed;
+  settled_ = fs::file_time_type::clock::now() - changed > kTick;
   return systemPorts_;
 }
 

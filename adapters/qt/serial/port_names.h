@@ -25,6 +25,13 @@ class PortNames {
   /// The device for port `number` (1 to 8), empty without one. On Windows the port of that name, and no
   /// links.
   std::string Device(int number) const;
+  /// Whether a link, or Use, says which device has that number.
+  bool Pinned(int number) const;
+  /// Another one for each link that is made for that number; empty without a link, and on Windows.
+  std::string LinkMark(int number) const;
+  /// The folders in which a device comes or goes when one does that has a number, or will have one. They are
+  /// there at this moment; none on Windows.
+  std::vector<std::filesystem::path> Folders() const;
   /// From now on this device stands behind that number.
   void Use(int number, const std::string& device) { chosen_ = {number, device}; }
 
@@ -35,6 +42,7 @@ class PortNames {
   std::pair<int, std::string> chosen_;
   mutable std::vector<std::string> systemPorts_;
   mutable std::filesystem::file_time_type listed_{};
+  mutable bool settled_ = false;
 };
 
 }  // namespace kavr6

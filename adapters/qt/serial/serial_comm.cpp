@@ -7,6 +7,8 @@
 #include <thread>
 #include <utility>
 
+#include "adapters/qt/serial/device_locks.h"
+#include "adapters/qt/serial/folder_watch.h"
 #include "adapters/qt/serial/line_settings.h"
 #include "adapters/qt/serial/open_failure.h"
 
@@ -30,6 +32,8 @@ constexpr double kGapSeconds = 0.003;
 constexpr double kRestSeconds = 0.04;
 constexpr int kGoesOnBytes = 24;  // behind a rest
 
+constexpr const char* kPseudoTerminals = "/dev/pts/";
+
 /// The lock that keeps a device from being opened twice goes by the name, so links are resolved first.
 QString WithoutLinks(const std::string& device) {
   const QString name = QString::fromStdString(device);
@@ -42,7 +46,7 @@ QString WithoutLinks(const std::string& device) {
 /// this fault.
 void ShareIfPseudoTerminal([[maybe_unused]] QSerialPort& port, [[maybe_unused]] const QString& name) {
 #ifdef Q_OS_LINUX
-  if (name.startsWith("/dev/pts/")) ioctl(port.handle(), TIOCNXCL);
+  if (name.startsWith(kPseudoTerminals)) ioctl(port.handle(), TIOCNXCL);
 #endif
 }
 
@@ -95,6 +99,37 @@ void SerialComm::OpenDevice(int number) {
   port_.setRequestToSend(true);
   port_.clear();  // what came in before is none of ours
   failuresInARow_ = 0;
+  opened_ = name;
+  openedBy_ = names_.LinkMark(number);
+}
+
+PortLook SerialComm::Look(int number) const {
+  using enum PortLook::State;
+  const std::string device = names_.Device(number);
+  if (device.empty()) return {};
+  const QFileInfo file(WithoutLinks(device));
+  if (PortOpen() && file.filePath() == opened_) return {device, Open};
+  if (file.isAbsolute() && !file.exists()) return {device, NotThere};
+  if (file.isAbsolute() && !(file.isReadable() && file.isWritable())) return {device, NotAllowed};
+  return {device, LockedByAnother(file.filePath().toStdString()) ? InUse : There};
+}
+
+bool SerialComm::DeviceBack(int number) const {
+  const PortLook look = Look(number);
+  if (look.state == PortLook::State::NoDevice || look.state == PortLook::State::NotThere) return false;
+  const QString name = WithoutLinks(look.device);
+  // The name of a pseudo-terminal goes to whoever asks next for one, such as a shell.
+  if (name.startsWith(kPseudoTerminals)) return names_.LinkMark(number) != openedBy_;
+  return names_.Pinned(number) || name == opened_;
+}
+
+std::unique_ptr<DeviceWatch> SerialComm::WatchDevices(DeviceNews news, std::function<void()> told) {
+  const auto folders = [this, news] {
+    std::vector<std::filesystem::path> all = names_.Folders();
+    if (news == DeviceNews::Users) all.push_back(LockFolder());
+    return all;
+  };
+  return std::make_unique<FolderWatch>(scheduler_, folders, std::move(told));
 }
 
 void SerialComm::CloseDevice() {

@@ -27,6 +27,9 @@ class SerialComm : public MSComm {
   /// From now on this device stands behind that port number.
   void UseDevice(int number, const std::string& device) { names_.Use(number, device); }
   std::string DeviceName(int number) const override { return names_.Device(number); }
+  PortLook Look(int number) const override;
+  bool DeviceBack(int number) const override;
+  std::unique_ptr<DeviceWatch> WatchDevices(DeviceNews news, std::function<void()> told) override;
 
  protected:
   void OpenDevice(int number) override;
@@ -45,6 +48,8 @@ class SerialComm : public MSComm {
   Scheduler& scheduler_;
   PortNames names_;
   QSerialPort port_;
+  QString opened_;          // the device that was opened last, without links
+  std::string openedBy_;    // the mark of the link that led to it
   int failuresInARow_ = 0;  // since the opening, without a byte in between
   int unbroken_ = 0;        // bytes that have come in without a gap
   double lastBytes_ = 0.0;

@@ -1,6 +1,9 @@
 #include "adapters/qt/windows/ask.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
+#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
@@ -31,7 +34,7 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
 struct Choice {
   BoxAnswer accept;
   QMessageBox::StandardButton acceptButton;
-  BoxAnswer refuse;  ///< also when the box is closed without a choice
+  BoxAnswer refuse;
   QMessageBox::StandardButton refuseButton;
 };
 
@@ -61,6 +64,29 @@ void WidenText(const QMessageBox& window) {
   label->setMinimumWidth(std::min(std::max(metrics.size(0, window.text()).width() + 1, title), most));
 }
 
+/// Ctrl+C copies what is selected in the text of a box, or all of it.
+class CopyKey : public QObject {
+ public:
+  explicit CopyKey(QMessageBox& window)
+      : QObject(&window), label_(window.findChild<QLabel*>("qt_msgbox_label")), text_(window.text()) {
+    window.installEventFilter(this);
+    if (label_ != nullptr) label_->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress || !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy))
+      return false;
+    const bool some = label_ != nullptr && label_->hasSelectedText();
+    QGuiApplication::clipboard()->setText(some ? label_->selectedText() : text_);
+    return true;
+  }
+
+ private:
+  QLabel* label_;
+  QString text_;
+};
+
 }  // namespace
 
 BoxAnswer ShowMessageBox(const MessageBox& box, QWidget* parent, const std::function<void()>& help) {
@@ -73,10 +99,11 @@ BoxAnswer ShowMessageBox(const MessageBox& box, QWidget* parent, const std::func
   window.setIcon(IconOf(box.icon));
   window.setStandardButtons(choice.acceptButton | choice.refuseButton);
   window.setDefaultButton(box.careful ? choice.refuseButton : choice.acceptButton);
-  window.setEscapeButton(choice.refuseButton);
+  window.setEscapeButton(box.escapeAccepts ? choice.acceptButton : choice.refuseButton);
   // The box knows its size only when it is shown, and not every window manager centres it over a splash.
   window.setWindowModality(Qt::ApplicationModal);
   WidenText(window);
+  new CopyKey(window);
   window.show();
   if (parent != nullptr) window.move(parent->frameGeometry().center() - window.rect().center());
   return window.exec() == choice.acceptButton ? choice.accept : choice.refuse;

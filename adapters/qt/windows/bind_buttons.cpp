@@ -6,6 +6,7 @@
 #include "adapters/qt/windows/bind_kinds.h"
 #include "adapters/qt/windows/widgets/hot_spot.h"
 #include "adapters/qt/windows/widgets/image_button.h"
+#include "adapters/qt/windows/widgets/mark_button.h"
 #include "platform/controls.h"
 
 namespace kavr6 {
@@ -36,7 +37,11 @@ RefreshView BindButton(Control& control, QObject& target, const UserAction& act)
   view->setAutoDefault(false);
   view->setDefault(button.ButtonRole() == Button::Role::Default);
   ConnectClick(button, *view, act);
-  return [&button, view, design = view->text()] { ShowCaption(*view, design, button.Caption()); };
+  auto* const marked = qobject_cast<widgets::MarkButton*>(view);
+  return [&button, view, marked, design = view->text()] {
+    ShowCaption(*view, design, button.Caption());
+    if (marked != nullptr) marked->setMark(ToQt(button.Mark()));
+  };
 }
 
 RefreshView BindImageButton(Control& control, QObject& target, const UserAction& act) {

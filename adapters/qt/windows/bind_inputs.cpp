@@ -2,14 +2,17 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QEvent>
 #include <QListWidget>
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <utility>
 
 #include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/bind_kinds.h"
+#include "adapters/qt/windows/widgets/filter_list.h"
+#include "adapters/qt/windows/widgets/noted_combo.h"
+#include "adapters/qt/windows/widgets/row_notes.h"
 #include "platform/controls.h"
 
 namespace kavr6 {
@@ -23,10 +26,19 @@ void FillRows(W& widget, const ListBox& list) {
   for (int row = 0; row < list.Count(); ++row) rows.append(ToQt(list.Item(row)));
   widget.clear();
   widget.addItems(rows);
-  QAbstractItemModel& model = *widget.model();
+}
+
+/// What stands beside the rows, which themselves stay: the list may be open.
+void FillNotes(QAbstractItemModel& model, const ListBox& list) {
+  const auto show = [&model](int row, const QString& text, int role) {
+    const QModelIndex index = model.index(row, 0);
+    if (index.data(role).toString() != text) model.setData(index, text, role);
+  };
   for (int row = 0; row < list.Count(); ++row) {
-    if (const std::string& toolTip = list.ItemToolTip(row); !toolTip.empty())
-      model.setData(model.index(row, 0), ToQt(toolTip), Qt::ToolTipRole);
+    const QString note = ToQt(list.ItemNote(row));
+    show(row, ToQt(list.ItemToolTip(row)), Qt::ToolTipRole);
+    show(row, note, widgets::kNoteRole);
+    if (!note.isEmpty()) show(row, widgets::spokenRow(ToQt(list.Item(row)), note), Qt::AccessibleTextRole);
   }
 }
 
@@ -44,12 +56,12 @@ void SelectRow(QComboBox& combo, int row) { combo.setCurrentIndex(row); }
 
 template <class W>
 RefreshView ShowList(const ListBox& list, W& widget) {
-  return [&list, &widget, shownRevision = -1]() mutable {
+  return [&list, &widget, shownRevision = -1, shownNotes = 0]() mutable {
     const QSignalBlocker silence(widget);
-    if (shownRevision != list.Revision()) {
-      shownRevision = list.Revision();
-      FillRows(widget, list);
-    }
+    const bool refill = std::exchange(shownRevision, list.Revision()) != list.Revision();
+    if (refill) FillRows(widget, list);
+    if (std::exchange(shownNotes, list.NoteRevision()) != list.NoteRevision() || refill)
+      FillNotes(*widget.model(), list);
     if (SelectedRow(widget) != list.ListIndex()) SelectRow(widget, list.ListIndex());
   };
 }
@@ -60,41 +72,31 @@ RefreshView BindCombo(ListBox& list, QComboBox& combo, const UserAction& act) {
   return ShowList(list, combo);
 }
 
-/// Shades the selected row of a list that does not have the focus: typing there picks another row, so a
-/// person must see where the focus is.
-class FocusShade : public QObject {
- public:
-  explicit FocusShade(QListWidget& view) : QObject(&view), view_(view) {
-    view.installEventFilter(this);
-    Shade(!view.hasFocus());
-  }
+RefreshView BindNotedCombo(ListBox& list, widgets::NotedCombo& combo, const UserAction& act) {
+  QObject::connect(&combo, &widgets::NotedCombo::opens, &combo,
+                   [&list, act] { act([&list] { list.Open(); }); });
+  QObject::connect(&combo, &widgets::NotedCombo::closed, &combo,
+                   [&list, act] { act([&list] { list.Close(); }); });
+  return BindCombo(list, combo, act);
+}
 
- protected:
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
-      Shade(event->type() == QEvent::FocusOut);
-    return false;
-  }
-
- private:
-  void Shade(bool on) {
-    QPalette palette;
-    if (on) {
-      for (const auto group : {QPalette::Active, QPalette::Inactive}) {  // a greyed list looks so itself
-        palette.setColor(group, QPalette::Highlight, palette.color(group, QPalette::Mid));
-        palette.setColor(group, QPalette::HighlightedText, palette.color(group, QPalette::Text));
-      }
-    }
-    view_.setPalette(palette);
-  }
-
-  QListWidget& view_;
-};
+RefreshView BindFilterList(ListBox& list, widgets::FilterList& view, const UserAction& act) {
+  view.follow(list);
+  QObject::connect(&view, &widgets::FilterList::picked, &view,
+                   [&list, act](int row) { act([&list, row] { list.Select(row); }); });
+  QObject::connect(&view, &widgets::FilterList::pickedTwice, &view,
+                   [&list, act](int row) { act([&list, row] { list.DoubleClick(row); }); });
+  // Not as a user's act: the toolkit moves the focus by itself too.
+  QObject::connect(&view, &widgets::FilterList::fieldEntered, &view,
+                   [&list, act] { act([&list] { list.Focus(); }); });
+  QWidget::setTabOrder(view.previousInFocusChain(), &view.field());
+  QWidget::setTabOrder(&view.field(), &view);
+  return [&view] { view.refresh(); };
+}
 
 RefreshView BindListView(ListBox& list, QListWidget& view, const UserAction& act) {
   view.setSelectionMode(QAbstractItemView::SingleSelection);
   view.setEditTriggers(QAbstractItemView::NoEditTriggers);
-  new FocusShade(view);
   QObject::connect(&view, &QListWidget::itemSelectionChanged, &view, [&list, &view, act] {
     act([&list, &view] {
       if (const int row = SelectedRow(view); row >= 0) list.Select(row);
@@ -123,6 +125,9 @@ QButtonGroup& ButtonGroupOf(const OptionButton& option, const QRadioButton& butt
 
 RefreshView BindListBox(Control& control, QObject& target, const UserAction& act) {
   auto& list = static_cast<ListBox&>(control);
+  if (auto* const combo = qobject_cast<widgets::NotedCombo*>(&target))
+    return BindNotedCombo(list, *combo, act);
+  if (auto* const view = qobject_cast<widgets::FilterList*>(&target)) return BindFilterList(list, *view, act);
   if (auto* const combo = qobject_cast<QComboBox*>(&target); combo != nullptr && !combo->isEditable())
     return BindCombo(list, *combo, act);
   if (auto* const view = qobject_cast<QListWidget*>(&target)) return BindListView(list, *view, act);

@@ -1,4 +1,5 @@
 // What mostly shows: labels, frames, pictures, lamps, bars, lines and the grid.
+#include <QAccessible>
 #include <QColor>
 #include <QGroupBox>
 #include <QLabel>
@@ -65,6 +66,15 @@ void ShowContent(widgets::SummaryGrid& view, const GridContent& content) {
   view.setContent(std::move(rows), content.widths);
 }
 
+/// A name of its own hides the label's text. Where the design says so the user hears of a change at once.
+void TellAssistants(QLabel& view, const QString& words) {
+  if (view.accessibleName() == words) return;
+  view.setAccessibleName(words);
+  if (!view.property("announced").toBool()) return;
+  QAccessibleEvent change(&view, QAccessible::Alert);
+  QAccessible::updateAccessibility(&change);
+}
+
 }  // namespace
 
 RefreshView BindGrid(Control& control, QObject& target, const UserAction& act) {
@@ -85,7 +95,7 @@ RefreshView BindLabel(Control& control, QObject& target, const UserAction& /*act
   auto* const view = qobject_cast<QLabel*>(&target);
   if (view == nullptr) return {};
   view->setTextFormat(Qt::PlainText);
-  return [&label = static_cast<const Label&>(control), view] {
+  return [&label = static_cast<const Label&>(control), view, name = view->accessibleName()] {
     const QString shown = ShownCaption(kavr6::ToQt(label.Caption()));
     // Only a label with a buddy has mnemonics; the design's text stays while it reads the same.
     if (view->buddy() == nullptr) {
@@ -93,6 +103,7 @@ RefreshView BindLabel(Control& control, QObject& target, const UserAction& /*act
     } else if (ShownCaption(view->text()) != shown) {
       view->setText(WithoutMnemonic(shown));
     }
+    if (!name.isEmpty()) TellAssistants(*view, shown.isEmpty() ? name : name + ": " + shown);
   };
 }
 
@@ -110,6 +121,7 @@ RefreshView BindPicture(Control& control, QObject& target, const UserAction& /*a
   if (view == nullptr) return {};
   return [&picture = static_cast<const Picture&>(control), view] {
     view->setImage(kavr6::ToQt(picture.Image()));
+    view->setFaded(picture.Faded());
   };
 }
 
@@ -140,6 +152,7 @@ RefreshView BindConnectorLine(Control& control, QObject& target, const UserActio
   if (view == nullptr) return {};
   return [&line = static_cast<const ConnectorLine&>(control), view] {
     view->setColour(ToQt(line.BorderColor()));
+    view->setPlugged(line.Plugged());
   };
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QLabel>
@@ -66,6 +67,11 @@ void NameForAssistants(QWidget& widget, const QString& designToolTip, const QWid
                                     [&](const QLabel* label) { return label->buddy() == &widget; });
   const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
   if (!labelled && (button == nullptr || button->text().isEmpty())) widget.setAccessibleName(designToolTip);
+}
+
+/// A list with a field of its own has the focus in either.
+bool HasFocusWithin(const QWidget& widget) {
+  return widget.hasFocus() || widget.isAncestorOf(QApplication::focusWidget());
 }
 
 /// Tool tip, "What's this" and description for assistants are the same words. Longer tips break into lines.
@@ -190,7 +196,7 @@ void Binder::FollowFocus() {
   shownFocus_ = form_.FocusedControl();
   for (const Tie& tie : ties_) {
     auto* const widget = qobject_cast<QWidget*>(tie.target);
-    if (tie.control == shownFocus_ && widget != nullptr && !widget->hasFocus())
+    if (tie.control == shownFocus_ && widget != nullptr && !HasFocusWithin(*widget))
       widget->setFocus(Qt::OtherFocusReason);
   }
 }

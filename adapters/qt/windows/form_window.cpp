@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QPushButton>
@@ -16,6 +17,7 @@
 
 #include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/entry.h"
+#include "adapters/qt/windows/file_drag.h"
 #include "adapters/qt/windows/help_key.h"
 #include "adapters/qt/windows/twips.h"
 #include "platform/controls.h"
@@ -68,6 +70,7 @@ FormWindow::FormWindow(Form& form, std::unique_ptr<QWidget> window, std::functio
     : form_(form), activated_(std::move(activated)) {
   binder_ = std::make_unique<Binder>(form, *window);
   window_ = window.release();
+  window_->setAcceptDrops(true);
   window_->winId();  // makes the window's handle, where typed characters pass first
   SettleFirstPlace();
   ShowPlace();
@@ -170,15 +173,6 @@ void FormWindow::TakePlace() {
   }
 }
 
-// A window that follows its contents must not grow out of the screen.
-void FormWindow::KeepOnScreen() {
-  const QLayout* const layout = window_->layout();
-  if (layout == nullptr || layout->sizeConstraint() != QLayout::SetFixedSize || !window_->isVisible()) return;
-  const QRect screen = window_->screen()->availableGeometry();
-  const int below = window_->frameGeometry().bottom() - screen.bottom();
-  if (below > 0) window_->move(window_->x(), std::max(window_->y() - below, screen.top()));
-}
-
 bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   if (watched == window_) return WindowEvent(*event);
   if (event->type() != QEvent::KeyPress) return false;
@@ -196,12 +190,16 @@ bool FormWindow::WindowEvent(QEvent& event) {
       activated_();
       return false;
     case QEvent::Resize:
-      KeepOnScreen();
       TakePlace();
       return false;
     case QEvent::Move:
       TakePlace();
       return false;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+      DragFiles(form_, static_cast<QDropEvent&>(event));
+      return true;
     case QEvent::KeyPress:
       return OpensHelp(static_cast<const QKeyEvent&>(event)) ||
              EndsDialog(static_cast<const QKeyEvent&>(event));

@@ -40,7 +40,6 @@ class FormWindow : public QObject {
   void SettleFirstPlace();
   void ShowPlace();
   void TakePlace();
-  void KeepOnScreen();
   bool WindowEvent(QEvent& event);
   bool KeepsKey(const QKeyEvent& event);
   bool OpensHelp(const QKeyEvent& event);

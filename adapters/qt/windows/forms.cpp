@@ -6,6 +6,7 @@
 #include <array>
 #include <string_view>
 
+#include "adapters/qt/windows/dialog_page.h"
 #include "ui_About.h"
 #include "ui_AdvancedSettings.h"
 #include "ui_AlarmHistory.h"
@@ -13,6 +14,7 @@
 #include "ui_CodeWindow.h"
 #include "ui_EditMotor.h"
 #include "ui_EncoderDialog.h"
+#include "ui_EventList.h"
 #include "ui_ExecStatus.h"
 #include "ui_Harmonizer.h"
 #include "ui_HelpScreen.h"
@@ -41,6 +43,14 @@ std::unique_ptr<QWidget> Build() {
   return window;
 }
 
+template <class Design>
+std::unique_ptr<QWidget> BuildDialog() {
+  auto dialog = std::make_unique<QDialog>();
+  Design().setupUi(dialog.get());
+  new DialogPage(*dialog);  // belongs to the dialog
+  return dialog;
+}
+
 struct FormRow {
   std::string_view name;
   std::unique_ptr<QWidget> (*build)();
@@ -51,34 +61,35 @@ const std::array kForms{
     FormRow{"StartForm", Build<QWidget, Ui::StartForm>, Qt::SplashScreen | Qt::FramelessWindowHint},
     FormRow{"MainForm", Build<QMainWindow, Ui::MainForm>},
     FormRow{"About", Build<QDialog, Ui::About>},
-    FormRow{"MotorDialog", Build<QDialog, Ui::MotorDialog>},
-    FormRow{"EditMotor", Build<QDialog, Ui::EditMotor>},
-    FormRow{"MotionMenu", Build<QDialog, Ui::MotionMenu>},
-    FormRow{"PulseDirDialog", Build<QDialog, Ui::PulseDirDialog>},
-    FormRow{"VelocityDialog", Build<QDialog, Ui::VelocityDialog>},
-    FormRow{"AdvancedSettings", Build<QDialog, Ui::AdvancedSettings>},
-    FormRow{"VTLdialog", Build<QDialog, Ui::VTLdialog>},
-    FormRow{"IOdialog", Build<QDialog, Ui::IOdialog>},
-    FormRow{"EncoderDialog", Build<QDialog, Ui::EncoderDialog>},
-    FormRow{"RegenDialog", Build<QDialog, Ui::RegenDialog>},
-    FormRow{"VTLterm", Build<QDialog, Ui::VTLterm>},
-    FormRow{"Summary", Build<QDialog, Ui::Summary>},
-    FormRow{"TEQhelp", Build<QDialog, Ui::TEQhelp>},
-    FormRow{"EFcodes", Build<QDialog, Ui::CodeWindow>},
-    FormRow{"LimCodes", Build<QDialog, Ui::CodeWindow>},
-    FormRow{"IOcodes", Build<QDialog, Ui::CodeWindow>},
-    FormRow{"RScodes", Build<QDialog, Ui::CodeWindow>},
-    FormRow{"MRcodes", Build<QDialog, Ui::CodeWindow>},
-    FormRow{"BRcodes", Build<QDialog, Ui::CodeWindow>},
-    FormRow{"ControlModes", Build<QDialog, Ui::CodeWindow>},
-    FormRow{"DefCodes", Build<QDialog, Ui::CodeWindow>},
-    FormRow{"Calculator", Build<QDialog, Ui::Calculator>},
-    FormRow{"Harmonizer", Build<QDialog, Ui::Harmonizer>},
-    FormRow{"ExecStatus", Build<QDialog, Ui::ExecStatus>},
-    FormRow{"AlarmHistory", Build<QDialog, Ui::AlarmHistory>},
-    FormRow{"ServoFault", Build<QDialog, Ui::ServoFault>},
+    FormRow{"MotorDialog", BuildDialog<Ui::MotorDialog>},
+    FormRow{"EditMotor", BuildDialog<Ui::EditMotor>},
+    FormRow{"MotionMenu", BuildDialog<Ui::MotionMenu>},
+    FormRow{"PulseDirDialog", BuildDialog<Ui::PulseDirDialog>},
+    FormRow{"VelocityDialog", BuildDialog<Ui::VelocityDialog>},
+    FormRow{"AdvancedSettings", BuildDialog<Ui::AdvancedSettings>},
+    FormRow{"VTLdialog", BuildDialog<Ui::VTLdialog>},
+    FormRow{"IOdialog", BuildDialog<Ui::IOdialog>},
+    FormRow{"EncoderDialog", BuildDialog<Ui::EncoderDialog>},
+    FormRow{"RegenDialog", BuildDialog<Ui::RegenDialog>},
+    FormRow{"VTLterm", BuildDialog<Ui::VTLterm>},
+    FormRow{"Summary", BuildDialog<Ui::Summary>},
+    FormRow{"TEQhelp", BuildDialog<Ui::TEQhelp>},
+    FormRow{"EFcodes", BuildDialog<Ui::CodeWindow>},
+    FormRow{"LimCodes", BuildDialog<Ui::CodeWindow>},
+    FormRow{"IOcodes", BuildDialog<Ui::CodeWindow>},
+    FormRow{"RScodes", BuildDialog<Ui::CodeWindow>},
+    FormRow{"MRcodes", BuildDialog<Ui::CodeWindow>},
+    FormRow{"BRcodes", BuildDialog<Ui::CodeWindow>},
+    FormRow{"ControlModes", BuildDialog<Ui::CodeWindow>},
+    FormRow{"DefCodes", BuildDialog<Ui::CodeWindow>},
+    FormRow{"Calculator", BuildDialog<Ui::Calculator>},
+    FormRow{"Harmonizer", BuildDialog<Ui::Harmonizer>},
+    FormRow{"ExecStatus", BuildDialog<Ui::ExecStatus>},
+    FormRow{"AlarmHistory", BuildDialog<Ui::AlarmHistory>},
+    FormRow{"ServoFault", BuildDialog<Ui::ServoFault>},
     FormRow{"HelpScreen", Build<QDialog, Ui::HelpScreen>},
-    FormRow{"SelfTest", Build<QDialog, Ui::SelfTest>},
+    FormRow{"EventList", Build<QDialog, Ui::EventList>},
+    FormRow{"SelfTest", BuildDialog<Ui::SelfTest>},
 };
 
 /// What a design marks with "keepsRoom" hides without moving anything around it.

@@ -1,6 +1,7 @@
 #include "adapters/qt/windows/qt_desktop.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDesktopServices>
 #include <QLocale>
 #include <QMainWindow>
@@ -20,6 +21,7 @@
 #include "adapters/qt/windows/companion.h"
 #include "adapters/qt/windows/entry.h"
 #include "adapters/qt/windows/form_window.h"
+#include "adapters/qt/windows/style/program_style.h"
 #include "adapters/qt/windows/twips.h"
 #include "platform/form.h"
 
@@ -40,13 +42,19 @@ QtDesktop::QtDesktop(WindowBuilder build)
     : build_(std::move(build)), pump_([this](const Task& task) { EnterLogic(*this, task); }) {
   // A dialog's own native window would make native ones of all children of the main window, its parent.
   QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+  style::UseProgramStyle();
   // The logic decides when the program ends.
   QApplication::setQuitOnLastWindowClosed(false);
   [[maybe_unused]] static const int told = std::atexit(ProcessExits);
   exiting = this;
+  comesBack_ =
+      QObject::connect(qApp, &QGuiApplication::applicationStateChanged, [this](Qt::ApplicationState now) {
+        if (now == Qt::ApplicationActive && CameBack) EnterLogic(*this, CameBack);
+      });
 }
 
 QtDesktop::~QtDesktop() {
+  QObject::disconnect(comesBack_);
   if (exiting == this) exiting = nullptr;
 }
 
@@ -73,6 +81,8 @@ bool QtDesktop::ShiftDown() const {
 }
 
 std::string QtDesktop::DecimalSign() const { return QLocale::system().decimalPoint().toStdString(); }
+
+void QtDesktop::CopyText(const std::string& text) { QGuiApplication::clipboard()->setText(ToQt(text)); }
 
 TwipSize QtDesktop::ScreenSize() const {
   const QSize size = QGuiApplication::primaryScreen()->size();

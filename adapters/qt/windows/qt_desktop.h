@@ -39,6 +39,7 @@ class QtDesktop : public Desktop {
   void Beep() override;
   bool ShiftDown() const override;
   std::string DecimalSign() const override;
+  void CopyText(const std::string& text) override;
   TwipSize ScreenSize() const override;
   std::filesystem::path ProgramDirectory() const override;
   ProgramVersion Version() const override;
@@ -68,6 +69,7 @@ class QtDesktop : public Desktop {
   void LowerLifted();
   void AwaitActivation();
 
+  QMetaObject::Connection comesBack_;
   WindowBuilder build_;
   QtEventPump pump_;
   std::map<const Form*, std::unique_ptr<FormWindow>> windows_;

@@ -1,18 +1,15 @@
 #include "adapters/qt/windows/widgets/big_slider.h"
 
-#include <QApplication>
-#include <QProxyStyle>
-#include <QStyleFactory>
+#include "adapters/qt/windows/style/program_style.h"
 
 namespace kavr6::widgets {
 namespace {
 
-/// The program's style with larger sliders.
-class BigSliderStyle : public QProxyStyle {
+/// The program's style with larger sliders. For the handle it is asked without naming the widget.
+class BigSliderStyle : public style::ProgramStyle {
  public:
-  BigSliderStyle() : QProxyStyle(QStyleFactory::create(QApplication::style()->name())) {}
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
-    const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+    const int usual = ProgramStyle::pixelMetric(metric, option, widget);
     switch (metric) {
       case PM_SliderThickness:
       case PM_SliderControlThickness:

@@ -22,6 +22,12 @@ void ConnectorLine::setColour(const QColor& colour) {
   update();
 }
 
+void ConnectorLine::setPlugged(bool plugged) {
+  if (plugged_ == plugged) return;
+  plugged_ = plugged;
+  update();
+}
+
 void ConnectorLine::setPath(const QPolygonF& corners, bool plug) {
   if (corners_ == corners && plug_ == plug) return;
   corners_ = corners;
@@ -38,14 +44,15 @@ void ConnectorLine::paintEvent(QPaintEvent*) {
   const bool live = colour_.hsvSaturation() > 0;
   const double width = live ? 4.0 : 2.0;
   QPainterPath path;
-  path.addPolygon(corners_);
+  path.addPolygon(plugged_ ? corners_ : corners_.first(corners_.size() - 1));
   // Flat ends, so that two lines that meet look like one.
   const auto stroke = [&](const QColor& colour, double thickness) {
-    painter.strokePath(path, QPen(colour, thickness, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
+    painter.strokePath(
+        path, QPen(colour, thickness, plugged_ ? Qt::SolidLine : Qt::DashLine, Qt::FlatCap, Qt::RoundJoin));
   };
   if (live) stroke(colour_.darker(170), width + 2);
   stroke(colour_, width);
-  if (!plug_) return;
+  if (!plug_ || !plugged_) return;
   painter.setPen(QPen(live ? colour_.darker(170) : colour_, live ? 1.0 : 2.0));
   painter.setBrush(live ? colour_ : palette().color(QPalette::Window));
   const double radius = live ? kPlugRadius : kPlugRadius - 1;

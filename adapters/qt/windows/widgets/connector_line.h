@@ -16,6 +16,8 @@ class ConnectorLine : public QWidget {
   explicit ConnectorLine(QWidget* parent = nullptr);
   void setColour(const QColor& colour);
   QColor colour() const { return colour_; }
+  /// Without its plug in the connector it ends before it, broken.
+  void setPlugged(bool plugged);
   /// The corners of the line in the parent's coordinates, and whether a plug is drawn on the last one. Moves
   /// the widget to cover them.
   void setPath(const QPolygonF& corners, bool plug);
@@ -27,6 +29,7 @@ class ConnectorLine : public QWidget {
   QColor colour_{0x80, 0x80, 0x80};
   QPolygonF corners_;
   bool plug_ = false;
+  bool plugged_ = true;
 };
 
 }  // namespace kavr6::widgets

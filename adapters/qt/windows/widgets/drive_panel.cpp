@@ -29,8 +29,8 @@ constexpr std::array<Course, 7> kCourses{{
     {"Motion", Leaves::Right, "HSinout1", "MotionLine", nullptr},
     {"IO", Leaves::Right, "HSinout2", "IOLine", nullptr},
     {"Encoder", Leaves::Right, "HSencoder", "EncoderLine", nullptr},
-    {"Regen", Leaves::Left, "RegenPort", "RegenLine1", "RegenLine2"},
-    {"Motor", Leaves::Left, "MotorPort", "MotorLine1", "MotorLine2"},
+    {"Regen", Leaves::Left, "HSregen", "RegenLine1", "RegenLine2"},
+    {"Motor", Leaves::Left, "HSmotor", "MotorLine1", "MotorLine2"},
     {"CommList", Leaves::Bottom, "HSrs485", "CommLine", nullptr},
     {"Label2", Leaves::Bottom, "CaseTop", "DriveLine1", "DriveLine2"},
 }};

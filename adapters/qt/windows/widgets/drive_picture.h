@@ -14,7 +14,7 @@ class DrivePicture : public QWidget {
 
  public:
   explicit DrivePicture(QWidget* parent = nullptr) : QWidget(parent) {}
-  /// Where a part stands within this widget, in fact the drawing: "HSinout1", "MotorPort", ... Empty for a
+  /// Where a part stands within this widget, in fact the drawing: "HSinout1", "CaseTop", ... Empty for a
   /// name that the drawing does not know.
   QRect PartRect(QStringView part) const;
   /// The drawing within this widget.

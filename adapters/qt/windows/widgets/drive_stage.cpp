@@ -14,6 +14,7 @@ constexpr int kLeastLine = 22;
 constexpr int kUsualLine = 34;
 constexpr int kLongestLine = 110;
 constexpr int kButtonGap = 4;
+constexpr double kMostButtonScale = 1.15;     // they stay smaller than those of the transfers
 constexpr double kPartSpacing = 72.0 / 310;  // of neighbouring connectors, as a share of the drawing's height
 
 struct Seat {
@@ -27,8 +28,8 @@ constexpr std::array<Seat, 5> kSeats{{
     {"Motion", "HSinout1", true},
     {"IO", "HSinout2", true},
     {"Encoder", "HSencoder", true},
-    {"Regen", "RegenPort", false},
-    {"Motor", "MotorPort", false},
+    {"Regen", "HSregen", false},
+    {"Motor", "HSmotor", false},
 }};
 
 /// Moves the heights apart around their middle until neighbours have `least` between them.
@@ -75,7 +76,7 @@ void DriveStage::Place() {
   if (!picture) return;
   // A roomy window shows larger buttons, a narrow one the least.
   const QSize least = LargestButton(true);
-  const double scale = std::clamp(std::min(height() / 420.0, width() / 520.0), 0.5, 1.6);
+  const double scale = std::clamp(std::min(height() / 420.0, width() / 520.0), 0.5, kMostButtonScale);
   QSize button = (LargestButton(false) * scale).expandedTo(least);
   const int line = width() < sizeHint().width() ? kLeastLine : kUsualLine;
   const int room = width() - 2 * (button.width() + line);

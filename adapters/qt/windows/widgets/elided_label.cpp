@@ -8,7 +8,8 @@
 namespace kavr6::widgets {
 
 QString ElidedLabel::Shown() const {
-  return fontMetrics().elidedText(text(), Qt::ElideMiddle, contentsRect().width());
+  const Qt::TextElideMode mode = property("elidesEnd").toBool() ? Qt::ElideRight : Qt::ElideMiddle;
+  return fontMetrics().elidedText(text(), mode, contentsRect().width());
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {

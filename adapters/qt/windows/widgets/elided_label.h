@@ -5,8 +5,8 @@
 
 namespace kavr6::widgets {
 
-/// One line of plain text; where it is too long its middle gives way to dots and the tool tip shows all of
-/// it.
+/// One line of plain text; where it is too long its middle, or with the property "elidesEnd" its end, gives
+/// way to dots and the tool tip shows all of it.
 class ElidedLabel : public QLabel {
   Q_OBJECT
 

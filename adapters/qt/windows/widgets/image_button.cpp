@@ -5,6 +5,8 @@
 #include <QStyle>
 #include <algorithm>
 
+#include "adapters/qt/windows/style/colours.h"
+#include "adapters/qt/windows/style/parts.h"
 #include "adapters/qt/windows/widgets/artwork.h"
 
 namespace kavr6::widgets {
@@ -28,6 +30,11 @@ void ImageButton::setPicture(const QString& name) {
   update();
 }
 
+void ImageButton::setPictureLines(double lines) {
+  pictureLines_ = lines;
+  updateGeometry();
+}
+
 QSize ImageButton::FaceSize(double pictureLines) const {
   const QFontMetrics metrics = fontMetrics();
   const QSize natural = ArtworkSize(picture_);
@@ -37,7 +44,7 @@ QSize ImageButton::FaceSize(double pictureLines) const {
   return {std::max(width, word) + 4 * kPadding, height + metrics.height() + 3 * kPadding};
 }
 
-QSize ImageButton::sizeHint() const { return FaceSize(3.0); }
+QSize ImageButton::sizeHint() const { return FaceSize(pictureLines_); }
 
 QSize ImageButton::minimumSizeHint() const { return FaceSize(2.0); }
 
@@ -50,13 +57,11 @@ void ImageButton::PaintTile(QPainter& painter) const {
     fill = Mixed(face, ink, 0.18);
   else if (hovered)
     fill = Mixed(face, palette().color(QPalette::Highlight), 0.22);
-  const QColor edge =
-      hasFocus() ? palette().color(QPalette::Highlight) : Mixed(face, ink, hovered ? 0.5 : 0.3);
-  const double width = hasFocus() ? 2.0 : 1.0;
-  painter.setPen(QPen(edge, width));
+  painter.setPen(style::Outline(palette(), isEnabled()));
   painter.setBrush(fill);
-  const double inset = width / 2;
-  painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), 6, 6);
+  constexpr double kTileCorner = 6.0;
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kTileCorner, kTileCorner);
+  if (hasFocus()) style::DrawRing(painter, rect(), palette(), kTileCorner);
 }
 
 void ImageButton::paintEvent(QPaintEvent*) {

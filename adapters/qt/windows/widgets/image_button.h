@@ -10,12 +10,16 @@ namespace kavr6::widgets {
 class ImageButton : public QAbstractButton {
   Q_OBJECT
   Q_PROPERTY(QString picture READ picture WRITE setPicture)
+  Q_PROPERTY(double pictureLines READ pictureLines WRITE setPictureLines)
 
  public:
   explicit ImageButton(QWidget* parent = nullptr);
   QString picture() const { return picture_; }
   /// `name` in the artwork, for example "MotorUp".
   void setPicture(const QString& name);
+  double pictureLines() const { return pictureLines_; }
+  /// How high the picture would like to be, in lines of text.
+  void setPictureLines(double lines);
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -29,6 +33,7 @@ class ImageButton : public QAbstractButton {
   void PaintTile(QPainter& painter) const;
 
   QString picture_;
+  double pictureLines_ = 3.0;
 };
 
 }  // namespace kavr6::widgets

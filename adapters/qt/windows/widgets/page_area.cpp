@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QLayout>
+#include <QScreen>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -9,6 +10,7 @@ namespace kavr6::widgets {
 namespace {
 
 constexpr int kLeastHeight = 160;
+constexpr int kLinesAround = 10;  // title of the window, heading, buttons and margins
 
 }  // namespace
 
@@ -16,20 +18,34 @@ PageArea::PageArea(QWidget* parent) : QScrollArea(parent) {
   setWidgetResizable(true);
   setFrameShape(NoFrame);
   setFocusPolicy(Qt::NoFocus);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
+/// What the screen leaves for the page.
+QSize PageArea::Room() const {
+  const int line = fontMetrics().height();
+  return screen()->availableSize() - QSize(3 * line, kLinesAround * line);
 }
 
 QSize PageArea::sizeHint() const {
   if (widget() == nullptr) return {};
   SettlePage();
-  return widget()->sizeHint();
+  const QSize page = widget()->sizeHint();
+  const int bar = page.height() > Room().height() ? verticalScrollBar()->sizeHint().width() : 0;
+  return page + QSize(bar, 0);
 }
 
 QSize PageArea::minimumSizeHint() const {
   if (widget() == nullptr) return {};
   SettlePage();
-  const QSize page = widget()->minimumSizeHint();
-  return {page.width() + verticalScrollBar()->sizeHint().width(), std::min(page.height(), kLeastHeight)};
+  return widget()->minimumSizeHint().boundedTo({Room().width(), kLeastHeight});
+}
+
+bool PageArea::hasHeightForWidth() const {
+  return widget() != nullptr && widget()->layout() != nullptr && widget()->layout()->hasHeightForWidth();
+}
+
+int PageArea::heightForWidth(int width) const {
+  return hasHeightForWidth() ? widget()->layout()->heightForWidth(width) : -1;
 }
 
 // As long as it is not shown the page would tell what it wanted before its texts came.
@@ -39,8 +55,24 @@ void PageArea::SettlePage() const {
 
 // The page's contents have changed, and with them what this area wants.
 bool PageArea::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == widget() && event->type() == QEvent::LayoutRequest) updateGeometry();
+  if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+    updateGeometry();
+    SettleBar();
+  }
   return QScrollArea::eventFilter(watched, event);
+}
+
+void PageArea::resizeEvent(QResizeEvent* event) {
+  SettleBar();
+  QScrollArea::resizeEvent(event);
+}
+
+// A bar that has once come would stay by itself: it makes texts narrower, and so higher than there is room
+// for.
+void PageArea::SettleBar() {
+  const QSize room = maximumViewportSize();
+  const bool fits = hasHeightForWidth() && heightForWidth(room.width()) <= room.height();
+  setVerticalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
 }
 
 }  // namespace kavr6::widgets

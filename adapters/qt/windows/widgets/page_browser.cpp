@@ -7,9 +7,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
-#include "adapters/qt/windows/widgets/artwork.h"
 #include "adapters/qt/windows/widgets/find_bar.h"
 #include "adapters/qt/windows/widgets/page_pictures.h"
 #include "adapters/qt/windows/widgets/page_source.h"
@@ -21,15 +19,6 @@ constexpr double kZoomStep = 1.1;
 constexpr int kLeastLevel = -6;  // about half as large
 constexpr int kMostLevel = 12;   // about three times
 constexpr double kMargin = 12;   // pixels around a page
-
-/// The palette's colour of links, nearer to the text where it could not be told from the ground: not every
-/// dark palette has one of its own.
-QColor LinkColour(const QPalette& palette) {
-  constexpr int kLeastContrast = 80;  // of 255
-  const QColor link = palette.color(QPalette::Link);
-  const int contrast = qGray(link.rgb()) - qGray(palette.color(QPalette::Base).rgb());
-  return std::abs(contrast) >= kLeastContrast ? link : Mixed(link, palette.color(QPalette::Text), 0.6);
-}
 
 }  // namespace
 
@@ -67,7 +56,7 @@ void PageBrowser::goTo(int place) { verticalScrollBar()->setValue(place); }
 
 QVariant PageBrowser::loadResource(int type, const QUrl& name) {
   if (type == QTextDocument::HtmlResource) {
-    document()->setDefaultStyleSheet("a { color: " + LinkColour(palette()).name() + "; }");
+    document()->setDefaultStyleSheet("a { color: " + palette().color(QPalette::Link).name() + "; }");
     return PageSource(name.toLocalFile(), fragment_);
   }
   return QTextBrowser::loadResource(type, name);

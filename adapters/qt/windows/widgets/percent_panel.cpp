@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "adapters/qt/windows/style/colours.h"
 #include "adapters/qt/windows/widgets/artwork.h"
 
 namespace kavr6::widgets {
@@ -22,17 +23,26 @@ QSize PercentPanel::sizeHint() const { return {120, fontMetrics().height() + 2};
 
 QSize PercentPanel::minimumSizeHint() const { return {60, fontMetrics().height() + 2}; }
 
+/// Nothing is under way: a groove, so that it is not taken for a field.
+void PercentPanel::PaintRest(QPainter& painter) const {
+  constexpr double kThickness = 3.0;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(palette().color(QPalette::Mid));
+  const QRectF groove(0, height() / 2.0 - kThickness / 2, width(), kThickness);
+  painter.drawRoundedRect(groove, kThickness / 2, kThickness / 2);
+}
+
 void PercentPanel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const QColor ground = palette().color(QPalette::Base);
   const QColor ink = palette().color(QPalette::Text);
   const QRectF trough = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-  painter.setPen(QPen(Mixed(ground, ink, 0.35), 1));
+  const int percent = value();
+  if (percent <= 0) return PaintRest(painter);
+  painter.setPen(QPen(style::Outline(palette()), 1));
   painter.setBrush(ground);
   painter.drawRoundedRect(trough, 4, 4);
-  const int percent = value();
-  if (percent <= 0) return;
   const QRectF filled = trough.adjusted(1, 1, -1, -1);
   painter.setClipRect(QRectF(filled.left(), filled.top(), filled.width() * percent / 100, filled.height()));
   painter.setPen(Qt::NoPen);

@@ -6,7 +6,7 @@
 
 namespace kavr6::widgets {
 
-/// Empty at 0, full at 100, with the figure in its middle in between.
+/// A thin groove at 0, full at 100, with the figure in its middle in between.
 class PercentPanel : public QProgressBar {
   Q_OBJECT
 
@@ -22,6 +22,8 @@ class PercentPanel : public QProgressBar {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void PaintRest(QPainter& painter) const;
+
   QColor colour_;
 };
 

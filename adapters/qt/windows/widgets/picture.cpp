@@ -1,6 +1,7 @@
 #include "adapters/qt/windows/widgets/picture.h"
 
 #include <QPainter>
+#include <utility>
 
 #include "adapters/qt/windows/widgets/artwork.h"
 
@@ -14,11 +15,16 @@ void Picture::setImage(const QString& name) {
   update();
 }
 
+void Picture::setFaded(bool faded) {
+  if (std::exchange(faded_, faded) != faded) update();
+}
+
 QSize Picture::sizeHint() const { return HasArtwork(image_) ? ArtworkSize(image_) : QSize(); }
 
 void Picture::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (!isEnabled()) painter.setOpacity(0.5);
+  if (faded_) painter.setOpacity(0.3);
   PaintArtwork(painter, image_, rect(), palette().color(QPalette::WindowText));
 }
 

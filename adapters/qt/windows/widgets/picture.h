@@ -15,6 +15,8 @@ class Picture : public QWidget {
   QString image() const { return image_; }
   /// Name in the artwork.
   void setImage(const QString& name);
+  /// Shown faintly.
+  void setFaded(bool faded);
   QSize sizeHint() const override;
 
  protected:
@@ -22,6 +24,7 @@ class Picture : public QWidget {
 
  private:
   QString image_;
+  bool faded_ = false;
 };
 
 }  // namespace kavr6::widgets

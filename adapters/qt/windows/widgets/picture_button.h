@@ -1,13 +1,14 @@
 // A wide push button with a picture to the left of its words.
 #pragma once
 
-#include <QPushButton>
+#include "adapters/qt/windows/widgets/mark_button.h"
 
 namespace kavr6::widgets {
 
-/// The picture grows with the letters. The focus shows always, not only once the keyboard has been used: it
-/// marks what a window proposes.
-class PictureButton : public QPushButton {
+/// Below the caption stands in grey what the tip of the button says, in two lines at most; a mark is a tick
+/// with its words at the right. The picture grows with the letters. The focus shows always, not only once the
+/// keyboard has been used: it marks what a window proposes.
+class PictureButton : public MarkButton {
   Q_OBJECT
   Q_PROPERTY(QString picture READ picture WRITE setPicture)
 
@@ -20,10 +21,12 @@ class PictureButton : public QPushButton {
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   int PictureHeight() const { return 3 * fontMetrics().height(); }
+  void PaintMark(QPainter& painter, const QRect& line) const;
 
   QString picture_;
 };

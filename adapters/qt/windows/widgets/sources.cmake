@@ -8,11 +8,14 @@ set(WIDGET_SOURCES
     widgets/drive_picture.cpp
     widgets/drive_stage.cpp
     widgets/elided_label.cpp
+    widgets/filter_list.cpp
     widgets/find_bar.cpp
     widgets/hot_spot.cpp
     widgets/image_button.cpp
     widgets/lamp.cpp
     widgets/large_label.cpp
+    widgets/mark_button.cpp
+    widgets/noted_combo.cpp
     widgets/page_area.cpp
     widgets/page_browser.cpp
     widgets/page_pictures.cpp
@@ -20,8 +23,12 @@ set(WIDGET_SOURCES
     widgets/percent_panel.cpp
     widgets/picture.cpp
     widgets/picture_button.cpp
+    widgets/row_notes.cpp
     widgets/square_lamp.cpp
+    widgets/status_strip.cpp
+    widgets/status_text.cpp
     widgets/strip_chart.cpp
     widgets/summary_grid.cpp
     widgets/table_ground.cpp
+    widgets/work_area.cpp
     ../../../resources/artwork.qrc)

@@ -3,13 +3,12 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "adapters/qt/windows/widgets/artwork.h"
+#include "adapters/qt/windows/style/colours.h"
 
 namespace kavr6::widgets {
 namespace {
 
 constexpr QRgb kLit = 0xffff0000;
-constexpr QRgb kUnlit = 0xffc0c0c0;
 constexpr double kUnlitShare = 0.55;  // of the side
 
 QRectF SquareAround(const QPointF& centre, double side) {
@@ -23,9 +22,8 @@ void SquareLamp::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const QPointF centre = QRectF(rect()).center();
   const double side = std::min(width(), height()) - 2.0;
-  const QColor edge = Mixed(palette().color(QPalette::Window), palette().color(QPalette::WindowText), 0.5);
-  painter.setPen(QPen(edge, 1.0));
-  painter.setBrush(QColor::fromRgba(state() == 0 ? kUnlit : kLit));
+  painter.setPen(QPen(style::Outline(palette()), 1.0));
+  painter.setBrush(state() == 0 ? palette().color(QPalette::Mid) : QColor::fromRgba(kLit));
   painter.drawRect(SquareAround(centre, state() == 0 ? side * kUnlitShare : side));
   if (state() == 0) return;
   const QRectF cross = SquareAround(centre, side * 0.5);

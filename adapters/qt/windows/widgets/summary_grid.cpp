@@ -3,9 +3,11 @@
 #include <QFocusEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLocale>
 #include <QPainter>
 #include <QStyledItemDelegate>
 #include <algorithm>
+#include <array>
 #include <numeric>
 
 #include "adapters/qt/windows/widgets/artwork.h"
@@ -15,8 +17,21 @@ namespace {
 
 constexpr int kTwipsPerPixel = 15;
 constexpr int kTextMargin = 6;
+constexpr double kPaleInk = 0.62;  // grey, and still to be read at a glance
 constexpr int kTitleRole = Qt::UserRole;
 constexpr int kPictureRole = Qt::UserRole + 1;
+constexpr int kHintRole = Qt::UserRole + 2;
+
+/// What stands in the first rows of a section that is still empty.
+constexpr std::array kHints{"Not looked at yet", "Double click to set it up"};
+
+/// A number with its unit: the two stand together where the columns meet.
+bool IsQuantity(const SummaryGrid::Row& row) {
+  bool number = false;
+  if (row.merged || row.cells.size() != 2 || row.cells[1].text.isEmpty()) return false;
+  QLocale::c().toDouble(row.cells[0].text, &number);
+  return number;
+}
 
 /// Titles as a bold tinted band, dividers as their picture, the rest as plain text.
 class RowPainter : public QStyledItemDelegate {
@@ -44,7 +59,9 @@ class RowPainter : public QStyledItemDelegate {
     QFont font = option.font;
     font.setBold(title);
     painter->setFont(font);
-    painter->setPen(current ? palette.color(QPalette::HighlightedText) : ink);
+    const bool hint = !index.data(kHintRole).toString().isEmpty();
+    const QColor pale = Mixed(palette.color(QPalette::Base), ink, kPaleInk);
+    painter->setPen(current ? palette.color(QPalette::HighlightedText) : hint ? pale : ink);
     PaintText(*painter, option, index);
     painter->restore();
   }
@@ -52,7 +69,8 @@ class RowPainter : public QStyledItemDelegate {
  private:
   static void PaintText(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
     const QRect box = option.rect.adjusted(kTextMargin, 0, -kTextMargin, 0);
-    const QString text = index.data().toString();
+    const QString hint = index.data(kHintRole).toString();
+    const QString text = hint.isEmpty() ? index.data().toString() : hint;
     const int place = index.data(Qt::TextAlignmentRole).toInt() | Qt::AlignVCenter;
     if (option.rect.height() >= 2 * option.fontMetrics.height())
       painter.drawText(box, place | Qt::TextWordWrap, text);
@@ -86,6 +104,7 @@ void SummaryGrid::setContent(std::vector<Row> rows, std::vector<int> columnWidth
   setRowCount(static_cast<int>(rows_.size()));
   setColumnCount(static_cast<int>(widths_.size()));
   for (int row = 0; row < rowCount(); ++row) FillRow(row);
+  for (int row = 0; row < rowCount(); ++row) ShowHints(row);
   FitColumns();
   FitRows();
 }
@@ -108,16 +127,42 @@ void SummaryGrid::FillRow(int row) {
     QTableWidgetItem* shown = item(row, column);
     if (!shown) setItem(row, column, shown = new QTableWidgetItem);
     shown->setText(cell(column).text);
-    shown->setTextAlignment(cell(column).alignment | Qt::AlignVCenter);
+    const bool leftOfUnit = column == 0 && IsQuantity(content);
+    shown->setTextAlignment((leftOfUnit ? Qt::AlignRight : cell(column).alignment) | Qt::AlignVCenter);
     shown->setFlags(IsDivider(content) ? Qt::NoItemFlags : Qt::ItemIsEnabled | Qt::ItemIsSelectable);
     shown->setData(kTitleRole, IsTitle(content));
     shown->setData(kPictureRole, cell(column).picture);
+    shown->setData(kHintRole, {});
+    // A row is heard as a whole.
+    const bool pair = column == 0 && columns > 1 && !content.merged && !IsDivider(content);
+    shown->setData(Qt::AccessibleTextRole,
+                   pair ? QVariant((cell(0).text + ' ' + cell(1).text).trimmed()) : QVariant());
   }
   for (int column = 0; column < columns;) {
     int end = column + 1;
     while (content.merged && end < columns && cell(end).text == cell(column).text) ++end;
     if (columnSpan(row, column) != end - column) setSpan(row, column, 1, end - column);
     column = end;
+  }
+}
+
+bool SummaryGrid::IsEmpty(const Row& row) const {
+  return std::ranges::all_of(row.cells, [](const Cell& cell) { return cell.text.isEmpty(); });
+}
+
+// A title that ends as a question, with nothing below it.
+void SummaryGrid::ShowHints(int title) {
+  const auto at = [this](int row) -> const Row& { return rows_[static_cast<std::size_t>(row)]; };
+  if (!IsTitle(at(title)) || !at(title).cells[0].text.endsWith(':')) return;
+  int end = title + 1;
+  while (end < rowCount() && IsEmpty(at(end))) ++end;
+  const bool whole = end == rowCount() || IsDivider(at(end));
+  const int hints = std::min(static_cast<int>(kHints.size()), end - title - 1);
+  for (int i = 0; whole && i < hints; ++i) {
+    QTableWidgetItem& shown = *item(title + 1 + i, 0);
+    shown.setData(kHintRole, kHints[static_cast<std::size_t>(i)]);
+    shown.setData(Qt::AccessibleTextRole, kHints[static_cast<std::size_t>(i)]);
+    setSpan(title + 1 + i, 0, 1, columnCount());
   }
 }
 
@@ -136,7 +181,7 @@ void SummaryGrid::FitRows() {
     if (row.heightTwips == 0) ++ordinary;
   }
   const int spare = std::max(0, viewport()->height() - least);
-  const int mostExtra = fontMetrics().height() * 3 / 4;
+  const int mostExtra = fontMetrics().height() * 8 / 5;
   const int extra = ordinary == 0 ? 0 : std::min(spare / ordinary, mostExtra);
   for (int row = 0; row < rowCount(); ++row) {
     const Row& content = rows_[static_cast<std::size_t>(row)];

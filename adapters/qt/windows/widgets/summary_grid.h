@@ -8,6 +8,7 @@ namespace kavr6::widgets {
 
 /// Rows of text to be read at a glance; nothing can be edited. A merged row of ordinary height is a title. A
 /// row whose cells show a picture is a divider and cannot be entered. Rows grow to fill the height there is.
+/// Below a title that ends with a colon and has only empty rows a grey hint says what a double click does.
 class SummaryGrid : public QTableWidget {
   Q_OBJECT
 
@@ -42,12 +43,14 @@ class SummaryGrid : public QTableWidget {
 
  private:
   void FillRow(int row);
+  void ShowHints(int title);
   void FitRows();
   void FitColumns();
   int LeastWidth(int column) const;
   int LeastHeight(const Row& row) const;
   bool IsTitle(const Row& row) const;
   bool IsDivider(const Row& row) const;
+  bool IsEmpty(const Row& row) const;
 
   std::vector<Row> rows_;
   std::vector<int> widths_;

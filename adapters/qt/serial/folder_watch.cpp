@@ -1,0 +1,34 @@
+#include "adapters/qt/serial/folder_watch.h"
+
+#include <utility>
+
+namespace kavr6 {
+
+FolderWatch::FolderWatch(Scheduler& scheduler, std::function<std::vector<std::filesystem::path>()> folders,
+                         std::function<void()> told)
+    : scheduler_(scheduler), folders_(std::move(folders)), told_(std::move(told)) {
+  QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, [this] { Noticed(); });
+  LookAtFolders();
+}
+
+void FolderWatch::LookAtFolders() {
+  QStringList missing;
+  for (const std::filesystem::path& folder : folders_()) {
+    const QString name = QString::fromStdString(folder.string());
+    if (!name.isEmpty() && !watcher_.directories().contains(name)) missing << name;
+  }
+  if (!missing.isEmpty()) watcher_.addPaths(missing);
+}
+
+void FolderWatch::Noticed() {
+  // A folder that is new is watched before anybody looks whether something is in it.
+  LookAtFolders();
+  if (news_ != 0) return;
+  news_ = scheduler_.Post([this] {
+    news_ = 0;
+    const std::function<void()> tell = told_;  // which may be the end of this object
+    tell();
+  });
+}
+
+}  // namespace kavr6

@@ -1,0 +1,7 @@
+# How the program looks, relative to the folder above.
+set(STYLE_SOURCES
+    style/buttons.cpp
+    style/colours.cpp
+    style/fields.cpp
+    style/program_style.cpp
+    style/sliders.cpp)
