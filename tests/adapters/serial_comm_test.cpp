@@ -2,6 +2,7 @@
 #include "adapters/qt/serial/serial_comm.h"
 
 #include <QTemporaryDir>
+#include <algorithm>
 #include <ctime>
 #include <fstream>
 #include <memory>
@@ -108,6 +109,20 @@ TEST_F(SerialCommTest, TalkWithoutAGapIsReadInPartsAndWhole) {
   pump_.PumpEventsUntil([&] { return heard.size() == said.size(); }, 5.0);
   EXPECT_EQ(heard, said);
   EXPECT_LT(notices, 200) << "the first 48 byte by byte, the others in parts";
+  double quickest = 1.0;
+  for (int i = 0; i < 5; ++i) {
+    Say(std::string(60, 'x'));
+    pump_.PumpEventsUntil([&] { return heard.ends_with('x'); }, 2.0);
+    comm_.Output("?");
+    const double asked = pump_.Now();
+    for (const char* answer : {"4", "B"}) {
+      Say(answer);
+      pump_.PumpEventsUntil([&] { return heard.ends_with(answer); }, 2.0);
+    }
+    quickest = std::min(quickest, pump_.Now() - asked);
+  }
+  EXPECT_LT(quickest, 0.03) << "an answer does not wait for what was talked before the question";
+  heard.resize(300);
   // A blocking wait and a hang-up do not wait for the end of a rest.
   Say(std::string(100, 'x'));
   pump_.PumpEventsUntil([&] { return heard.size() > 300; }, 2.0);

@@ -143,6 +143,10 @@ void SerialComm::CloseDevice() {
 
 void SerialComm::Send(std::span<const std::uint8_t> bytes) {
   if (!port_.isOpen()) return;  // lost; the report is on its way
+  // What comes now may be an answer, for which somebody waits.
+  EndRest();
+  TakeBytes();
+  unbroken_ = 0;
   port_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
   port_.flush();
 }
