@@ -82,7 +82,6 @@ ExitCode Identify(const Task& task) {
 }
 
 ExitCode Read(const Task& task) {
-  task.session.Interruption = kNotChanged;
   TransferEnd end = TransferEnd::NoDrive;
   const ExitCode answered = task.session.AskTwice([&] {
     end = task.session.transfers.UploadClick();
@@ -128,8 +127,13 @@ ExitCode CompareWithDrive(const Task& task, const std::string& same) {
 ExitCode Write(const Task& task) {
   DriveSession& session = task.session;
   if (const ExitCode code = session.ReadFile(task.options.files[0]); code != ExitCode::Done) return code;
-  session.Interruption = kNotChanged;
   if (const ExitCode code = session.CheckFile(); code != ExitCode::Done) return code;
+  try {
+    session.BuildImage();  // before the drive is told to expect one
+  } catch (const RuntimeError& error) {
+    session.boxes.Tell(task.options.files[0] + " cannot be sent: " + error.what());
+    return ExitCode::BadFile;
+  }
   session.state.Progress.Changed.Set([&session] { session.Interruption = kHalfSent; });
   if (const TransferEnd end = session.transfers.DownloadClick(); end != TransferEnd::Done) {
     if (end == TransferEnd::Unknown) session.boxes.Tell("The drive's answer to the settings is not known");
@@ -143,7 +147,6 @@ ExitCode Write(const Task& task) {
 }
 
 ExitCode Verify(const Task& task) {
-  task.session.Interruption = kNotChanged;
   if (const ExitCode code = task.session.ReadFile(task.options.files[0]); code != ExitCode::Done) return code;
   if (const ExitCode code = task.session.CheckFile(); code != ExitCode::Done) return code;
   return CompareWithDrive(task, "verified");
@@ -217,11 +220,16 @@ ExitCode RunWork(const CommandMachine& machine, const CommandOptions& options,
                  const std::function<void(DriveSession*)>& onSession) {
   const Work& work = *std::ranges::find(kWorks, options.command, &Work::command);
   DriveSession session(machine, options);
+  struct Lent {
+    const std::function<void(DriveSession*)>& to;
+    ~Lent() {
+      if (to) to(nullptr);
+    }
+  } const lent{onSession};
   if (onSession) onSession(&session);
-  ExitCode code = work.needsDrive ? session.OpenPort() : ExitCode::Done;
-  if (code == ExitCode::Done) code = work.run({machine, options, session});
-  if (onSession) onSession(nullptr);
-  return code;
+  if (work.needsDrive) session.Interruption = kNotChanged;
+  const ExitCode code = work.needsDrive ? session.OpenPort() : ExitCode::Done;
+  return code == ExitCode::Done ? work.run({machine, options, session}) : code;
 }
 
 }  // namespace

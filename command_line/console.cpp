@@ -3,6 +3,8 @@
 #include <array>
 #include <string_view>
 
+#include "image/transfers.h"
+
 namespace kavr6 {
 namespace {
 
@@ -11,7 +13,7 @@ struct AnswerOption {
   std::string_view option;
 };
 /// What answers a question with yes.
-constexpr std::array kAnswers{AnswerOption{"Load Inertia Not Set", "--accept-unset-inertia"}};
+constexpr std::array kAnswers{AnswerOption{kInertiaQuestion, "--accept-unset-inertia"}};
 
 }  // namespace
 

@@ -43,7 +43,7 @@ const std::vector<Option>& Options() {
        [](CommandOptions& o, const std::string& value) { o.motors = value; }},
       {"--no-verify", "", "write: do not read the settings back",
        [](CommandOptions& o, const std::string&) { o.verify = false; }},
-      {"--accept-unset-inertia", "", "write: send a load inertia that nobody has set",
+      {"--accept-unset-inertia", "", "write: send the load inertia of every start, 1 : 1",
        [](CommandOptions& o, const std::string&) { o.acceptUnsetInertia = true; }},
       {"--help", "", "print this", [](CommandOptions& o, const std::string&) { o.help = true; }},
       {"--version", "", "print the version", [](CommandOptions& o, const std::string&) { o.version = true; }},

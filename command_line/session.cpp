@@ -33,7 +33,7 @@ DriveSession::DriveSession(const CommandMachine& machine, const CommandOptions& 
       machine_(machine),
       options_(options),
       table_(machine.motors, options.motors) {
-  if (options.acceptUnsetInertia) boxes.Accept("Load Inertia Not Set");
+  if (options.acceptUnsetInertia) boxes.Accept(kInertiaQuestion);
   state.AppVersion = VersionText(machine.version);
   InitVars(settings);
   motorTable.Open(machine.directory);
@@ -89,6 +89,7 @@ ExitCode DriveSession::AskTwice(const std::function<bool()>& exchange) {
   if (!StrangerHasAnswered()) return ExitCode::NoAnswer;
   // It may have been the late answer to somebody who was interrupted.
   Delay(line.pump, kLateAnswers);
+  state.DspRev = 0;
   if (exchange()) return ExitCode::Done;
   if (StrangerHasAnswered())
     boxes.Tell("What answers is no drive of this family; its model code is " +
@@ -104,6 +105,8 @@ ExitCode DriveSession::CheckFile() {
   const double current = settings.RunCurrent;
   const Long idle = settings.IdlePercent;
   if (const ExitCode code = Identify(); code != ExitCode::Done) return code;
+  limits.LimitContCurrent();
+  limits.LimitIdleCurrent();
   if (settings.RunCurrent == current && settings.IdlePercent == idle) return ExitCode::Done;
   boxes.Tell("The motor on this drive, a " + ModelName() + ", takes " + ShownNumber(settings.RunCurrent) +
              " A and " + NumberText(settings.IdlePercent) + " % of it when idle; the file has " +

@@ -35,6 +35,7 @@ void DriveRecord::Move(Presence presence) {
 }
 
 bool DriveRecord::Speaks() {
+  if (port_ == 0) return false;  // bytes that were left when the line went
   const int now = news_.Minute();
   if (presence_ == Presence::Answers && heardAt_ == now) return false;
   Move(Presence::Answers);
@@ -44,6 +45,7 @@ bool DriveRecord::Speaks() {
 }
 
 void DriveRecord::DropImage() {
+  if (!held_) return;
   held_.reset();
   ++heldRevision_;
 }
@@ -73,6 +75,7 @@ void DriveRecord::TakeIdentity(float revision, int model) {
 void DriveRecord::Identified(float revision, int model) {
   const bool another = Known() && (revision != revision_ || (model != model_ && model_ != 0));
   TakeIdentity(revision, model);
+  sure_ = true;
   Speaks();
   if (another) Another();
   Changed.Raise();
@@ -90,6 +93,7 @@ void DriveRecord::Restarted(float revision, int model) {
   TakeIdentity(revision, model);
   // It may be another one of the same kind, whose letter nobody has asked yet.
   letter_.clear();
+  sure_ = true;
   Speaks();
   Upset();
   news_.Tell(Model() + " started");
@@ -97,12 +101,13 @@ void DriveRecord::Restarted(float revision, int model) {
 }
 
 void DriveRecord::SetAlarm(std::optional<int> word) {
-  if (word && !alarm_) alarmAt_ = news_.Minute();
+  if (word != alarm_) alarmAt_ = news_.Minute();
   alarm_ = word;
 }
 
 void DriveRecord::Alarm(int word) {
   if (word == 0) return FaultCleared();
+  if (port_ == 0) return;
   Speaks();
   if (alarm_ != word) news_.Tell("Alarm", ": " + AlarmNames(word));
   SetAlarm(word);
@@ -110,6 +115,7 @@ void DriveRecord::Alarm(int word) {
 }
 
 void DriveRecord::FaultStands() {
+  if (port_ == 0) return;
   Speaks();
   if (!alarm_) {
     SetAlarm(0);
@@ -119,16 +125,13 @@ void DriveRecord::FaultStands() {
 }
 
 void DriveRecord::FaultCleared() {
-  Speaks();
+  const bool more = Speaks();
   if (alarm_) news_.Tell("Alarm is over");
-  alarm_.reset();
-  Changed.Raise();
+  if (std::exchange(alarm_, std::nullopt) || more) Changed.Raise();
 }
 
 void DriveRecord::ClearSent() {
   if (alarm_) news_.Tell("Alarm told to clear", ", not confirmed");
-  alarm_.reset();
-  Changed.Raise();
 }
 
 void DriveRecord::Holds(std::span<const std::uint8_t> image) {
@@ -140,18 +143,24 @@ void DriveRecord::Holds(std::span<const std::uint8_t> image) {
 
 void DriveRecord::NoAnswer() {
   // Behind a silence there may be another drive when it ends.
+  const bool held = held_.has_value();
   DropImage();
-  if (presence_ != Presence::Silent) {
+  sure_ = false;
+  const bool news = presence_ != Presence::Silent;
+  if (news) {
     Move(Presence::Silent);
     news_.Tell("No answer from the drive");
   }
-  Changed.Raise();
+  if (held || news) Changed.Raise();
 }
 
 void DriveRecord::PortOpened(int port) {
   port_ = port;
   DropImage();
-  if (presence_ != Presence::NeverHeard && port != heardOn_) {
+  sure_ = false;
+  if (heardOn_ == 0) {
+    Move(Presence::NeverHeard);
+  } else if (port != heardOn_) {
     Move(Presence::AnotherPort);
     alarm_.reset();
   }

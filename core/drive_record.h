@@ -46,7 +46,7 @@ class DriveRecord {
   /// An alarm stands or has been cleared; the drive does not say which.
   void FaultStands();
   void FaultCleared();
-  /// The drive has been told to clear its alarm and gives no answer to that.
+  /// The drive has been told to clear its alarm and gives no answer to that: the alarm stands until it tells.
   void ClearSent();
   /// It has stored this image, or has given it.
   void Holds(std::span<const std::uint8_t> image);
@@ -67,6 +67,8 @@ class DriveRecord {
   Presence State() const { return presence_; }
   /// False before any drive has told what it is.
   bool Known() const { return revision_ != 0; }
+  /// The one that is heard has told so itself: since its line has opened, and since the last silence.
+  bool Sure() const { return sure_; }
   int ModelCode() const { return model_; }
   /// "KAVR6-Bx", or what else there is to say.
   std::string Model() const;
@@ -104,6 +106,7 @@ class DriveRecord {
   float revision_ = 0;
   int model_ = 0;
   std::string letter_;
+  bool sure_ = false;
   std::optional<int> alarm_;  // 0: without a word for it
   bool listSetByDrive_ = false;
   int port_ = 0;  // 0: none is open

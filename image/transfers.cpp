@@ -45,7 +45,7 @@ bool Transfers::InertiaConfirmed() {
                    "anti-resonance will work better if you set the load inertia accurately.  Do you want to "
                    "download your settings anyway?",
            .icon = BoxIcon::Question,
-           .title = "Load Inertia Not Set",
+           .title = kInertiaQuestion,
            .buttons = BoxButtons::YesNo,
            .careful = true});
   if (answer == BoxAnswer::Yes) State().InertiaSet = true;
@@ -105,7 +105,7 @@ TransferEnd Transfers::DataDownload() {
   hold.Await(1, ReplyLimit(kDownload));
   Delay(p_.line.pump, kDownloadAnswerPause);
   if (hold.Broken()) hold.Read();
-  const TransferEnd end = ReadAnswer();
+  const TransferEnd end = ReadAnswer(hold);
   if (end == TransferEnd::Done) {
     State().Drive.Holds(image);
   } else {
@@ -122,9 +122,9 @@ void Transfers::SendImage(const ParameterImage& image, const LineHold& hold) {
   }
 }
 
-TransferEnd Transfers::ReadAnswer() {
+TransferEnd Transfers::ReadAnswer(const LineHold& hold) {
   if (p_.line.comm.InBufferCount() == 0) {
-    TellNoAnswer(p_.line);
+    if (!hold.Broken()) TellNoAnswer(p_.line);
     Ask({.text = "The download did not work.  Is it connected to the right port and turned on?",
          .icon = BoxIcon::Question});
     return TransferEnd::NoReply;
@@ -181,7 +181,9 @@ TransferEnd Transfers::DataUpload() {
     ShowProgress(waiting * 100.0 / kImageSize);
   });
   if (inTime) return TakeUpload(hold);
-  if (count == 0) TellNoAnswer(p_.line);
+  // What has come may have been the word of a drive that starts.
+  State().Drive.ForgetImage();
+  if (count == 0 && !hold.Broken()) TellNoAnswer(p_.line);
   Ask({.text = "We are having trouble uploading tuning data from the drive. Is it connected to the "
                "right port and turned on?  If you are using your PC for anything processor intensive, "
                "such as opening a large file in another application, this can interfere with drive "
@@ -196,6 +198,7 @@ TransferEnd Transfers::TakeUpload(LineHold& hold) {
   const Bytes buffer = hold.Read();
   State().Drive.Heard();
   if (!ChecksumHolds(buffer)) {
+    State().Drive.ForgetImage();
     Ask(ChecksumBox("Your program did not upload"));
     return TransferEnd::BadSum;
   }

@@ -15,6 +15,9 @@
 
 namespace kavr6 {
 
+/// Title of the question that a load inertia which nobody has confirmed leads to.
+inline constexpr const char* kInertiaQuestion = "Load Inertia Not Set";
+
 /// What the transactions work on.
 struct TransferParts {
   DriveLine line;
@@ -61,7 +64,7 @@ class Transfers {
   bool InertiaConfirmed();
   TransferEnd CheckDriveAndLimits();
   void SendImage(const ParameterImage& image, const LineHold& hold);
-  TransferEnd ReadAnswer();
+  TransferEnd ReadAnswer(const LineHold& hold);
   TransferEnd TakeUpload(LineHold& hold);
   BoxAnswer Ask(const MessageBox& box) { return p_.line.boxes.Ask(box); }
   DriveState& State() { return p_.line.state; }

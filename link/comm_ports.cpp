@@ -17,6 +17,7 @@ constexpr const char* kLineSettings = "9600,N,8,1";
 constexpr std::array kRetryAfter{0.05, 0.1, 0.25, 0.5};
 /// A device that has gone so soon after it was opened was not really back.
 constexpr double kHoldsAtLeast = 1.0;  // seconds
+constexpr double kOwnNews = 0.2;       // seconds behind an attempt
 
 /// Runs a statement; gives the text of its error if it failed.
 std::optional<std::string> ErrorOf(const std::function<void()>& statement) {
@@ -129,6 +130,8 @@ void CommPorts::AwaitDevice() {
   // The watch outlives the return of the device: the next loss may be told after the return that follows it.
   if (!watch_)
     watch_ = line_.comm.WatchDevices(DeviceNews::Devices, [this] {
+      // A refused attempt may be news by itself, of the lock file that it has made; it is repeated anyway.
+      if (refusedAt_ && line_.pump.Now() - *refusedAt_ < kOwnNews) return;
       newsHeard_ = true;
       TryAnew();
     });
@@ -145,6 +148,7 @@ void CommPorts::StopAwaiting() {
 }
 
 void CommPorts::TryAnew() {
+  refusedAt_.reset();
   refusals_ = 0;
   Reopen();
 }
@@ -154,9 +158,11 @@ void CommPorts::Reopen() {
   if (line_.comm.PortOpen() || !line_.comm.DeviceBack(state_.CommNumber)) return;
   if (OpenPort(state_.CommNumber)) {
     openedWithoutNews_ = std::exchange(newsHeard_, false) ? -1 : line_.pump.Now();
-  } else if (refusals_ < kRetryAfter.size()) {
-    attempt_ = line_.pump.CallAfter(kRetryAfter[refusals_++], [this] { Reopen(); });
+    return;
   }
+  refusedAt_ = line_.pump.Now();
+  if (refusals_ < kRetryAfter.size())
+    attempt_ = line_.pump.CallAfter(kRetryAfter[refusals_++], [this] { Reopen(); });
 }
 
 }  // namespace kavr6

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "link/drive_line.h"
@@ -46,7 +47,8 @@ class CommPorts {
   bool inUse_ = false;  // a port has been open
   std::unique_ptr<DeviceWatch> watch_;
   Scheduler::TaskId attempt_ = 0;
-  std::size_t refusals_ = 0;       // since there was news
+  std::size_t refusals_ = 0;  // since there was news
+  std::optional<double> refusedAt_;
   bool newsHeard_ = false;         // since the port was opened
   double openedWithoutNews_ = -1;  // when, below 0: never
 };

@@ -21,9 +21,10 @@ struct DriveLine {
 
 inline bool NoCommPort(const MSComm& comm) { return !comm.PortOpen(); }
 
-/// A question has had no answer in time. With the port closed that says nothing about the drive.
+/// A question has had no answer in time. With the port closed, or while a live tool takes what comes, that
+/// says nothing about the drive.
 inline void TellNoAnswer(const DriveLine& line) {
-  if (line.comm.PortOpen()) line.state.Drive.NoAnswer();
+  if (line.comm.PortOpen() && !line.state.LiveToolActive) line.state.Drive.NoAnswer();
 }
 
 /// Send one or two bytes in one write. With the port closed they do nothing.

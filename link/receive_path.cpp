@@ -130,7 +130,7 @@ void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b
     case MessageHeader::IgnoredF7:
     case MessageHeader::IgnoredF8:
     case MessageHeader::IgnoredF9:
-      return;
+      return state_.Drive.Heard();
     case MessageHeader::Status:
       if (b2 == 0) return state_.Drive.FaultCleared();
       state_.DriveHasFault = true;
@@ -138,7 +138,7 @@ void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b
     case MessageHeader::Revision:
       state_.DspRev = RevisionOf(b2);
       state_.MinorRev = CharacterOf(b3);
-      state_.Drive.Identified(state_.DspRev, state_.DriveModelCode);
+      state_.Drive.Identified(state_.DspRev, state_.Drive.ModelCode());
       state_.Drive.LetterIs(state_.MinorRev);
       state_.DriveVersion = ShownRevision(state_.DspRev, state_.MinorRev);
       return;

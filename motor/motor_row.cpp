@@ -17,7 +17,7 @@ std::string ColumnText(const std::optional<double>& column) {
 }
 
 std::string RatingText(const MotorRow& row) {
-  const std::string current = row.Current ? NumberText(*row.Current) + " A" : std::string();
+  std::string current = row.Current ? NumberText(*row.Current) + " A" : std::string();
   if (!row.Torque || !row.TorqueUnit) return current;
   const std::string torque = NumberText(*row.Torque) + " " + TorqueUnitName(ToLong(*row.TorqueUnit));
   return current.empty() ? torque : current + ", " + torque;

@@ -104,7 +104,10 @@ class MSComm {
   virtual bool DeviceBack(int /*number*/) const { return false; }
   /// Calls `told` from the event pump whenever something may have changed; rather too often than too seldom,
   /// never when nothing happens, and at no cost in between.
-  virtual std::unique_ptr<DeviceWatch> WatchDevices(DeviceNews /*news*/, std::function<void()> /*told*/) {
+  virtual std::unique_ptr<DeviceWatch> WatchDevices(
+      DeviceNews /*news*/,
+      // NOLINTNEXTLINE(performance-unnecessary-value-param): those that watch keep it
+      std::function<void()> /*told*/) {
     return nullptr;
   }
 

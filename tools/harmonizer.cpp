@@ -260,7 +260,10 @@ std::optional<Long> Harmonizer::ReadNumber(std::string_view letters) {
   // read.
   line_.comm.WaitBlocking(std::numeric_limits<int>::max(), kReplyPause);
   const Bytes reply = line_.comm.Input();
-  if (!reply.empty()) NothingDue();
+  if (!reply.empty()) {
+    NothingDue();
+    line_.state.Drive.Heard();
+  }
   return NumberIn({reinterpret_cast<const char*>(reply.data()), reply.size()});
 }
 

@@ -48,7 +48,7 @@ void LiveTool::NothingDue() {
 }
 
 void LiveTool::ShowSilence() {
-  TellNoAnswer(line_);
+  if (line_.comm.PortOpen()) line_.state.Drive.NoAnswer();
   const auto seconds = static_cast<long>(Desk().Now() - dueSince_ + kTolerance);
   Silence.SetCaption(line_.comm.PortOpen()
                          ? "No answer from the drive since " + std::to_string(seconds) + " s"

@@ -35,6 +35,6 @@ int main(int argc, char** argv) {
   // Drawing the icon costs milliseconds; the main screen comes first.
   desktop.CallAfter(0.3, [] { QApplication::setWindowIcon(QIcon(":/artwork/kavr6.svg")); });
   desktop.Post([&configurator] { configurator.Start(); });
-  const EndSignals endSignals([&desktop] { desktop.EndProgram(0); });
+  const EndSignals endSignals([&desktop](int) { desktop.EndProgram(0); });
   desktop.EndProgram(QApplication::exec());
 }

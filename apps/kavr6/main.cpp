@@ -7,6 +7,9 @@
 #include <iostream>
 #include <span>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include "adapters/qt/base/end_signals.h"
 #include "adapters/qt/base/file_store.h"
 #include "adapters/qt/base/qt_event_pump.h"
@@ -19,13 +22,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kInterrupted = 130;  // as a shell tells of it
-
-/// Tells how things stand when somebody interrupts the program, lets the port go and ends it.
-[[noreturn]] void End(SerialComm& comm, DriveSession* session) {
+/// Tells how things stand when somebody interrupts the program, lets the port go and dies of the signal, as a
+/// loop of a shell expects it.
+[[noreturn]] void End(SerialComm& comm, DriveSession* session, int signal) {
   if (session != nullptr) session->boxes.Tell("Interrupted.  " + session->Interruption);
   comm.Release();
-  std::_Exit(kInterrupted);
+  std::signal(signal, SIG_DFL);
+  std::raise(signal);
+  std::_Exit(1);
 }
 
 int Run(const CommandOptions& options, const fs::path& directory) {
@@ -34,7 +38,7 @@ int Run(const CommandOptions& options, const fs::path& directory) {
   SqliteTable motors;
   DiskFiles files;
   DriveSession* session = nullptr;
-  const EndSignals endSignals([&] { End(comm, session); });
+  const EndSignals endSignals([&](int signal) { End(comm, session, signal); });
   const QVersionNumber version = QVersionNumber::fromString(KAVR6_VERSION);
   const CommandMachine machine{
       pump,
@@ -51,11 +55,20 @@ int Run(const CommandOptions& options, const fs::path& directory) {
   return static_cast<int>(code);
 }
 
+/// A standard stream that is closed must not become one of the descriptors that are opened later.
+void HoldStandardStreams() {
+  int descriptor = STDIN_FILENO;
+  while (descriptor >= STDIN_FILENO && descriptor <= STDERR_FILENO)
+    descriptor = open("/dev/null", O_RDONLY | O_CLOEXEC);
+  close(descriptor);
+}
+
 }  // namespace
 }  // namespace kavr6
 
 int main(int argc, char** argv) {
   using namespace kavr6;
+  HoldStandardStreams();
   std::signal(SIGPIPE, SIG_IGN);  // an output that has been closed is told as an error
   const std::vector<std::string> words(argv + 1, argv + argc);
   CommandOptions options;

@@ -33,7 +33,7 @@ void Tour::LookAt(Form& form, const std::string& suffix) {
 
 /// A picture of each window, opened from the main screen.
 void Tour::LookAtWindows(const std::string& suffix) {
-  stage_.Pause(0.1);
+  stage_.Pause(0.5);  // until the strip has compared
   stage_.Picture(Main(), "MainForm" + suffix);
   Summary& commands = program_.Commands;
   Form* const plain[] = {&program_.Credits,        &program_.ModeMenu,      &program_.LastAlarms,

@@ -28,9 +28,11 @@ constexpr double kWindowSeconds = 5.0;
 Stage::Stage(std::filesystem::path folder) : folder_(std::move(folder)) {
   std::filesystem::remove_all(folder_ / "ports");
   std::filesystem::create_directories(folder_);
+  const bool ours =
+      std::filesystem::exists(folder_ / "tour.log");  // and not a folder with files of the user's
   for (const auto& old : std::filesystem::directory_iterator(folder_))
     for (const char* left : {".png", ".csv", ".cnf"})
-      if (old.path().extension() == left) std::filesystem::remove(old.path());
+      if (ours && old.path().extension() == left) std::filesystem::remove(old.path());
   log_.open(folder_ / "tour.log");
   QObject::connect(&dialogTimer_, &QTimer::timeout, [this] { LookForDialog(); });
   dialogTimer_.start(kPollMs);

@@ -56,6 +56,15 @@ Configurator::Configurator(const Machine& machine)
   machine.desktop.RescueWork = [this] { Files.RescueSettings(); };
 }
 
+// The desktop may live on.
+Configurator::~Configurator() {
+  Desktop& desk = Main.Desk();
+  desk.EventDone = nullptr;
+  desk.CameBack = nullptr;
+  desk.RescueWork = nullptr;
+  desk.HelpWanted = nullptr;
+}
+
 void Configurator::WireTransfers() {
   receive.FrontWindow = [&desktop = Main.Desk()] { return desktop.ActiveFormName(); };
   transfers.CommitOpenDialogs = [this] { PressOpenOks(); };

@@ -52,6 +52,7 @@ struct Machine {
 class Configurator {
  public:
   explicit Configurator(const Machine& machine);
+  ~Configurator();
   Configurator(const Configurator&) = delete;
   Configurator& operator=(const Configurator&) = delete;
 

@@ -40,9 +40,10 @@ std::string ListWords(const DriveState& state) {
 
 std::string AnswerWords(const DriveState& state) {
   const DriveRecord& drive = state.Drive;
-  std::string words = drive.Model() + (drive.AlarmStands() ? " tells of an alarm" : " answers");
-  words += ListWords(state);
-  if (drive.Known()) words += ", firmware " + drive.Firmware();
+  // Another may have taken the place of the one that is known.
+  const std::string who = drive.Sure() ? drive.Model() : "A drive";
+  std::string words = who + (drive.AlarmStands() ? " tells of an alarm" : " answers");
+  if (drive.Sure()) words += ListWords(state) + ", firmware " + drive.Firmware();
   if (drive.AlarmStands()) words += At(", alarm", drive.AlarmAt());
   return At(words + ", heard", drive.HeardAt());
 }

@@ -50,7 +50,7 @@ TEST_F(EventPumpTest, TasksRunInOrderOfTimeAndEntryAtAnyDepth) {
 TEST_F(EventPumpTest, RequestToEndComesThroughTheLoopUnlessItWasIgnoredFromTheStart) {
   const auto before = std::signal(SIGHUP, SIG_IGN);
   std::string log;
-  const EndSignals endSignals([&log] { log += "end "; });
+  const EndSignals endSignals([&log](int) { log += "end "; });
   for (const auto& [signal, name] : {std::pair(SIGTERM, "term "), {SIGINT, "int "}, {SIGHUP, "hup "}}) {
     std::raise(signal);
     log += name;

@@ -18,12 +18,6 @@
 namespace kavr6 {
 namespace {
 
-/// The end of the program is a note.
-struct NotedEnd : QtDesktop {
-  NotedEnd() : QtDesktop(BuildWindow) {}
-  [[noreturn]] void EndProcess(int) override { throw 0; }
-};
-
 /// Where the keys go, a person sees at the focus alone.
 class Keys {
  public:
@@ -109,7 +103,7 @@ struct Keyboard : testing::Test {
   const QTemporaryDir folder;
   int silent = -1;
   QProcess simulator;
-  NotedEnd desktop;
+  QtDesktop desktop{BuildWindow};
   std::optional<SerialComm> comm;
   MemoryTable table = CatalogueTable();
   MemoryFiles files;
@@ -171,12 +165,13 @@ TEST_F(Keyboard, WholeMainJobIsDoneWithoutAMouse) {
   EXPECT_EQ(settings.StepsPerRev, 20000);
   EXPECT_EQ(settings.EnableMode, 1);
   EXPECT_EQ(program->motorTable.Row().PartNoX, "KM23-2S-300");
-  EXPECT_THROW(keys.Press(Qt::Key_Q, Qt::ControlModifier), int);
+  program->state.Modified = true;
+  keys.Press(Qt::Key_Q, Qt::ControlModifier);
   EXPECT_EQ(
       keys.asked,
       "You have not set the load inertia in the Motor Settings.  The electronic damping and anti-resonance "
       "will work better if you set the load inertia accurately.  Do you want to download your settings "
-      "anyway?;file;");
+      "anyway?;file;You have made changes without Saving or Downloading.  Do you really want to quit?;");
 }
 
 }  // namespace

@@ -149,7 +149,6 @@ TEST_P(Style, OutlinesAndTextsStandOutInEveryWindow) {
   int texts = 0;
   for (const ShownWindow& shown : program.windows) {
     const Picture picture(*shown.window);
-    shown.window->grab().save(QString::fromStdString("/tmp/style/d_" + shown.name + ".png"));
     for (const QWidget* widget : shown.window->findChildren<QWidget*>()) {
       if (!widget->isVisible() || widget->visibleRegion().boundingRect() != widget->rect()) continue;
       const std::string who = shown.name + " " + NameOf(*widget).toStdString();

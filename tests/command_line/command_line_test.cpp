@@ -87,7 +87,8 @@ class World {
     QString told;
     for (const QString& line : Lines(call.readAllStandardOutput())) told += line + "\n";
     for (const QString& line : Lines(call.readAllStandardError())) told += "! " + line + "\n";
-    return told + "[" + QString::number(call.exitCode()) + "]\n";
+    const bool killed = call.exitStatus() == QProcess::CrashExit;
+    return told + (killed ? "[signal " : "[") + QString::number(call.exitCode()) + "]\n";
   }
   void Interrupt(int afterMs) {
     EXPECT_FALSE(begun_.waitForFinished(afterMs));

@@ -23,9 +23,10 @@ int writeEnd = -1;
 
 constexpr int kSignals[] = {SIGTERM, SIGINT, SIGHUP};
 
-void Tell(int /*signal*/) {
+void Tell(int signal) {
   const int kept = errno;
-  [[maybe_unused]] const auto written = write(writeEnd, "e", 1);
+  const auto byte = static_cast<char>(signal);
+  [[maybe_unused]] const auto written = write(writeEnd, &byte, 1);
   errno = kept;
 }
 
@@ -41,7 +42,7 @@ void Handle(int signal, void (*handler)(int)) {
 
 }  // namespace
 
-EndSignals::EndSignals(std::function<void()> end) {
+EndSignals::EndSignals(std::function<void(int signal)> end) {
   int ends[2];
   if (pipe(ends) != 0) return;
   readEnd = ends[0];
@@ -53,7 +54,7 @@ EndSignals::EndSignals(std::function<void()> end) {
   notifier_ = std::make_unique<QSocketNotifier>(readEnd, QSocketNotifier::Read);
   QObject::connect(notifier_.get(), &QSocketNotifier::activated, [work = std::move(end)] {
     char byte = 0;
-    if (read(readEnd, &byte, 1) == 1) work();
+    if (read(readEnd, &byte, 1) == 1) work(byte);
   });
   for (const int signal : kSignals) Handle(signal, Tell);
 }
@@ -68,7 +69,7 @@ EndSignals::~EndSignals() {
 
 #else
 
-EndSignals::EndSignals(std::function<void()> /*end*/) {}
+EndSignals::EndSignals(std::function<void(int signal)> /*end*/) {}
 EndSignals::~EndSignals() = default;
 
 #endif

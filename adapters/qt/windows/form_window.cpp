@@ -190,8 +190,6 @@ bool FormWindow::WindowEvent(QEvent& event) {
       activated_();
       return false;
     case QEvent::Resize:
-      TakePlace();
-      return false;
     case QEvent::Move:
       TakePlace();
       return false;

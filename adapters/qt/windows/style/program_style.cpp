@@ -25,11 +25,6 @@ bool HasFrameOfField(const QWidget* widget) {
   return qobject_cast<const QAbstractScrollArea*>(widget) != nullptr;
 }
 
-bool ShowsQuietSelection(const QStyleOption& option, const QWidget* widget) {
-  return option.state.testFlag(QStyle::State_Selected) && option.state.testFlag(QStyle::State_Enabled) &&
-         widget != nullptr && !widget->hasFocus() && widget->window()->windowType() != Qt::Popup;
-}
-
 /// Typing picks another row in a list with the focus: a person must see which list that is.
 void Quieten(QPalette& palette) {
   palette.setColor(QPalette::All, QPalette::Highlight, QuietSelection(palette));
@@ -65,6 +60,11 @@ const char* PictureOf(QStyle::StandardPixmap icon) {
 }
 
 }  // namespace
+
+bool ShowsQuietSelection(const QStyleOption& option, const QWidget* widget) {
+  return option.state.testFlag(QStyle::State_Selected) && option.state.testFlag(QStyle::State_Enabled) &&
+         widget != nullptr && !widget->hasFocus() && widget->window()->windowType() != Qt::Popup;
+}
 
 ProgramStyle::ProgramStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
 
@@ -237,7 +237,7 @@ void UseProgramStyle() {
   if (QCoreApplication::instance() == nullptr ||
       qobject_cast<ProgramStyle*>(QApplication::style()) == nullptr)
     QApplication::setStyle(new ProgramStyle);
-}
+}  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the application has taken it
 
 void PretendSystemScheme(std::optional<Scheme> scheme) {
   pretended = scheme;

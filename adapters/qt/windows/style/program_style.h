@@ -19,6 +19,10 @@ struct ButtonParts {
   QStyle::SubElement ring;
 };
 
+/// Whether the selected row of a list is drawn quietly, with the colours of its text: the list lacks the
+/// focus.
+bool ShowsQuietSelection(const QStyleOption& option, const QWidget* widget);
+
 /// The toolkit's plain style with the program's own palette, which is light or dark as the system's is, at
 /// every moment, and with the parts of parts.h.
 class ProgramStyle : public QProxyStyle {

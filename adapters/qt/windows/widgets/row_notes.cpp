@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QPainter>
 
+#include "adapters/qt/windows/style/program_style.h"
+
 namespace kavr6::widgets {
 namespace {
 
@@ -38,7 +40,8 @@ void RowNotes::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
   room.adjust(
       margin + row.fontMetrics.horizontalAdvance(row.text) + kGap * row.fontMetrics.averageCharWidth(), 0,
       -margin, 0);
-  const bool selected = row.state.testFlag(QStyle::State_Selected);
+  const bool selected =
+      row.state.testFlag(QStyle::State_Selected) && !style::ShowsQuietSelection(row, row.widget);
   const QPalette::ColorGroup group = !row.state.testFlag(QStyle::State_Enabled) ? QPalette::Disabled
                                      : row.state.testFlag(QStyle::State_Active) ? QPalette::Active
                                                                                 : QPalette::Inactive;
