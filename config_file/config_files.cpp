@@ -156,7 +156,7 @@ bool ConfigFiles::MayReplaceChanges() {
        .icon = BoxIcon::Question,
        .title = "Open",
        .buttons = BoxButtons::OkCancel,
-        .careful = true});
+       .careful = true});
   return answer == BoxAnswer::Ok;
 }
 

@@ -12,8 +12,8 @@ class RealTimeScheduler : public Scheduler {
  public:
   RealTimeScheduler();
 
-  /// Seconds on the monotonic clock since the construction. A task sees the time for which it was due: what it
-  /// starts then is not late because the machine has woken up late.
+  /// Seconds on the monotonic clock since the construction. A task sees the time for which it was due: what
+  /// it starts then is not late because the machine has woken up late.
   double Now() const override;
   TaskId CallAfter(double seconds, Task task) override {
     return tasks_.Add(Now() + seconds, std::move(task));

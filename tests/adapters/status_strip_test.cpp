@@ -1,10 +1,11 @@
 // The strip at the foot of the main screen says what it can in the width it gets, and cuts no name.
+#include "adapters/qt/windows/widgets/status_strip.h"
+
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 #include "adapters/qt/windows/widgets/picture.h"
-#include "adapters/qt/windows/widgets/status_strip.h"
 #include "adapters/qt/windows/widgets/status_text.h"
 
 namespace kavr6::widgets {

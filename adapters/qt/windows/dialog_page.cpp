@@ -114,7 +114,8 @@ void DialogPage::SettleGaps(int gap) {
 
 void DialogPage::PutIntoArea(QBoxLayout& column) {
   auto* const area = new widgets::PageArea(&dialog_);
-  auto* const page = new QWidget(area);  // in another window the controls would lose their place for the Tab key
+  auto* const page =
+      new QWidget(area);  // in another window the controls would lose their place for the Tab key
   auto* const inside = new QVBoxLayout(page);
   inside->setContentsMargins({});
   while (column.count() > 0 && !IsButtonRow(*column.itemAt(0))) {

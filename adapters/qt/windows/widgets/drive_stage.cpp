@@ -14,7 +14,7 @@ constexpr int kLeastLine = 22;
 constexpr int kUsualLine = 34;
 constexpr int kLongestLine = 110;
 constexpr int kButtonGap = 4;
-constexpr double kMostButtonScale = 1.15;     // they stay smaller than those of the transfers
+constexpr double kMostButtonScale = 1.15;    // they stay smaller than those of the transfers
 constexpr double kPartSpacing = 72.0 / 310;  // of neighbouring connectors, as a share of the drawing's height
 
 struct Seat {
