@@ -25,9 +25,9 @@ class ReadOnlyTable : public TableAccess {
   void MoveNext() override { table_.MoveNext(); }
   bool EndOfTable() const override { return table_.EndOfTable(); }
   Variant Read(std::string_view column) const override { return table_.Read(column); }
-  void AddNew() override { throw RuntimeError(3027, "The motor table is not written to"); }
+  void AddNew() override { throw RuntimeError(kTableReadOnly, "The motor table is not written to"); }
   void Assign(std::string_view column, const Variant& value) override { table_.Assign(column, value); }
-  void Update() override { table_.Update(); }
+  std::filesystem::path Update() override { return table_.Update(); }
 
  private:
   TableAccess& table_;

@@ -1,8 +1,10 @@
 #include "core/numbers.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "platform/runtime_error.h"
@@ -193,7 +195,7 @@ double PowerOfTen(std::string_view number) {
   if (e < number.size()) {
     std::string_view digits = number.substr(e + 1);
     if (digits.starts_with('+')) digits.remove_prefix(1);
-    if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc())
+    if (RealFromChars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc())
       return digits.starts_with('-') ? -HUGE_VAL : HUGE_VAL;
   }
   const std::size_t first = std::min(number.find_first_of("123456789"), e);
@@ -204,7 +206,7 @@ double PowerOfTen(std::string_view number) {
 double ValueOf(std::string_view number) {
   if (number.starts_with('+')) number.remove_prefix(1);
   double value = 0;
-  const auto result = std::from_chars(number.data(), number.data() + number.size(), value);
+  const auto result = RealFromChars(number.data(), number.data() + number.size(), value);
   if (result.ec != std::errc::result_out_of_range) return value;
   if (PowerOfTen(number) < 0) return 0;
   return number.starts_with('-') ? -std::numeric_limits<double>::infinity()
@@ -216,6 +218,23 @@ std::string_view WithoutLeadingBlanks(std::string_view text) {
 }
 
 }  // namespace
+
+std::from_chars_result RealFromChars(const char* first, const char* last, double& value) {
+#ifdef __cpp_lib_to_chars
+  return std::from_chars(first, last, value);
+#else
+  const std::string text(first, last);
+  char* end = nullptr;
+  errno = 0;
+  const double read = std::strtod(text.c_str(), &end);
+  if (end == text.c_str()) return {first, std::errc::invalid_argument};
+  const char* const rest = first + (end - text.c_str());
+  // A number too small for all its digits is told in the same way, and is right.
+  if (errno == ERANGE && (read == 0 || std::isinf(read))) return {rest, std::errc::result_out_of_range};
+  value = read;
+  return {rest, {}};
+#endif
+}
 
 double StrictNumber(std::string_view text) {
   text = WithoutLeadingBlanks(text);

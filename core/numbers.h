@@ -1,6 +1,7 @@
 // Conversions between numbers and between numbers and texts.
 #pragma once
 
+#include <charconv>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -32,6 +33,9 @@ double StrictNumber(std::string_view text);
 /// The number at the beginning of a text: leading blanks are skipped, reading ends at the first character
 /// that cannot continue the number. 0 without one; beyond the range of a double, the end of that range.
 double PrefixNumber(std::string_view text);
+
+/// std::from_chars for a plain decimal number with a fraction, which not every standard library has.
+std::from_chars_result RealFromChars(const char* first, const char* last, double& value);
 
 /// A number by a picture such as "0.00", "#0.000" or "#.0##": 0 is a digit always shown, # one shown when
 /// significant. The decimal text of the value is rounded, a half away from zero.

@@ -24,7 +24,8 @@ class MemoryTable : public TableAccess {
 
   bool FailOpen = false;  ///< Open raises an error
   std::function<void(const Row&)> Added;
-  bool FailUpdate = false;  ///< Update raises an error, as with a read-only file
+  std::filesystem::path TakenBy;  ///< where new rows are said to have gone
+  bool FailUpdate = false;        ///< Update raises an error, as with a read-only file
 
   /// Adds a whole row, whatever the cursor does.
   void Add(Row row) {
@@ -60,10 +61,11 @@ class MemoryTable : public TableAccess {
   void Assign(std::string_view column, const Variant& value) override {
     pending_.at(ColumnNumber(column)) = value;
   }
-  void Update() override {
-    if (FailUpdate) throw RuntimeError(3027, "The database is read-only.");
+  std::filesystem::path Update() override {
+    if (FailUpdate) throw RuntimeError(kTableReadOnly, "The database is read-only.");
     if (Added) Added(pending_);
     Add(std::exchange(pending_, {}));
+    return TakenBy;
   }
 
  private:

@@ -83,18 +83,17 @@ std::vector<MotorRow> MotorTable::Overview() {
   return rows;
 }
 
-std::optional<std::string> MotorTable::Append(const MotorRecord& motor) {
+AppendedMotor MotorTable::Append(const MotorRecord& motor) {
   const MotorRow row = RowOf(motor);
   try {
-    Write(row);
-    return std::nullopt;
+    return {{}, Write(row)};
   } catch (const RuntimeError& error) {
     kept_.push_back(row);
-    return error.what();
+    return {error.what(), {}};
   }
 }
 
-void MotorTable::Write(const MotorRow& row) {
+std::filesystem::path MotorTable::Write(const MotorRow& row) {
   // The order in which a motor's columns have always been given.
   static constexpr std::string_view kOrder[] = {
       "current",    "harmonic gain", "harmonic phase", "inertia",       "part number",   "Torque",
@@ -111,7 +110,7 @@ void MotorTable::Write(const MotorRow& row) {
       access_.Assign(name, number);
     }
   }
-  access_.Update();
+  return access_.Update();
 }
 
 }  // namespace kavr6

@@ -15,6 +15,12 @@ namespace kavr6 {
 inline constexpr const char* kMotorFile = "kavr6 motors.mdb";
 inline constexpr const char* kMotorTableName = "motor params";
 
+/// What has become of a motor that was to be appended.
+struct AppendedMotor {
+  std::optional<std::string> refusal;  ///< why the table could not be written
+  std::filesystem::path elsewhere;     ///< the file that has taken it, where that is not the opened one
+};
+
 /// The motor table with its one cursor: the row that the cursor stands on is the selected standard motor.
 class MotorTable {
  public:
@@ -36,12 +42,11 @@ class MotorTable {
   /// belongs counts as empty. The cursor then stands on no row.
   std::vector<MotorRow> Overview();
   /// Appends a motor under its name, which no row has yet; the cursor stays. Where the table cannot be
-  /// written, the motor is kept until the program ends and otherwise behaves as a row of the table; the
-  /// reason comes back then.
-  std::optional<std::string> Append(const MotorRecord& motor);
+  /// written, the motor is kept until the program ends and otherwise behaves as a row of the table.
+  AppendedMotor Append(const MotorRecord& motor);
 
  private:
-  void Write(const MotorRow& row);
+  std::filesystem::path Write(const MotorRow& row);
 
   TableAccess& access_;
   std::vector<MotorRow> kept_;               // that the table would not take

@@ -54,6 +54,7 @@ class Desktop : public EventPump, public Boxes {
   /// Puts a text, UTF-8, where other programs take it from when the user pastes.
   virtual void CopyText(const std::string& text) = 0;
   virtual TwipSize ScreenSize() const = 0;
+  /// Where motor table and help pages lie.
   virtual std::filesystem::path ProgramDirectory() const = 0;
   virtual ProgramVersion Version() const = 0;
   /// Ends the process at once, from whatever depth, when what AtEnd was told is done. Does not return.

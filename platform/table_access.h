@@ -12,6 +12,10 @@ namespace kavr6 {
 /// Value of one column; monostate stands for an empty column.
 using Variant = std::variant<std::monostate, std::int64_t, double, std::string>;
 
+/// Errors of a table that is read as ever and takes no new rows.
+inline constexpr int kTableReadOnly = 3027;
+inline constexpr int kTableUnreachable = 3051;
+
 /// Access to one table. The cursor stands on a row, or on none: before the first move and past the end.
 /// Failures of the database are RuntimeErrors with a plain sentence as text.
 class TableAccess {
@@ -34,10 +38,11 @@ class TableAccess {
   /// current row, 3265 for an unknown column.
   virtual Variant Read(std::string_view column) const = 0;
   /// Begins a new row; Assign fills it, Update appends it in one transaction. The cursor does not move.
-  /// When Update fails the table is as before.
+  /// When Update fails the table is as before. It returns the file that the row has gone to, where that is
+  /// not the opened one.
   virtual void AddNew() = 0;
   virtual void Assign(std::string_view column, const Variant& value) = 0;
-  virtual void Update() = 0;
+  virtual std::filesystem::path Update() = 0;
 };
 
 }  // namespace kavr6

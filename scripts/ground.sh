@@ -27,6 +27,6 @@ install_missing() {
 build() {
   local preset=$1
   shift
-  [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" >/dev/null || fail "configuring failed"
+  [ "build/$preset/build.ninja" -nt CMakePresets.json ] || cmake --preset "$preset" >/dev/null || fail "configuring failed"
   cmake --build --preset "$preset" ${@:+--target "$@"} || fail "building failed"
 }

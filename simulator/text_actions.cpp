@@ -1,4 +1,3 @@
-#include <charconv>
 #include <cmath>
 #include <string>
 
@@ -228,9 +227,9 @@ constexpr TextCommand kActions[] = {
 
 std::optional<double> NumberOf(std::string_view text) {
   if (text.starts_with('+')) text.remove_prefix(1);
+  if (text.find_first_not_of("-.0123456789") != std::string_view::npos) return {};  // no exponent
   double value = 0.0;
-  const auto [rest, error] =
-      std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+  const auto [rest, error] = RealFromChars(text.data(), text.data() + text.size(), value);
   if (error != std::errc() || rest != text.data() + text.size() || !std::isfinite(value)) return {};
   return value;
 }

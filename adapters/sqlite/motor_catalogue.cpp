@@ -93,13 +93,16 @@ void CheckPartNumber(const std::string& partNumber, const std::string& key, int 
   if (key != partNumber) throw CatalogueError(line, "\"PartNoX\" must repeat the part number");
 }
 
-std::string CreateTableSql() {
+/// SQL that makes the table and its index; `unless` says when not.
+std::string CreateSql(const std::string& unless = "") {
   constexpr std::array kTypes{"TEXT", "REAL", "INTEGER"};  // by ColumnType
   std::string columns;
   for (const MotorColumn& column : kMotorColumns)
     columns += (columns.empty() ? "" : ", ") + QuotedName(column.name) + " " +
                kTypes[static_cast<std::size_t>(column.type)];
-  return "CREATE TABLE " + QuotedName(kMotorTableName) + " (" + columns + ")";
+  const std::string table = QuotedName(kMotorTableName);
+  return "CREATE TABLE " + unless + table + " (" + columns + "); CREATE UNIQUE INDEX " + unless +
+         "\"PartNoX\" ON " + table + " (\"PartNoX\")";
 }
 
 void FillTable(const SqliteConnection& file, const std::vector<CatalogueRow>& rows) {
@@ -148,12 +151,17 @@ void WriteMotorFile(const std::vector<CatalogueRow>& rows, const std::filesystem
   {
     const SqliteConnection connection(fresh, SqliteConnection::Mode::CreateNew, std::chrono::milliseconds(0));
     connection.Run("BEGIN");
-    connection.Run(CreateTableSql());
-    connection.Run("CREATE UNIQUE INDEX \"PartNoX\" ON " + QuotedName(kMotorTableName) + " (\"PartNoX\")");
+    connection.Run(CreateSql());
     FillTable(connection, rows);
     connection.Run("COMMIT");
   }
   std::filesystem::rename(fresh, file);
+}
+
+void EnsureMotorFile(const std::filesystem::path& file) {
+  constexpr std::chrono::milliseconds kPatience(250);
+  const SqliteConnection connection(file, SqliteConnection::Mode::CreateNew, kPatience);
+  connection.Run("BEGIN IMMEDIATE; " + CreateSql("IF NOT EXISTS ") + "; COMMIT");
 }
 
 }  // namespace kavr6

@@ -30,4 +30,7 @@ std::vector<CatalogueRow> ReadCatalogue(std::istream& text);
 /// Writes the motor table with these rows and its index; an older file of that name is replaced, as a whole.
 void WriteMotorFile(const std::vector<CatalogueRow>& rows, const std::filesystem::path& file);
 
+/// Makes a motor table without rows, where there is no file of that name; several programs may do so at once.
+void EnsureMotorFile(const std::filesystem::path& file);
+
 }  // namespace kavr6

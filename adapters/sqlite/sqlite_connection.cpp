@@ -18,10 +18,10 @@ struct Failure {
 
 constexpr std::array kFailures{
     Failure{SQLITE_BUSY, 3260, "is in use by another program."},
-    Failure{SQLITE_READONLY, 3027, "is read-only."},
+    Failure{SQLITE_READONLY, kTableReadOnly, "is read-only."},
     Failure{SQLITE_NOTADB, 3343, "is not a database."},
     Failure{SQLITE_CORRUPT, 3343, "is damaged."},
-    Failure{SQLITE_CANTOPEN, 3051, "cannot be opened, or its folder cannot be written to."},
+    Failure{SQLITE_CANTOPEN, kTableUnreachable, "cannot be opened, or its folder cannot be written to."},
     Failure{SQLITE_FULL, 3026, "cannot grow: the disk is full."},
     Failure{SQLITE_IOERR, 3024, "cannot be read or written: the disk reports an error."},
     Failure{SQLITE_CONSTRAINT, 3022, "does not accept this row."},

@@ -76,7 +76,7 @@ void SqliteTable::Assign(std::string_view column, const Variant& value) {
   newRow_->emplace_back(ColumnNumber(column), value);
 }
 
-void SqliteTable::Update() {
+std::filesystem::path SqliteTable::Update() {
   if (!newRow_) RaiseInvalidCall();
   const auto newRow = *std::exchange(newRow_, std::nullopt);
   std::string names;
@@ -89,6 +89,7 @@ void SqliteTable::Update() {
   SqliteStatement insert(Connection(), "INSERT INTO " + table_ + " (" + names + ") VALUES (" + places + ")");
   for (std::size_t i = 0; i < newRow.size(); ++i) insert.Bind(static_cast<int>(i + 1), newRow[i].second);
   insert.Step();
+  return {};
 }
 
 const SqliteConnection& SqliteTable::Connection() const {

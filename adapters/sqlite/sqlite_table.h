@@ -33,7 +33,7 @@ class SqliteTable : public TableAccess {
   Variant Read(std::string_view column) const override;
   void AddNew() override;
   void Assign(std::string_view column, const Variant& value) override;
-  void Update() override;
+  std::filesystem::path Update() override;
 
  private:
   struct Row {

@@ -6,12 +6,13 @@
 
 #include "adapters/qt/base/end_signals.h"
 #include "adapters/qt/base/file_store.h"
+#include "adapters/qt/base/program_folders.h"
 #include "adapters/qt/print/qt_print_job.h"
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/qt/windows/forms.h"
 #include "adapters/qt/windows/qt_desktop.h"
 #include "adapters/qt/windows/style/program_style.h"
-#include "adapters/sqlite/sqlite_table.h"
+#include "adapters/sqlite/motor_tables.h"
 #include "core/program/configurator.h"
 
 int main(int argc, char** argv) {
@@ -26,12 +27,13 @@ int main(int argc, char** argv) {
   QLocale::setDefault(QLocale::c());
 
   QtDesktop desktop(BuildWindow);
-  SerialComm comm(desktop, desktop.ProgramDirectory() / "ports");
+  const ProgramFolders folders = FindProgramFolders();
+  SerialComm comm(desktop, {folders.own / "ports", folders.data / "ports"});
   desktop.AtEnd([&comm] { comm.Release(); });
-  SqliteTable motors;
+  MotorTables motors(folders.own, folders.installed);
   DiskFiles files;
   QtPrintJob print([&desktop] { return desktop.BoxParent(); }, desktop.HelpIn(Desktop::kInPrintDialog));
-  Configurator configurator({desktop, comm, motors, files, print});
+  Configurator configurator({desktop, comm, motors.Both(), files, print});
   // Drawing the icon costs milliseconds; the main screen comes first.
   desktop.CallAfter(0.3, [] { QApplication::setWindowIcon(QIcon(":/artwork/kavr6.svg")); });
   desktop.Post([&configurator] { configurator.Start(); });

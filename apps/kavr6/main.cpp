@@ -3,7 +3,6 @@
 #include <QVersionNumber>
 #include <clocale>
 #include <csignal>
-#include <filesystem>
 #include <iostream>
 #include <span>
 
@@ -12,15 +11,14 @@
 
 #include "adapters/qt/base/end_signals.h"
 #include "adapters/qt/base/file_store.h"
+#include "adapters/qt/base/program_folders.h"
 #include "adapters/qt/base/qt_event_pump.h"
 #include "adapters/qt/serial/serial_comm.h"
-#include "adapters/sqlite/sqlite_table.h"
+#include "adapters/sqlite/motor_tables.h"
 #include "command_line/commands.h"
 
 namespace kavr6 {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// Tells how things stand when somebody interrupts the program, lets the port go and dies of the signal, as a
 /// loop of a shell expects it.
@@ -32,10 +30,10 @@ namespace fs = std::filesystem;
   std::_Exit(1);
 }
 
-int Run(const CommandOptions& options, const fs::path& directory) {
+int Run(const CommandOptions& options, const ProgramFolders& folders) {
   QtEventPump pump;
-  SerialComm comm(pump, directory / "ports");
-  SqliteTable motors;
+  SerialComm comm(pump, {folders.own / "ports", folders.data / "ports"});
+  MotorTables motors(folders.own, folders.installed);
   DiskFiles files;
   DriveSession* session = nullptr;
   const EndSignals endSignals([&](int signal) { End(comm, session, signal); });
@@ -43,11 +41,11 @@ int Run(const CommandOptions& options, const fs::path& directory) {
   const CommandMachine machine{
       pump,
       comm,
-      motors,
+      options.motors.empty() ? motors.Both() : motors.Common(),
       files,
       std::cout,
       std::cerr,
-      directory,
+      folders.data,
       {version.majorVersion(), version.minorVersion(), version.microVersion()},
       [&comm](int number, const std::string& device) { comm.UseDevice(number, device); }};
   const ExitCode code = RunCommand(machine, options, [&session](DriveSession* now) { session = now; });
@@ -86,5 +84,5 @@ int main(int argc, char** argv) {
   }
   QCoreApplication application(argc, argv);
   std::setlocale(LC_NUMERIC, "C");
-  return Run(options, QCoreApplication::applicationDirPath().toStdU16String());
+  return Run(options, FindProgramFolders());
 }

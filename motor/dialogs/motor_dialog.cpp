@@ -169,17 +169,31 @@ void MotorDialog::LoadKindChosen(bool ratio) {
   JUnits.SetEnabled(!ratio);
 }
 
+namespace {
+
+/// Nothing, where the motor is in the file that stands for the table.
+void TellWhatBecameOf(const std::string& name, const AppendedMotor& appended, Desktop& desk) {
+  const std::string motor = "The motor \"" + name + "\"";
+  if (appended.refusal)
+    desk.Ask({.text = motor + " is not in the motor database and cannot be added to it.  " +
+                      *appended.refusal +
+                      "  It is selected all the same and can be used until the program ends.",
+              .icon = BoxIcon::Exclamation});
+  else if (!appended.elsewhere.empty())
+    desk.Ask({.text = motor + " was not in the motor database.  It has been added to your own motors, in " +
+                      appended.elsewhere.string() + ".",
+              .icon = BoxIcon::Information});
+}
+
+}  // namespace
+
 void AddMotorIfMissing(MotorTable& table, MotorDialog& dialog, const MotorRecord& motor) {
   if (motor.MotorName.empty()) return;
   if (table.Seek(motor.MotorName)) {
     dialog.SetMotorList(table.Row().PartNumber);
     return;
   }
-  if (const auto cause = table.Append(motor))
-    dialog.Desk().Ask({.text = "The motor \"" + motor.MotorName +
-                               "\" is not in the motor database and cannot be added to it.  " + *cause +
-                               "  It is selected all the same and can be used until the program ends.",
-                       .icon = BoxIcon::Exclamation});
+  TellWhatBecameOf(motor.MotorName, table.Append(motor), dialog.Desk());
   dialog.LoadMotorList();
   dialog.SetMotorList(motor.MotorName);
 }

@@ -120,7 +120,8 @@ class MotorDialog : public SetupDialog {
 
 /// Selects the motor of that name in the dialog, after appending it to the table where it is missing. A motor
 /// without a name is ignored. That the table cannot be written is told in a box; the motor is selected all
-/// the same, and stays in the list until the program ends.
+/// the same, and stays in the list until the program ends. A box also tells which file has taken it, where
+/// that is the user's own.
 void AddMotorIfMissing(MotorTable& table, MotorDialog& dialog, const MotorRecord& motor);
 
 }  // namespace kavr6

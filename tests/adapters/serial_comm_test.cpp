@@ -351,6 +351,13 @@ TEST(PortNames, PinnedDevicesKeepTheirNumberAndTheOthersFillTheRest) {
   const std::string expected[] = {(links / "gone").string(), system[0], system[1], system[2], ""};
   for (int number = 1; number <= 5; ++number)
     EXPECT_EQ(DeviceForPort(number, links, system), expected[number - 1]) << number;
+  // A user's own links go before the program's.
+  const LinkFolders both{links / "own", links};
+  fs::create_directory(links / "own");
+  fs::create_symlink("../ttyACM0", links / "own" / "COM3");
+  EXPECT_EQ(DeviceForPort(3, both, system), system[0]);
+  EXPECT_EQ(DeviceForPort(2, both, system), system[1]);
+  EXPECT_EQ(DeviceForPort(1, both, system), expected[0]);
   EXPECT_TRUE(NaturalLess("ttyUSB2", "ttyUSB10") && !NaturalLess("ttyUSB10", "ttyUSB2"));
 }
 

@@ -7,7 +7,7 @@
 #include <unistd.h>
 
 #include "adapters/sqlite/motor_catalogue.h"
-#include "adapters/sqlite/sqlite_table.h"
+#include "adapters/sqlite/motor_tables.h"
 #include "motor/motor_table.h"
 #include "platform/runtime_error.h"
 
@@ -49,7 +49,9 @@ struct Bench {
   }
   void Open() { motors.Open(folder); }
   /// What the reason says for a motor that the table does not take.
-  std::string Append(const std::string& name) { return motors.Append({.MotorName = name}).value_or("added"); }
+  std::string Append(const std::string& name) {
+    return motors.Append({.MotorName = name}).refusal.value_or("added");
+  }
   /// The rows of the file, without those that are only kept.
   std::string Order() {
     std::string names;
@@ -135,6 +137,19 @@ TEST(SqliteTable, LockedFileIsToldAndLeftAsItWas) {
   EXPECT_EQ(bench.Order(), "KM17 KM23 ");
 }
 
+/// The motors that a program sees, its catalogue in `folder`. "+NAME": it has appended that one.
+std::string SeenFrom(const std::filesystem::path& folder, const std::filesystem::path& own, bool installed,
+                     const std::string& missing) {
+  MotorTables tables(own, installed);
+  MotorTable motors(tables.Both());
+  motors.Open(folder);
+  std::string seen;
+  if (!missing.empty() && !motors.Seek(missing))
+    seen = "+" + motors.Append({.MotorName = missing}).refusal.value_or(missing) + ": ";
+  for (const MotorRow& row : motors.Overview()) seen += row.PartNumber + " ";
+  return seen;
+}
+
 TEST(SqliteTable, ReadOnlyFileIsReadAndOnlyTheAppendFails) {
   using std::filesystem::perms;
   Bench bench;
@@ -147,7 +162,35 @@ TEST(SqliteTable, ReadOnlyFileIsReadAndOnlyTheAppendFails) {
   bench.Open();
   EXPECT_EQ(bench.Append("KM23"), "The file \"" + bench.file.string() + "\" is read-only.");
   EXPECT_EQ(bench.Order(), "KM17 ");
+  QTemporaryDir home;
+  EXPECT_EQ(SeenFrom(bench.folder, home.path().toStdString(), false, "KM23"), "+KM23: KM17 KM23 ");
   ASSERT_EQ(seteuid(user), 0);
+}
+
+TEST(MotorTables, OwnMotorsOutliveTheCatalogueThatTheyWereAddedTo) {
+  Bench bench;
+  bench.Insert("KM17");
+  const std::filesystem::path own = bench.folder / "home" / "share";
+  EXPECT_EQ(SeenFrom(bench.folder, own, true, ""), "KM17 ");
+  EXPECT_FALSE(std::filesystem::exists(own)) << "made before there was a need";
+  EXPECT_EQ(SeenFrom(bench.folder, own, true, "KM16"), "+KM16: KM16 KM17 ");
+  EXPECT_EQ(SeenFrom(bench.folder, own, true, "KM99"), "+KM99: KM16 KM17 KM99 ");
+  bench.Open();
+  EXPECT_EQ(bench.Order(), "KM17 ") << "the installed file has been written to";
+
+  std::filesystem::remove(bench.file);  // the next version knows one of them, and one more
+  WriteMotorFile({}, bench.file);
+  bench.other.emplace(bench.file, SqliteConnection::Mode::Existing, milliseconds(0));
+  for (const char* name : {"KM16", "KM17", "KM18"}) bench.Insert(name);
+  EXPECT_EQ(SeenFrom(bench.folder, own, true, "KM16"), "KM16 KM17 KM18 KM99 ");
+  EXPECT_EQ(SeenFrom(bench.folder, own, false, "KM20"), "+KM20: KM16 KM17 KM18 KM20 KM99 ");
+  bench.Open();
+  EXPECT_EQ(bench.Order(), "KM16 KM17 KM18 KM20 ");
+
+  std::ofstream(own / kMotorFile) << std::string(5000, 'x');
+  EXPECT_EQ(
+      SeenFrom(bench.folder, own, true, "KM99"),
+      "+The file \"" + (own / kMotorFile).string() + "\" is not a database.: KM16 KM17 KM18 KM20 KM99 ");
 }
 
 TEST(MotorCatalogue, BadLineIsNamedWithItsReason) {

@@ -3,6 +3,7 @@
 // message behind "! ", and its exit code in brackets. With KAVR6_WRITE_TRANSCRIPTS set, what has come of the
 // calls is left beside it as sessions.got.
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
@@ -18,7 +19,10 @@ namespace {
 
 class World {
  public:
-  World() { simulator_.setProgram(DRIVE_SIMULATOR); }
+  World() {
+    simulator_.setProgram(DRIVE_SIMULATOR);
+    qputenv("XDG_DATA_HOME", Path("home").toUtf8());
+  }
   ~World() { StopDrive(); }
   World(const World&) = delete;
   World& operator=(const World&) = delete;
@@ -35,6 +39,7 @@ class World {
          [&] {
            ReplaceLine(rest.section(' ', 0, 0), rest.section(' ', 1, 1).toInt(), rest.section(' ', 2));
          }},
+        {"pins", [&] { PinAllPorts(); }},
         {"begin", [&] { Start(begun_, rest); }},
         {"wait", [&] { QThread::msleep(rest.toULong()); }},
         {"interrupt", [&] { Interrupt(rest.toInt()); }},
@@ -63,6 +68,14 @@ class World {
   void StopDrive() {
     simulator_.kill();
     simulator_.waitForFinished();
+  }
+
+  /// Otherwise the ports of this computer would be told.
+  void PinAllPorts() {
+    const QString own = Path("home/kavr6/ports/");
+    EXPECT_TRUE(QDir().mkpath(own));
+    for (int n = 1; n <= 8; ++n)
+      EXPECT_TRUE(QFile::link(Path(QString("ports/COM%1").arg(n)), own + QString("COM%1").arg(n)));
   }
 
   void ReplaceLine(const QString& name, int number, const QString& text) {

@@ -25,7 +25,9 @@ TEST(ByteCodec, FloatsKeep23BitsAndEndInOverflowBeyondTheirFormat) {
   std::array<Byte, 4> bytes{};
   for (const auto& [value, expected] : cases) {
     FloatBytes(value, bytes[0], bytes[1], bytes[2], bytes[3]);
-    EXPECT_EQ(std::uint32_t{bytes[0]} << 24 | bytes[1] << 16 | bytes[2] << 8 | bytes[3], expected) << value;
+    std::uint32_t all = 0;
+    for (const Byte byte : bytes) all = all << 8 | byte;
+    EXPECT_EQ(all, expected) << value;
     if (value >= 16777216.0) continue;  // from the seventh hexadecimal digit on, digits are cut at the end
     EXPECT_NEAR(ImageReader(bytes).Str2Float(), value, value / (1 << 23));
   }

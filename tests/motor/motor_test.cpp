@@ -7,6 +7,7 @@
 #include "motor/memory_table.h"
 #include "motor/motor_calculations.h"
 #include "motor/motor_units.h"
+#include "motor/own_rows.h"
 #include "tests/support/error_of.h"
 
 namespace kavr6 {
@@ -96,6 +97,69 @@ TEST(MotorCalculations, LoadFromAFrequencyAsAValueOrARatio) {
   bench.UseCustom(1, 0.00005, 7);
   CalcLoadInertia(bench.settings, bench.table.Row(), 113);
   EXPECT_NEAR(bench.settings.InertiaRatio, 0.98372, 1e-5);
+}
+
+/// A catalogue, and one user's motors.
+struct TwoTables {
+  MemoryTable common;
+  MemoryTable own;
+  std::string made;
+  OwnRows both{common, {own, "/", [this](const auto& file) { made += file.string(); }}};
+
+  void Fill(const char* commons, const char* owns) {
+    for (const char c : std::string(commons)) common.AddMotor({c}, 1, 1, 1);
+    for (const char c : std::string(owns)) own.AddMotor({c}, 2, 1, 1);
+    both.Open("file", "table");
+    both.SetIndex("PartNoX");
+  }
+  /// The current row and all that follow, the user's in brackets.
+  std::string Rest() {
+    std::string names;
+    for (; !both.EndOfTable(); both.MoveNext()) {
+      const std::string name = std::get<std::string>(both.Read("part number"));
+      names += std::get<double>(both.Read("current")) == 1 ? name : "(" + name + ")";
+    }
+    return names;
+  }
+};
+
+TEST(OwnRows, StandInTheOrderOfTheTableAndGiveWayToItsOwn) {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"", "", ""},           {"BD", "", "BD"},
+      {"", "BD", "(B)(D)"},   {"BD", "ACE", "(A)B(C)D(E)"},
+      {"BD", "BCD", "B(C)D"}, {"BDE", "ABDEF", "(A)BDE(F)"}};
+  for (const auto& [common, own, all] : cases) {
+    TwoTables tables;
+    tables.Fill(common, own);
+    tables.both.MoveFirst();
+    EXPECT_EQ(tables.Rest(), all);
+  }
+}
+
+TEST(OwnRows, GoOnBehindTheRowThatWasSought) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"A", "(A)B(C)DE(F)"}, {"B", "B(C)DE(F)"}, {"C", "(C)DE(F)"}, {"D", "DE(F)"}, {"F", "(F)"}};
+  for (const auto& [key, rest] : cases) {
+    TwoTables tables;
+    tables.Fill("BDE", "ABCDF");
+    tables.both.Seek(key);
+    EXPECT_FALSE(tables.both.NoMatch());
+    tables.both.Seek("X");
+    EXPECT_TRUE(tables.both.NoMatch());
+    EXPECT_EQ(tables.Rest(), rest);
+  }
+}
+
+TEST(OwnRows, TakeWhatTheTableDoesNot) {
+  TwoTables tables;
+  tables.Fill("B", "");
+  MotorTable motors(tables.both);
+  EXPECT_EQ(motors.Append({.MotorName = "C"}).elsewhere, "");
+  tables.common.FailUpdate = true;
+  EXPECT_EQ(motors.Append({.MotorName = "D"}).elsewhere, "/");
+  EXPECT_EQ(tables.made, "/");
+  EXPECT_TRUE(motors.Seek("D") && motors.Seek("C"));
+  EXPECT_EQ(tables.common.RowCount(), 2U);
 }
 
 }  // namespace

@@ -311,6 +311,7 @@ void Table(S s, W w) {
   if (state == "empty") s.scene.table = MemoryTable();
   s.scene.table.FailOpen = state == "missing";
   s.scene.table.FailUpdate = state == "readonly";
+  s.scene.table.TakenBy = state == "own" ? "own/kavr6 motors.mdb" : "";
 }
 
 /// A motor of the catalogue by the values of its columns; a whole number with a point is a double.

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <charconv>
 #include <stdexcept>
+#include <type_traits>
 #include <utility>
+
+#include "core/numbers.h"
 
 namespace kavr6 {
 namespace {
@@ -12,7 +15,11 @@ template <class Number, class... Base>
 Number Read(const std::string& word, Base... base) {
   Number number{};
   const char* const end = word.data() + word.size();
-  const auto read = std::from_chars(word.data(), end, number, base...);
+  std::from_chars_result read{};
+  if constexpr (std::is_same_v<Number, double>)
+    read = RealFromChars(word.data(), end, number);
+  else
+    read = std::from_chars(word.data(), end, number, base...);
   if (read.ec != std::errc() || read.ptr != end) throw std::runtime_error("not a number: " + word);
   return number;
 }

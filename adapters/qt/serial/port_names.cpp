@@ -21,12 +21,21 @@ constexpr int kPorts = 8;
 
 std::string ComName(int number) { return "COM" + std::to_string(number); }
 
-std::optional<std::string> PinnedTo(int number, const fs::path& links) {
-  const fs::path link = links / ComName(number);
+/// The link for that number, empty without one.
+fs::path LinkOf(int number, const LinkFolders& links) {
+  for (const fs::path& folder : links) {
+    std::error_code error;
+    if (fs::exists(fs::symlink_status(folder / ComName(number), error))) return folder / ComName(number);
+  }
+  return {};
+}
+
+std::optional<std::string> PinnedTo(int number, const LinkFolders& links) {
+  const fs::path link = LinkOf(number, links);
+  if (link.empty()) return {};
   std::error_code error;
-  if (!fs::exists(fs::symlink_status(link, error))) return {};
   const fs::path target = fs::read_symlink(link, error);
-  return (error ? link : (links / target).lexically_normal()).string();
+  return (error ? link : (link.parent_path() / target).lexically_normal()).string();
 }
 
 #ifndef Q_OS_WIN
@@ -70,7 +79,7 @@ bool NaturalLess(const std::string& a, const std::string& b) {
   return split(a) < split(b);
 }
 
-std::string DeviceForPort(int number, const fs::path& links, const std::vector<std::string>& systemPorts) {
+std::string DeviceForPort(int number, const LinkFolders& links, const std::vector<std::string>& systemPorts) {
   if (const auto pinned = PinnedTo(number, links)) return *pinned;
   std::set<fs::path> taken;
   int unpinnedBefore = 0;
@@ -110,7 +119,7 @@ bool PortNames::Pinned(int number) const {
 std::string PortNames::LinkMark([[maybe_unused]] int number) const {
 #ifdef Q_OS_UNIX
   struct stat link {};
-  if (lstat((links_ / ComName(number)).c_str(), &link) == 0)
+  if (lstat(LinkOf(number, links_).c_str(), &link) == 0)
     return std::to_string(link.st_ino) + " " + std::to_string(link.st_ctim.tv_sec) + " " +
            std::to_string(link.st_ctim.tv_nsec);
 #endif
@@ -121,7 +130,8 @@ std::vector<fs::path> PortNames::Folders() const {
 #ifdef Q_OS_WIN
   return {};
 #else
-  std::set<fs::path> folders{ExistingFolder(links_), "/dev"};
+  std::set<fs::path> folders{"/dev"};
+  for (const fs::path& folder : links_) folders.insert(ExistingFolder(folder));
   if (chosen_.first != 0) folders.insert(ExistingFolder(fs::path(chosen_.second).parent_path()));
   for (int number = 1; number <= kPorts; ++number)
     if (const auto pinned = PinnedTo(number, links_))

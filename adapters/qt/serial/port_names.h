@@ -11,17 +11,21 @@ namespace kavr6 {
 /// Orders names as a person does: "ttyUSB2" before "ttyUSB10".
 bool NaturalLess(const std::string& a, const std::string& b);
 
-/// The device for port `number` (1 to 8), empty without one. A link "COMn" in the folder `links` pins its
+/// Folders of links; a link in the first one goes before its like in the others. None of them need exist.
+struct LinkFolders : std::vector<std::filesystem::path> {
+  using vector::vector;
+  LinkFolders(std::filesystem::path only) : vector{std::move(only)} {}
+};
+
+/// The device for port `number` (1 to 8), empty without one. A link "COMn" in one of the folders pins its
 /// target to that number, whether or not the target is there; `systemPorts` without the pinned ones fill the
 /// other numbers in their order.
-std::string DeviceForPort(int number, const std::filesystem::path& links,
-                          const std::vector<std::string>& systemPorts);
+std::string DeviceForPort(int number, const LinkFolders& links, const std::vector<std::string>& systemPorts);
 
 /// The assignment as it stands at the moment of asking; adapters come and go.
 class PortNames {
  public:
-  /// `links`: the folder of the links; it need not exist.
-  explicit PortNames(std::filesystem::path links) : links_(std::move(links)) {}
+  explicit PortNames(LinkFolders links) : links_(std::move(links)) {}
   /// The device for port `number` (1 to 8), empty without one. On Windows the port of that name, and no
   /// links.
   std::string Device(int number) const;
@@ -38,7 +42,7 @@ class PortNames {
  private:
   const std::vector<std::string>& SystemPorts() const;
 
-  std::filesystem::path links_;
+  LinkFolders links_;
   std::pair<int, std::string> chosen_;
   mutable std::vector<std::string> systemPorts_;
   mutable std::filesystem::file_time_type listed_{};

@@ -66,7 +66,7 @@ void LetBytesLeave([[maybe_unused]] const QSerialPort& port) {
 
 }  // namespace
 
-SerialComm::SerialComm(Scheduler& scheduler, std::filesystem::path links)
+SerialComm::SerialComm(Scheduler& scheduler, LinkFolders links)
     : MSComm(scheduler), scheduler_(scheduler), names_(std::move(links)) {
   QObject::connect(&port_, &QSerialPort::readyRead, [this] { ReadyRead(); });
   QObject::connect(&port_, &QSerialPort::errorOccurred, [this](QSerialPort::SerialPortError error) {

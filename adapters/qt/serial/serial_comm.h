@@ -16,8 +16,8 @@ namespace kavr6 {
 /// name.
 class SerialComm : public MSComm {
  public:
-  /// `links`: the folder with the links that pin a device to a port number.
-  SerialComm(Scheduler& scheduler, std::filesystem::path links);
+  /// `links`: the folders with the links that pin a device to a port number.
+  SerialComm(Scheduler& scheduler, LinkFolders links);
   ~SerialComm() override { Release(); }
 
   /// Hands what was written to the system and lets go of the device and its lock file, telling nobody. For

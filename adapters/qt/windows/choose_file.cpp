@@ -1,5 +1,6 @@
 #include "adapters/qt/windows/choose_file.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QHeaderView>
@@ -27,6 +28,13 @@ class PlainIcons : public QFileIconProvider {
   QString type(const QFileInfo& /*info*/) const override { return {}; }
 };
 
+/// Nobody saves where an installed program lies.
+QString FolderFor(const FileDialog& dialog) {
+  const QString folder = ToQt(dialog.folder);
+  const bool saves = dialog.purpose == FileDialog::Purpose::Save;
+  return saves && !QFileInfo(folder).isWritable() ? QDir::homePath() : folder;
+}
+
 /// Room for whole names and dates.
 void WidenColumns(QFileDialog& window) {
   constexpr int kTypeColumn = 2;
@@ -43,7 +51,7 @@ void WidenColumns(QFileDialog& window) {
 std::string ChooseFile(const FileDialog& dialog, QWidget* parent, const std::function<void()>& help) {
   const bool saves = dialog.purpose == FileDialog::Purpose::Save;
   PlainIcons icons;
-  QFileDialog window(parent, saves ? "Save As" : "Open", ToQt(dialog.folder), FilterOf(dialog.filter));
+  QFileDialog window(parent, saves ? "Save As" : "Open", FolderFor(dialog), FilterOf(dialog.filter));
   const HelpKey key(window, help);
   // Not every system's own dialog asks about the name with its extension before a file is overwritten, or
   // lets a box that opens meanwhile be used.

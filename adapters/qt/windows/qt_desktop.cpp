@@ -15,6 +15,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include "adapters/qt/base/program_folders.h"
 #include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/ask.h"
 #include "adapters/qt/windows/choose_file.h"
@@ -90,7 +91,7 @@ TwipSize QtDesktop::ScreenSize() const {
 }
 
 std::filesystem::path QtDesktop::ProgramDirectory() const {
-  return QCoreApplication::applicationDirPath().toStdU16String();
+  return FindProgramFolders().data;
 }
 
 ProgramVersion QtDesktop::Version() const {

@@ -1,0 +1,124 @@
+#include "motor/own_rows.h"
+
+#include "platform/runtime_error.h"
+
+namespace kavr6 {
+
+void OwnRows::Open(const std::filesystem::path& file, std::string_view table) {
+  common_.Open(file, table);
+  table_ = table;
+  ownIsOpen_ = false;
+  current_ = nullptr;
+  noMatch_ = false;
+  row_.reset();
+}
+
+void OwnRows::SetIndex(std::string_view column) {
+  common_.SetIndex(column);
+  index_ = column;
+  if (ownIsOpen_) own_.table.SetIndex(column);
+}
+
+void OwnRows::OpenOwn() {
+  if (ownIsOpen_) return;
+  own_.table.Open(own_.file, table_);
+  own_.table.SetIndex(index_);
+  ownIsOpen_ = true;
+  inStep_ = false;
+}
+
+void OwnRows::OpenOwnIfThere() {
+  // Another program may have made it by now.
+  std::error_code error;
+  if (ownIsOpen_ || !std::filesystem::exists(own_.file, error)) return;
+  try {
+    OpenOwn();
+  } catch (const RuntimeError&) {
+    // The catalogue works without it; whoever adds a row is told.
+  }
+}
+
+void OwnRows::Seek(std::string_view key) {
+  OpenOwnIfThere();
+  TableAccess* found = nullptr;
+  for (TableAccess* table : {&common_, ownIsOpen_ ? &own_.table : nullptr}) {
+    if (table == nullptr || found != nullptr) continue;
+    table->Seek(key);
+    if (!table->NoMatch()) found = table;
+  }
+  noMatch_ = found == nullptr;
+  if (noMatch_) return;
+  current_ = found;
+  inStep_ = false;
+}
+
+void OwnRows::MoveFirst() {
+  OpenOwnIfThere();
+  common_.MoveFirst();
+  if (ownIsOpen_) own_.table.MoveFirst();
+  inStep_ = true;
+  TakeLower();
+}
+
+void OwnRows::MoveNext() {
+  if (current_ == nullptr) RaiseNoRecord();
+  if (ownIsOpen_ && !inStep_) Bring(current_ == &common_ ? own_.table : common_, Key(*current_));
+  inStep_ = true;
+  current_->MoveNext();
+  TakeLower();
+}
+
+void OwnRows::Bring(TableAccess& table, const std::string& behind) const {
+  table.MoveFirst();
+  while (!table.EndOfTable() && Key(table) <= behind) table.MoveNext();
+}
+
+void OwnRows::TakeLower() {
+  current_ = &common_;
+  if (!ownIsOpen_) return;
+  if (!common_.EndOfTable())
+    while (!own_.table.EndOfTable() && Key(own_.table) == Key(common_)) own_.table.MoveNext();
+  if (own_.table.EndOfTable()) return;
+  if (common_.EndOfTable() || Key(own_.table) < Key(common_)) current_ = &own_.table;
+}
+
+std::string OwnRows::Key(const TableAccess& table) const {
+  const Variant value = table.Read(index_);
+  const auto* const text = std::get_if<std::string>(&value);
+  return text == nullptr ? std::string() : *text;
+}
+
+Variant OwnRows::Read(std::string_view column) const {
+  if (current_ == nullptr) RaiseNoRecord();
+  return current_->Read(column);
+}
+
+void OwnRows::Assign(std::string_view column, const Variant& value) {
+  if (!row_) RaiseInvalidCall();
+  row_->emplace_back(column, value);
+}
+
+std::filesystem::path OwnRows::Update() {
+  if (!row_) RaiseInvalidCall();
+  const Row row = *std::exchange(row_, std::nullopt);
+  try {
+    if (!own_.always) {
+      Append(common_, row);
+      return {};
+    }
+  } catch (const RuntimeError& error) {
+    if (error.Number() != kTableReadOnly && error.Number() != kTableUnreachable) throw;
+  }
+  own_.Make(own_.file);
+  OpenOwn();
+  Append(own_.table, row);
+  return own_.file;
+}
+
+void OwnRows::Append(TableAccess& table, const Row& row) {
+  table.AddNew();
+  for (const auto& [column, value] : row) table.Assign(column, value);
+  table.Update();
+}
+
+}  // namespace kavr6
