@@ -11,13 +11,6 @@ namespace {
 /// Between text and note, in widths of a letter.
 constexpr int kGap = 2;
 
-/// Weaker than the text, and still to be read by weak eyes.
-QColor weakened(const QColor& text, const QColor& ground) {
-  const auto mixed = [](int a, int b) { return (66 * a + 34 * b) / 100; };
-  return {mixed(text.red(), ground.red()), mixed(text.green(), ground.green()),
-          mixed(text.blue(), ground.blue())};
-}
-
 QStyle& styleOf(const QStyleOptionViewItem& option) {
   return option.widget != nullptr ? *option.widget->style() : *QApplication::style();
 }
@@ -50,7 +43,7 @@ void RowNotes::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
   painter->setFont(row.font);
   // What is selected has no contrast to spare.
   painter->setPen(selected ? row.palette.color(group, QPalette::HighlightedText)
-                           : weakened(row.palette.color(group, QPalette::Text),
+                           : style::NoteInk(row.palette.color(group, QPalette::Text),
                                       row.palette.color(group, QPalette::Base)));
   painter->drawText(room, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
                     row.fontMetrics.elidedText(note, elide, room.width()));
