@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <QMainWindow>
-#include <QScreen>
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -44,14 +43,6 @@ std::unique_ptr<QWidget> Build() {
   return window;
 }
 
-/// As high as its grid needs with the letters of the desktop.
-std::unique_ptr<QWidget> BuildMain() {
-  auto window = Build<QMainWindow, Ui::MainForm>();
-  const int room = window->screen()->availableSize().height() * 9 / 10;  // the frame takes some
-  window->resize(window->width(), std::max(window->height(), std::min(window->sizeHint().height(), room)));
-  return window;
-}
-
 template <class Design>
 std::unique_ptr<QWidget> BuildDialog() {
   auto dialog = std::make_unique<QDialog>();
@@ -68,7 +59,7 @@ struct FormRow {
 
 const std::array kForms{
     FormRow{"StartForm", Build<QWidget, Ui::StartForm>, Qt::SplashScreen | Qt::FramelessWindowHint},
-    FormRow{"MainForm", BuildMain},
+    FormRow{"MainForm", Build<QMainWindow, Ui::MainForm>},
     FormRow{"About", Build<QDialog, Ui::About>},
     FormRow{"MotorDialog", BuildDialog<Ui::MotorDialog>},
     FormRow{"EditMotor", BuildDialog<Ui::EditMotor>},

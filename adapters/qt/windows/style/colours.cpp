@@ -88,7 +88,7 @@ QColor Outline(const QPalette& palette, bool enabled) {
 QColor Ring(const QPalette& palette) { return palette.color(QPalette::Active, QPalette::Link); }
 
 QColor NoteInk(const QColor& ink, const QColor& ground) {
-  constexpr double kShare = 0.66;
+  constexpr double kShare = 0.72;
   return widgets::Mixed(ground, ink, kShare);
 }
 

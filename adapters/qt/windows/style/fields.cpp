@@ -40,12 +40,12 @@ void DrawField(QPainter& painter, const QStyleOption& option, bool filled) {
     DrawRing(painter, option.rect, option.palette, 2);
 }
 
-void DrawGroupFrame(QPainter& painter, const QStyleOption& option) {
+void DrawGroupFrame(QPainter& painter, const QStyleOption& option, int top) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(option.palette.color(QPalette::Mid));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+  painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, top + 0.5, -0.5, -0.5), kCorner, kCorner);
   painter.restore();
 }
 

@@ -27,8 +27,8 @@ void DrawField(QPainter& painter, const QStyleOption& option, bool filled);
 /// A small angle in the middle of `box` that points down, turned by so many degrees with the clock.
 void DrawChevron(QPainter& painter, const QRectF& box, const QColor& ink, double turn, double halfWidth);
 
-/// Quiet as a divider.
-void DrawGroupFrame(QPainter& painter, const QStyleOption& option);
+/// Quiet as a divider; `top`: the height that the title has above it.
+void DrawGroupFrame(QPainter& painter, const QStyleOption& option, int top);
 /// A line between parts of a window is quieter than the edges of controls. False for any other frame.
 bool DrawDivider(QPainter& painter, const QStyleOptionFrame& option);
 

@@ -3,6 +3,7 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QEvent>
+#include <QGroupBox>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
@@ -25,6 +26,13 @@ std::optional<Scheme> pretended;
 
 bool HasFrameOfField(const QWidget* widget) {
   return qobject_cast<const QAbstractScrollArea*>(widget) != nullptr;
+}
+
+/// Above the frame of a group.
+int TitleHeight(const QWidget* widget) {
+  constexpr int kGap = 3;
+  const auto* const group = qobject_cast<const QGroupBox*>(widget);
+  return group == nullptr || group->title().isEmpty() ? 0 : group->fontMetrics().height() + kGap;
 }
 
 /// Typing picks another row in a list with the focus: a person must see which list that is.
@@ -111,7 +119,7 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     case PE_FrameGroupBox: {
       const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
       if (frame == nullptr || !frame->features.testFlag(QStyleOptionFrame::Flat))
-        DrawGroupFrame(*painter, *option);
+        DrawGroupFrame(*painter, *option, TitleHeight(widget));
       return;
     }
     case PE_FrameFocusRect:

@@ -15,6 +15,14 @@ QStyle& styleOf(const QStyleOptionViewItem& option) {
   return option.widget != nullptr ? *option.widget->style() : *QApplication::style();
 }
 
+QColor InkOf(const QStyleOptionViewItem& row, QPalette::ColorGroup group) {
+  const QColor text = row.palette.color(group, QPalette::Text);
+  // What is selected has no contrast to spare.
+  if (style::ShowsQuietSelection(row, row.widget)) return text;
+  if (row.state.testFlag(QStyle::State_Selected)) return row.palette.color(group, QPalette::HighlightedText);
+  return style::NoteInk(text, row.palette.color(group, QPalette::Base));
+}
+
 }  // namespace
 
 QString spokenRow(const QString& text, const QString& note) {
@@ -33,18 +41,13 @@ void RowNotes::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
   room.adjust(
       margin + row.fontMetrics.horizontalAdvance(row.text) + kGap * row.fontMetrics.averageCharWidth(), 0,
       -margin, 0);
-  const bool selected =
-      row.state.testFlag(QStyle::State_Selected) && !style::ShowsQuietSelection(row, row.widget);
   const QPalette::ColorGroup group = !row.state.testFlag(QStyle::State_Enabled) ? QPalette::Disabled
                                      : row.state.testFlag(QStyle::State_Active) ? QPalette::Active
                                                                                 : QPalette::Inactive;
   const Qt::TextElideMode elide = width_ == Width::Whole ? Qt::ElideMiddle : Qt::ElideRight;
   painter->save();
   painter->setFont(row.font);
-  // What is selected has no contrast to spare.
-  painter->setPen(selected ? row.palette.color(group, QPalette::HighlightedText)
-                           : style::NoteInk(row.palette.color(group, QPalette::Text),
-                                      row.palette.color(group, QPalette::Base)));
+  painter->setPen(InkOf(row, group));
   painter->drawText(room, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
                     row.fontMetrics.elidedText(note, elide, room.width()));
   painter->restore();
