@@ -9,7 +9,10 @@ namespace kavr6::widgets {
 class FoldingLabel : public QLabel {
  public:
   explicit FoldingLabel(QWidget* parent = nullptr) : QLabel(parent) { setWordWrap(true); }
-  QSize sizeHint() const override { return fontMetrics().size(Qt::TextShowMnemonic, text()); }
+  QSize sizeHint() const override {
+    constexpr int kFraction = 1;  // letters end between pixels
+    return fontMetrics().size(Qt::TextShowMnemonic, text()) + QSize(kFraction, 0);
+  }
 };
 
 }  // namespace kavr6::widgets

@@ -50,7 +50,7 @@ void StripChart::setContent(QVector<Strip> strips, double span, bool held) {
 QSize StripChart::sizeHint() const { return {fontMetrics().height() * 30, fontMetrics().height() * 14}; }
 
 QSize StripChart::minimumSizeHint() const {
-  return {fontMetrics().height() * 14, fontMetrics().height() * 9};
+  return {fontMetrics().height() * 14, fontMetrics().height() * 8};
 }
 
 void StripChart::paintEvent(QPaintEvent*) {
