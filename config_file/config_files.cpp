@@ -1,10 +1,9 @@
 #include "config_file/config_files.h"
 
-#include <filesystem>
-
 #include "config_file/settings_file.h"
 #include "core/drive_models.h"
 #include "core/numbers.h"
+#include "platform/path_text.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
@@ -13,12 +12,6 @@ namespace {
 void CheckRow(int row, int count, const std::string& what) {
   if (row < -1 || row >= count)
     throw RuntimeError(380, "there is no " + what + " with the index " + std::to_string(row));
-}
-
-std::string NameOf(const std::string& path) {
-  const std::u8string name =
-      std::filesystem::path(std::u8string(path.begin(), path.end())).filename().u8string();
-  return {name.begin(), name.end()};
 }
 
 }  // namespace
@@ -115,11 +108,11 @@ void ConfigFiles::Saved(const std::string& name) {
   if (name == unread_) unread_.clear();
   p_.state.FileName = name;
   p_.state.Modified = false;
-  p_.state.Happened.Tell("Saved " + NameOf(name));
+  p_.state.Happened.Tell("Saved " + FileNameOf(name));
 }
 
 void ConfigFiles::NotSaved(const std::string& name, const std::string& error) {
-  p_.state.Happened.Tell("Not saved: " + NameOf(name));
+  p_.state.Happened.Tell("Not saved: " + FileNameOf(name));
   p_.desk.Ask({.text = error});
 }
 
@@ -177,7 +170,7 @@ void ConfigFiles::OpenFile(const std::string& name) {
   try {
     content = p_.files.Read(name);
   } catch (const RuntimeError&) {
-    p_.state.Happened.Tell("Could not open " + NameOf(name));
+    p_.state.Happened.Tell("Could not open " + FileNameOf(name));
     p_.desk.Ask({.text = "Error: could not open file."});
     return;
   }
@@ -198,7 +191,7 @@ void ConfigFiles::OpenFile(const std::string& name) {
   p_.state.FileName = name;
   known_ = content;
   ++fileRevision_;
-  p_.state.Happened.Tell("Opened " + NameOf(name), name == unread_ ? ", only in part" : "");
+  p_.state.Happened.Tell("Opened " + FileNameOf(name), name == unread_ ? ", only in part" : "");
 }
 
 void ConfigFiles::ReadData(const std::string& content) {
