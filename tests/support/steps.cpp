@@ -430,6 +430,7 @@ const std::map<std::string, StepDone> kSteps{
     {"edit", Edit},
     {"remove", [](S s, W w) { s.scene.files.content.erase(w.Next()); }},
     {"disk", [](S s, W w) { s.scene.files.FailReplace = w.Next() == "full"; }},
+    {"readable", [](S s, W w) { s.scene.files.FailRead = !w.YesNo(); }},
     {"catalogue", Motor},
     {"printer", Printer},  // "ready", "cancelled", "broken" or, after meanwhile, "open"
     {"table", Table},
