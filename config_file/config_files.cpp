@@ -214,6 +214,7 @@ void ConfigFiles::ReadData(const std::string& content) {
                             [this](Integer index) {
                               CheckRow(index, static_cast<int>(kDriveModels.size()), "drive model");
                               p_.state.ModelIndex = index;
+                              p_.state.Drive.ListMoved(false);  // also where it stood there already
                             },
                         .SelectPort =
                             [this](Integer index) {

@@ -21,6 +21,16 @@ void PauseBeforeCommand(const DriveLine& line) {
   if (line.state.CommandPause) Delay(line.pump, kCommandPause);
 }
 
+bool Asked::Undisturbed() const {
+  return line_.comm.PortOpen() && line_.comm.Openings() == openings_ && line_.comm.RThreshold() == 1 &&
+         !line_.state.LiveToolActive;
+}
+
+void Asked::TellNoAnswer() const {
+  if (Undisturbed()) return line_.state.Drive.NoAnswer();
+  line_.state.Drive.Doubt();
+}
+
 LineHold::LineHold(const DriveLine& line, int threshold) : line_(line), openings_(line.comm.Openings()) {
   line_.state.CommandActive = true;
   line_.comm.SetRThreshold(threshold);
@@ -35,6 +45,10 @@ void LineHold::Release() {
 LineHold::~LineHold() {
   Release();
   line_.state.CommandActive = false;
+}
+
+void LineHold::TellNoAnswer() const {
+  if (line_.comm.PortOpen() && !Broken() && !line_.state.LiveToolActive) line_.state.Drive.NoAnswer();
 }
 
 bool LineHold::Await(int count, double limit, const std::function<void(int)>& onNews) {

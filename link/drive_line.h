@@ -21,11 +21,21 @@ struct DriveLine {
 
 inline bool NoCommPort(const MSComm& comm) { return !comm.PortOpen(); }
 
-/// A question has had no answer in time. With the port closed, or while a live tool takes what comes, that
-/// says nothing about the drive.
-inline void TellNoAnswer(const DriveLine& line) {
-  if (line.comm.PortOpen() && !line.state.LiveToolActive) line.state.Drive.NoAnswer();
-}
+/// A question on the line, from just before it is written until its answer has come in GlobalBuffer or is
+/// given up.
+class Asked {
+ public:
+  explicit Asked(const DriveLine& line) : line_(line), openings_(line.comm.Openings()) {}
+  /// What comes can be the answer: the port is open and has not been opened anew since, and neither a block
+  /// transfer nor a live tool takes it.
+  bool Undisturbed() const;
+  /// No answer has come in time, which says nothing about the drive when it could not have come.
+  void TellNoAnswer() const;
+
+ private:
+  const DriveLine& line_;
+  int openings_;
+};
 
 /// Send one or two bytes in one write. With the port closed they do nothing.
 void WriteByte(MSComm& comm, std::uint8_t byte);
@@ -52,6 +62,9 @@ class LineHold {
   /// The port has been opened anew since the hold began. What is left of a block that was under way means
   /// something else to whoever listens now, and what comes from there is no answer to it.
   bool Broken() const { return line_.comm.Openings() != openings_; }
+  /// What the owner has asked for has not come in time, which says nothing about the drive when it could not
+  /// have come.
+  void TellNoAnswer() const;
   /// Takes all that waits.
   Bytes Read() { return line_.comm.Input(); }
 
