@@ -36,6 +36,7 @@ void DriveRecord::Move(Presence presence) {
 
 bool DriveRecord::Speaks() {
   if (port_ == 0) return false;  // bytes that were left when the line went
+  ++words_;
   const int now = news_.Minute();
   if (presence_ == Presence::Answers && heardAt_ == now) return false;
   Move(Presence::Answers);
@@ -163,8 +164,9 @@ void DriveRecord::NoAnswer() {
   const bool news = presence_ != Presence::Silent;
   if (news) {
     Move(Presence::Silent);
-    news_.Tell("No answer from the drive",
-               LeftInText() ? ": it may still speak its text language; open and close the Status Monitor" : "");
+    news_.Tell(
+        "No answer from the drive",
+        LeftInText() ? ": it may still speak its text language; open and close the Status Monitor" : "");
   }
   if (held || news) Changed.Raise();
 }

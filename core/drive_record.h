@@ -87,6 +87,8 @@ class DriveRecord {
   std::string Model() const;
   /// "1.52 k"
   std::string Firmware() const;
+  /// Grows with every word of the drive.
+  int Words() const { return words_; }
   /// Minutes of the day: of the last word of the drive, of the alarm, and since when the state holds.
   int HeardAt() const { return heardAt_; }
   int AlarmAt() const { return alarmAt_; }
@@ -121,6 +123,7 @@ class DriveRecord {
   std::string letter_;
   bool sure_ = false;
   bool doubt_ = false;
+  int words_ = 0;
   std::optional<int> alarm_;  // 0: without a word for it
   bool listSetByDrive_ = false;
   int port_ = 0;  // 0: none is open

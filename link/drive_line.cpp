@@ -27,11 +27,12 @@ bool Asked::Undisturbed() const {
 }
 
 void Asked::TellNoAnswer() const {
-  if (Undisturbed()) return line_.state.Drive.NoAnswer();
-  line_.state.Drive.Doubt();
+  DriveRecord& drive = line_.state.Drive;
+  Undisturbed() && drive.Words() == words_ ? drive.NoAnswer() : drive.Doubt();
 }
 
-LineHold::LineHold(const DriveLine& line, int threshold) : line_(line), openings_(line.comm.Openings()) {
+LineHold::LineHold(const DriveLine& line, int threshold)
+    : line_(line), openings_(line.comm.Openings()), words_(line.state.Drive.Words()) {
   line_.state.CommandActive = true;
   line_.comm.SetRThreshold(threshold);
   line_.comm.Input();
@@ -48,7 +49,8 @@ LineHold::~LineHold() {
 }
 
 void LineHold::TellNoAnswer() const {
-  if (line_.comm.PortOpen() && !Broken() && !line_.state.LiveToolActive) line_.state.Drive.NoAnswer();
+  const bool couldCome = line_.comm.PortOpen() && !Broken() && !line_.state.LiveToolActive;
+  if (couldCome && line_.state.Drive.Words() == words_) line_.state.Drive.NoAnswer();
 }
 
 bool LineHold::Await(int count, double limit, const std::function<void(int)>& onNews) {

@@ -25,16 +25,19 @@ inline bool NoCommPort(const MSComm& comm) { return !comm.PortOpen(); }
 /// given up.
 class Asked {
  public:
-  explicit Asked(const DriveLine& line) : line_(line), openings_(line.comm.Openings()) {}
+  explicit Asked(const DriveLine& line)
+      : line_(line), openings_(line.comm.Openings()), words_(line.state.Drive.Words()) {}
   /// What comes can be the answer: the port is open and has not been opened anew since, and neither a block
   /// transfer nor a live tool takes it.
   bool Undisturbed() const;
-  /// No answer has come in time, which says nothing about the drive when it could not have come.
+  /// No answer has come in time. The drive is silent then, unless the answer could not have come, or the
+  /// drive has said something else.
   void TellNoAnswer() const;
 
  private:
   const DriveLine& line_;
   int openings_;
+  int words_;
 };
 
 /// Send one or two bytes in one write. With the port closed they do nothing.
@@ -62,8 +65,7 @@ class LineHold {
   /// The port has been opened anew since the hold began. What is left of a block that was under way means
   /// something else to whoever listens now, and what comes from there is no answer to it.
   bool Broken() const { return line_.comm.Openings() != openings_; }
-  /// What the owner has asked for has not come in time, which says nothing about the drive when it could not
-  /// have come.
+  /// As Asked, for what the owner has asked for.
   void TellNoAnswer() const;
   /// Takes all that waits.
   Bytes Read() { return line_.comm.Input(); }
@@ -71,6 +73,7 @@ class LineHold {
  private:
   DriveLine line_;
   int openings_;
+  int words_;
 };
 
 }  // namespace kavr6
