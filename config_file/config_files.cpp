@@ -64,14 +64,20 @@ std::optional<std::string> ConfigFiles::WriteFile(const std::string& name) {
 std::optional<std::string> ConfigFiles::FileNow() const {
   try {
     return p_.files.Read(p_.state.FileName);
-  } catch (const RuntimeError&) {
-    return std::nullopt;
+  } catch (const RuntimeError& error) {
+    if (error.Number() == FileStore::kNoFile || error.Number() == FileStore::kNoFolder) return std::nullopt;
+    throw;
   }
 }
 
 InFile ConfigFiles::LookAtFile() const {
   if (p_.state.FileName.empty()) return InFile::NoFile;
-  const std::optional<std::string> content = FileNow();
+  std::optional<std::string> content;
+  try {
+    content = FileNow();
+  } catch (const RuntimeError&) {
+    return InFile::Unknown;
+  }
   if (!content) return InFile::Unknown;
   if (known_ && content != known_) return InFile::Foreign;
   try {
@@ -81,10 +87,9 @@ InFile ConfigFiles::LookAtFile() const {
   }
 }
 
-bool ConfigFiles::MayReplaceUnread() {
-  if (p_.state.FileName != unread_) return true;
+bool ConfigFiles::AskToReplace(const std::string& why) {
   const BoxAnswer answer = p_.desk.Ask(
-      {.text = "This file could not be read to its end when it was opened:\n\n" + unread_ +
+      {.text = why + ":\n\n" + p_.state.FileName +
                "\n\nSaving replaces it by the settings as they stand on the screen.  Do you really want to "
                "replace the file?",
        .icon = BoxIcon::Question,
@@ -94,19 +99,20 @@ bool ConfigFiles::MayReplaceUnread() {
   return answer == BoxAnswer::Ok;
 }
 
+bool ConfigFiles::MayReplaceUnread() {
+  return p_.state.FileName != unread_ ||
+         AskToReplace("This file could not be read to its end when it was opened");
+}
+
 bool ConfigFiles::MayReplaceForeign() {
-  const std::optional<std::string> content = FileNow();
-  if (!content || !known_ || content == known_) return true;
-  const BoxAnswer answer = p_.desk.Ask(
-      {.text = "Another program has changed this file since it was opened or saved here:\n\n" +
-               p_.state.FileName +
-               "\n\nSaving replaces it by the settings as they stand on the screen.  Do you really want to "
-               "replace the file?",
-       .icon = BoxIcon::Question,
-       .title = "Save",
-       .buttons = BoxButtons::OkCancel,
-       .careful = true});
-  return answer == BoxAnswer::Ok;
+  if (!known_) return true;
+  try {
+    const std::optional<std::string> content = FileNow();
+    return !content || content == known_ ||
+           AskToReplace("Another program has changed this file since it was opened or saved here");
+  } catch (const RuntimeError&) {
+    return AskToReplace("This file cannot be read any more, and another program may have changed it");
+  }
 }
 
 void ConfigFiles::Saved(const std::string& name) {
@@ -208,6 +214,7 @@ void ConfigFiles::ReadData(const std::string& content) {
                             [this](Integer index) {
                               CheckRow(index, static_cast<int>(kDriveModels.size()), "drive model");
                               p_.state.ModelIndex = index;
+                              p_.state.Drive.ListMoved(false);  // also where it stood there already
                             },
                         .SelectPort =
                             [this](Integer index) {

@@ -110,6 +110,7 @@ TransferEnd Transfers::DataDownload() {
     State().Drive.Holds(image);
   } else {
     State().Drive.ForgetImage();
+    State().Drive.Doubt();
   }
   return end;
 }
@@ -124,7 +125,7 @@ void Transfers::SendImage(const ParameterImage& image, const LineHold& hold) {
 
 TransferEnd Transfers::ReadAnswer(const LineHold& hold) {
   if (p_.line.comm.InBufferCount() == 0) {
-    if (!hold.Broken()) TellNoAnswer(p_.line);
+    hold.TellNoAnswer();
     Ask({.text = "The download did not work.  Is it connected to the right port and turned on?",
          .icon = BoxIcon::Question});
     return TransferEnd::NoReply;
@@ -183,7 +184,8 @@ TransferEnd Transfers::DataUpload() {
   if (inTime) return TakeUpload(hold);
   // What has come may have been the word of a drive that starts.
   State().Drive.ForgetImage();
-  if (count == 0 && !hold.Broken()) TellNoAnswer(p_.line);
+  State().Drive.Doubt();
+  if (count == 0) hold.TellNoAnswer();
   Ask({.text = "We are having trouble uploading tuning data from the drive. Is it connected to the "
                "right port and turned on?  If you are using your PC for anything processor intensive, "
                "such as opening a large file in another application, this can interfere with drive "
@@ -199,6 +201,7 @@ TransferEnd Transfers::TakeUpload(LineHold& hold) {
   State().Drive.Heard();
   if (!ChecksumHolds(buffer)) {
     State().Drive.ForgetImage();
+    State().Drive.Doubt();
     Ask(ChecksumBox("Your program did not upload"));
     return TransferEnd::BadSum;
   }
