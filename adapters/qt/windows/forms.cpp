@@ -88,7 +88,7 @@ const std::array kForms{
     FormRow{"AlarmHistory", BuildDialog<Ui::AlarmHistory>},
     FormRow{"ServoFault", BuildDialog<Ui::ServoFault>},
     FormRow{"HelpScreen", Build<QDialog, Ui::HelpScreen>},
-    FormRow{"EventList", Build<QDialog, Ui::EventList>},
+    FormRow{"EventList", BuildDialog<Ui::EventList>},
     FormRow{"SelfTest", BuildDialog<Ui::SelfTest>},
 };
 

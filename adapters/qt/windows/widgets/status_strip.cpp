@@ -121,7 +121,7 @@ void StatusStrip::PlaceRow(const Texts& row, int top) {
 
 void StatusStrip::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.setPen(Mixed(palette().color(QPalette::Window), palette().color(QPalette::WindowText), 0.4));
+  painter.setPen(palette().color(QPalette::Mid));
   for (const QPoint& separator : separators_)
     painter.drawLine(separator.x(), separator.y() + 3, separator.x(), separator.y() + RowHeight() - 4);
 }
