@@ -116,19 +116,11 @@ ExitCode DriveSession::CheckFile() {
 
 ExitCode DriveSession::ReadFile(const std::string& name) {
   try {
-    const auto checked = [](int row, int count, const std::string& what) {
-      if (row < -1 || row >= count)
-        throw RuntimeError(380, "there is no " + what + " with the index " + std::to_string(row));
-      return row;
-    };
-    const FileReadActions actions{
-        .SelectModel =
-            [&](Integer row) { state.ModelIndex = checked(row, kDriveModels.size(), "drive model"); },
-        .SelectPort =
-            [&](Integer row) {
-              checked(row, kPortCount, "serial port");
-              if (!machine_.comm.PortOpen()) state.CommIndex = row;
-            }};
+    const FileReadActions actions{.SelectModel = [&](Integer row) { state.ModelIndex = row; },
+                                  .SelectPort =
+                                      [&](Integer row) {
+                                        if (!machine_.comm.PortOpen()) state.CommIndex = row;
+                                      }};
     TakeMotor(ReadSettingsFile(machine_.files.Read(name), settings, actions));
   } catch (const RuntimeError& error) {
     boxes.Tell(name + " cannot be read: " + error.what());

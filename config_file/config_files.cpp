@@ -3,25 +3,21 @@
 #include <filesystem>
 
 #include "config_file/settings_file.h"
-#include "core/drive_models.h"
 #include "core/numbers.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
 namespace {
 
-void CheckRow(int row, int count, const std::string& what) {
-  if (row < -1 || row >= count)
-    throw RuntimeError(380, "there is no " + what + " with the index " + std::to_string(row));
-}
+MessageBox NotOpened() { return {.text = "Error: could not open file."}; }
 
-std::string NameOf(const std::string& path) {
+}  // namespace
+
+std::string FileNameOf(const std::string& path) {
   const std::u8string name =
       std::filesystem::path(std::u8string(path.begin(), path.end())).filename().u8string();
   return {name.begin(), name.end()};
 }
-
-}  // namespace
 
 std::string ConfigFiles::ChooseFile(FileDialog::Purpose purpose) {
   FileDialogState& dialog = SaveFile;
@@ -115,11 +111,11 @@ void ConfigFiles::Saved(const std::string& name) {
   if (name == unread_) unread_.clear();
   p_.state.FileName = name;
   p_.state.Modified = false;
-  p_.state.Happened.Tell("Saved " + NameOf(name));
+  p_.state.Happened.Tell("Saved " + FileNameOf(name));
 }
 
 void ConfigFiles::NotSaved(const std::string& name, const std::string& error) {
-  p_.state.Happened.Tell("Not saved: " + NameOf(name));
+  p_.state.Happened.Tell("Not saved: " + FileNameOf(name));
   p_.desk.Ask({.text = error});
 }
 
@@ -172,13 +168,31 @@ void ConfigFiles::OpenChosen(const std::string& name) {
   OpenFile(name);
 }
 
+std::string ConfigFiles::ChooseToRead() { return ChooseFile(FileDialog::Purpose::Open); }
+
+std::optional<std::string> ConfigFiles::ContentOf(const std::string& name) {
+  try {
+    return p_.files.Read(name);
+  } catch (const RuntimeError&) {
+    p_.desk.Ask(NotOpened());
+    return std::nullopt;
+  }
+}
+
+void ConfigFiles::TellUnread(const RuntimeError& error) {
+  // Some errors are whole sentences.
+  std::string cause = error.what();
+  if (cause.ends_with('.')) cause.pop_back();
+  p_.desk.Ask({.text = "Error: couldn't read file.  " + cause + "."});
+}
+
 void ConfigFiles::OpenFile(const std::string& name) {
   std::string content;
   try {
     content = p_.files.Read(name);
   } catch (const RuntimeError&) {
-    p_.state.Happened.Tell("Could not open " + NameOf(name));
-    p_.desk.Ask({.text = "Error: could not open file."});
+    p_.state.Happened.Tell("Could not open " + FileNameOf(name));
+    p_.desk.Ask(NotOpened());
     return;
   }
   unread_.clear();
@@ -186,10 +200,7 @@ void ConfigFiles::OpenFile(const std::string& name) {
     ReadData(content);
   } catch (const RuntimeError& error) {
     unread_ = name;
-    // Some errors are whole sentences.
-    std::string cause = error.what();
-    if (cause.ends_with('.')) cause.pop_back();
-    p_.desk.Ask({.text = "Error: couldn't read file.  " + cause + "."});
+    TellUnread(error);
   }
   if (SettingsReplaced) SettingsReplaced();
   p_.state.Modified = false;
@@ -198,20 +209,15 @@ void ConfigFiles::OpenFile(const std::string& name) {
   p_.state.FileName = name;
   known_ = content;
   ++fileRevision_;
-  p_.state.Happened.Tell("Opened " + NameOf(name), name == unread_ ? ", only in part" : "");
+  p_.state.Happened.Tell("Opened " + FileNameOf(name), name == unread_ ? ", only in part" : "");
 }
 
 void ConfigFiles::ReadData(const std::string& content) {
   const MotorRecord row =
       ReadSettingsFile(content, p_.settings,
-                       {.SelectModel =
-                            [this](Integer index) {
-                              CheckRow(index, static_cast<int>(kDriveModels.size()), "drive model");
-                              p_.state.ModelIndex = index;
-                            },
+                       {.SelectModel = [this](Integer index) { p_.state.ModelIndex = index; },
                         .SelectPort =
                             [this](Integer index) {
-                              CheckRow(index, kPortCount, "serial port");
                               if (SelectPort) SelectPort(index);
                             }});
   if (AddMotorIfMissing) AddMotorIfMissing(row);

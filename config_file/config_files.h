@@ -10,6 +10,7 @@
 #include "motor/motor_table.h"
 #include "platform/desktop.h"
 #include "platform/file_store.h"
+#include "platform/runtime_error.h"
 
 namespace kavr6 {
 
@@ -30,6 +31,9 @@ enum class InFile {
   Yes,
   Foreign,  ///< another program has changed it since it was last read or written here
 };
+
+/// The last part of a path.
+std::string FileNameOf(const std::string& path);
 
 /// The commands Open, Save and Save As of the main screen.
 class ConfigFiles {
@@ -58,6 +62,13 @@ class ConfigFiles {
   /// Saves a copy under a name of the user's choice when the program is about to end with an error: neither
   /// FileName nor Modified change. A failure is told in a box, and another name can be chosen.
   void RescueSettings();
+
+  /// For looking at a file without opening it. The user's choice; empty when he gives up.
+  std::string ChooseToRead();
+  /// Nothing, after a box, where it cannot be read.
+  std::optional<std::string> ContentOf(const std::string& name);
+  /// Tells in a box why the content cannot be read to its end.
+  void TellUnread(const RuntimeError& error);
 
   /// Grows whenever a file has been read or written here.
   int FileRevision() const { return fileRevision_; }

@@ -1,7 +1,11 @@
 #include "config_file/settings_file.h"
 
+#include <algorithm>
+
 #include "config_file/cnf_layout.h"
 #include "config_file/cnf_text.h"
+#include "core/drive_models.h"
+#include "core/drive_state.h"
 #include "core/numbers.h"
 #include "platform/runtime_error.h"
 
@@ -52,20 +56,31 @@ VersionTriple ReadVersion(CnfReader& reader) {
   return OnLine(reader.Line(), [&] { return ParseVersion(text); });
 }
 
+void CheckRow(int row, int count, const std::string& what) {
+  if (row < -1 || row >= count)
+    throw RuntimeError(380, "there is no " + what + " with the index " + std::to_string(row));
+}
+
 void ReadModel(CnfReader& reader, const FileReadActions& actions) {
   reader.NextStatement();
   Integer row = 0;
   reader.Value(row);
   const int line = reader.Line();
   reader.Discard();
-  OnLine(line, [&] { actions.SelectModel(row); });
+  OnLine(line, [&] {
+    CheckRow(row, static_cast<int>(kDriveModels.size()), "drive model");
+    actions.SelectModel(row);
+  });
 }
 
 void ReadPort(CnfReader& reader, const FileReadActions& actions) {
   reader.NextStatement();
   Integer row = 0;
   reader.Value(row);
-  OnLine(reader.Line(), [&] { actions.SelectPort(row); });
+  OnLine(reader.Line(), [&] {
+    CheckRow(row, kPortCount, "serial port");
+    actions.SelectPort(row);
+  });
 }
 
 }  // namespace
@@ -85,6 +100,19 @@ VersionTriple ParseVersion(std::string_view text) {
   // The minor number takes in the second point and some digits of the build: "1.9.95" has the minor number
   // 9.9, thus 10. Files in use are read so; nothing asks more than whether it is above 0.
   return {whole(0, first), whole(first + 1, second), whole(second + 1)};
+}
+
+VersionTriple VersionOfFile(std::string_view content) {
+  CnfReader reader(content);
+  return ReadVersion(reader);
+}
+
+bool FileHolds(const VersionTriple& version, const SettingsField& field) {
+  for (const CnfBlock& block : CnfLayout())
+    for (const CnfLine& line : block.lines)
+      if (std::ranges::find(line.fields, field) != line.fields.end())
+        return HasLine(version, line.since) || line.ifAbsent != nullptr;
+  return false;
 }
 
 std::string WriteSettingsFile(const FileHead& head, const Settings& settings, const MotorRecord& row) {

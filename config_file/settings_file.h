@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/settings.h"
+#include "core/settings_fields.h"
 
 namespace kavr6 {
 
@@ -20,6 +20,11 @@ struct VersionTriple {
 /// The version on a file's first line. RuntimeError when a part of it is no number.
 VersionTriple ParseVersion(std::string_view text);
 
+/// The same, of a whole file.
+VersionTriple VersionOfFile(std::string_view content);
+/// Whether files of that version say what the field is. Of the motor block that goes for both motors.
+bool FileHolds(const VersionTriple& version, const SettingsField& field);
+
 /// What a file holds beside the settings.
 struct FileHead {
   std::string version;  ///< of the program that writes; not empty
@@ -31,8 +36,8 @@ struct FileHead {
 /// number that cannot be written.
 std::string WriteSettingsFile(const FileHead& head, const Settings& settings, const MotorRecord& row);
 
-/// Takes what is read, at the moment when it is read. A RuntimeError that one of them raises ends the reading
-/// as a bad value would.
+/// Takes what is read, at the moment when it is read: -1, or a row that the list has. A RuntimeError that one
+/// of them raises ends the reading as a bad value would.
 struct FileReadActions {
   std::function<void(Integer row)> SelectModel;
   std::function<void(Integer row)> SelectPort;
