@@ -48,10 +48,12 @@ DriveSession::DriveSession(const CommandMachine& machine, const CommandOptions& 
   });
 }
 
-void DriveSession::TakeMotor(const MotorRecord& motor) {
-  if (motor.MotorName.empty() || motorTable.Seek(motor.MotorName)) return;
-  motorTable.Append(motor);
-  motorTable.Seek(motor.MotorName);
+const MotorRow& DriveSession::TakeMotor(const MotorRecord& motor) {
+  if (!motor.MotorName.empty() && !motorTable.Seek(motor.MotorName)) {
+    motorTable.Append(motor);
+    motorTable.Seek(motor.MotorName);
+  }
+  return motorTable.Row();
 }
 
 void DriveSession::TellAlarms(int word) {
@@ -62,17 +64,17 @@ void DriveSession::TellAlarms(int word) {
   if (!alarms.empty()) boxes.Tell("The drive tells an alarm: " + alarms);
 }
 
-ExitCode DriveSession::OpenPort() {
-  const int number = PortNumber(options_.port);
-  state.CommNumber = number == 0 ? 1 : number;
+ExitCode DriveSession::OpenPort(const std::string& port, int deviceNumber) {
+  const int number = PortNumber(port);
+  state.CommNumber = number == 0 ? deviceNumber : number;
   state.CommIndex = state.CommNumber - 1;
-  if (number == 0) machine_.UseDevice(state.CommNumber, options_.port);
+  if (number == 0) machine_.UseDevice(state.CommNumber, port);
   try {
     machine_.comm.SetSettings(kLineSettings);
     machine_.comm.SetCommPort(state.CommNumber);
     machine_.comm.SetPortOpen(true);
   } catch (const RuntimeError& error) {
-    boxes.Tell(options_.port + ": " + error.what());
+    boxes.Tell(port + ": " + error.what());
     return ExitCode::NoPort;
   }
   machine_.comm.SetRThreshold(1);
@@ -121,7 +123,7 @@ ExitCode DriveSession::ReadFile(const std::string& name) {
                                       [&](Integer row) {
                                         if (!machine_.comm.PortOpen()) state.CommIndex = row;
                                       }};
-    TakeMotor(ReadSettingsFile(machine_.files.Read(name), settings, actions));
+    TakeMotor(ReadSettingsFile(machine_.files.Read(name), settings, InTheirLists(actions)));
   } catch (const RuntimeError& error) {
     boxes.Tell(name + " cannot be read: " + error.what());
     return ExitCode::BadFile;

@@ -46,9 +46,9 @@ ComparedSide SideOfFile(const std::string& content, const Settings& base) {
   ComparedSide side;
   side.kind = ComparedSide::Kind::File;
   side.held.settings = base;
-  const MotorRecord motor = ReadSettingsFile(content, side.held.settings,
-                                             {.SelectModel = [&](Integer row) { side.held.model = row; },
-                                              .SelectPort = [&](Integer row) { side.held.port = row; }});
+  const FileReadActions take{.SelectModel = [&](Integer row) { side.held.model = row; },
+                             .SelectPort = [&](Integer row) { side.held.port = row; }};
+  const MotorRecord motor = ReadSettingsFile(content, side.held.settings, InTheirLists(take));
   side.held.standard = InRecord(motor);
   side.row = RowOf(motor);
   side.inFile = [version = VersionOfFile(content)](const SettingRow& row) {

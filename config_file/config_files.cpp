@@ -215,11 +215,11 @@ void ConfigFiles::OpenFile(const std::string& name) {
 void ConfigFiles::ReadData(const std::string& content) {
   const MotorRecord row =
       ReadSettingsFile(content, p_.settings,
-                       {.SelectModel = [this](Integer index) { p_.state.ModelIndex = index; },
-                        .SelectPort =
-                            [this](Integer index) {
-                              if (SelectPort) SelectPort(index);
-                            }});
+                       InTheirLists({.SelectModel = [this](Integer index) { p_.state.ModelIndex = index; },
+                                     .SelectPort =
+                                         [this](Integer index) {
+                                           if (SelectPort) SelectPort(index);
+                                         }}));
   if (AddMotorIfMissing) AddMotorIfMissing(row);
   ShowModeName(p_.state, p_.settings);
   if (SummarizeAll) SummarizeAll();

@@ -56,31 +56,20 @@ VersionTriple ReadVersion(CnfReader& reader) {
   return OnLine(reader.Line(), [&] { return ParseVersion(text); });
 }
 
-void CheckRow(int row, int count, const std::string& what) {
-  if (row < -1 || row >= count)
-    throw RuntimeError(380, "there is no " + what + " with the index " + std::to_string(row));
-}
-
 void ReadModel(CnfReader& reader, const FileReadActions& actions) {
   reader.NextStatement();
   Integer row = 0;
   reader.Value(row);
   const int line = reader.Line();
   reader.Discard();
-  OnLine(line, [&] {
-    CheckRow(row, static_cast<int>(kDriveModels.size()), "drive model");
-    actions.SelectModel(row);
-  });
+  OnLine(line, [&] { actions.SelectModel(row); });
 }
 
 void ReadPort(CnfReader& reader, const FileReadActions& actions) {
   reader.NextStatement();
   Integer row = 0;
   reader.Value(row);
-  OnLine(reader.Line(), [&] {
-    CheckRow(row, kPortCount, "serial port");
-    actions.SelectPort(row);
-  });
+  OnLine(reader.Line(), [&] { actions.SelectPort(row); });
 }
 
 }  // namespace
@@ -100,6 +89,17 @@ VersionTriple ParseVersion(std::string_view text) {
   // The minor number takes in the second point and some digits of the build: "1.9.95" has the minor number
   // 9.9, thus 10. Files in use are read so; nothing asks more than whether it is above 0.
   return {whole(0, first), whole(first + 1, second), whole(second + 1)};
+}
+
+FileReadActions InTheirLists(const FileReadActions& actions) {
+  const auto checked = [](Integer row, std::size_t count, const std::string& what) {
+    if (row < -1 || row >= static_cast<Integer>(count))
+      throw RuntimeError(380, "there is no " + what + " with the index " + std::to_string(row));
+    return row;
+  };
+  return {.SelectModel =
+              [=](Integer row) { actions.SelectModel(checked(row, kDriveModels.size(), "drive model")); },
+          .SelectPort = [=](Integer row) { actions.SelectPort(checked(row, kPortCount, "serial port")); }};
 }
 
 VersionTriple VersionOfFile(std::string_view content) {

@@ -36,12 +36,15 @@ struct FileHead {
 /// number that cannot be written.
 std::string WriteSettingsFile(const FileHead& head, const Settings& settings, const MotorRecord& row);
 
-/// Takes what is read, at the moment when it is read: -1, or a row that the list has. A RuntimeError that one
-/// of them raises ends the reading as a bad value would.
+/// Takes what is read, at the moment when it is read. A RuntimeError that one of them raises ends the reading
+/// as a bad value would.
 struct FileReadActions {
   std::function<void(Integer row)> SelectModel;
   std::function<void(Integer row)> SelectPort;
 };
+
+/// The same, told of no row but -1 and those that the lists have.
+FileReadActions InTheirLists(const FileReadActions& actions);
 
 /// Reads a file into `settings`, value by value, and returns the catalogue motor that the file brings. A
 /// value that is missing, of the wrong form or out of range is a RuntimeError whose text names the line: all
