@@ -21,6 +21,7 @@ struct Part {
   std::optional<ParameterImage> image = {};
 
   /// A drive holds nothing but what is stored.
+  const HeldSettings& Stored() const { return stored; }
   const HeldSettings& Own() const { return side.kind == Kind::Drive ? stored : side.held; }
 };
 
@@ -90,8 +91,8 @@ class RowComparison {
     ComparedSetting result{.section = std::string(row.section), .name = std::string(row.name)};
     const bool inLeft = Holds(left_, byImage_, row);
     const bool inRight = Holds(right_, byImage_, row);
-    result.left = inLeft ? TextOf(row, left_.Own(), false) : kNoValue;
-    result.right = inRight ? TextOf(row, right_.Own(), false) : kNoValue;
+    result.left = inLeft ? TextOf(row, left_.Own(), Digits::Few) : kNoValue;
+    result.right = inRight ? TextOf(row, right_.Own(), Digits::Few) : kNoValue;
     if (!inLeft || !inRight) {
       result.likeness = Likeness::NotStored;
     } else if (!SameValue(row, left_.stored, right_.stored)) {
@@ -106,11 +107,12 @@ class RowComparison {
  private:
   /// Only what is stored differs, or only what a short text leaves out.
   void TellApart(const SettingRow& row, ComparedSetting& result) const {
-    for (const bool exact : {false, true}) {
-      result.left = TextOf(row, left_.stored, exact);
-      result.right = TextOf(row, right_.stored, exact);
-      if (result.left != result.right) return;
-    }
+    for (const Digits digits : {Digits::Few, Digits::Usual, Digits::All})
+      for (const auto held : {&Part::Own, &Part::Stored}) {
+        result.left = TextOf(row, (left_.*held)(), digits);
+        result.right = TextOf(row, (right_.*held)(), digits);
+        if (result.left != result.right) return;
+      }
   }
 
   const Part& left_;
@@ -163,7 +165,7 @@ std::string LikenessWords(const ComparedSetting& setting, const std::string& sto
     case Likeness::Differs:
       return "differs";
     case Likeness::SameAsStored:
-      return "same, as stored in the " + store;
+      return setting.left == setting.right ? "same" : "same, as stored in the " + store;
     case Likeness::NotStored:
       return "not stored in the " + store;
     case Likeness::Same:

@@ -33,7 +33,7 @@ void AddMotorUse(Rows& rows) {
         .name = "Load inertia given",
         .member = &S::InertiaIsRatio,
         .answers = {"as a value", "as a ratio"}},
-       {kIn, "Load inertia, ratio", &S::InertiaRatio, "times the rotor inertia", Stored::WithRatio},
+       {kIn, "Load inertia, ratio", &S::InertiaRatio, "x rotor inertia", Stored::WithRatio},
        {kIn, "Load inertia, value", &S::LoadInertia, "kg m2", Stored::WithoutRatio},
        {.section = kIn,
         .name = "Load inertia shown in",
@@ -185,6 +185,17 @@ auto WithValue(const SettingRow& row, const HeldSettings& held, const Work& work
   return std::visit([&](auto member) { return work(record.*member); }, std::get<SettingsField>(row.member));
 }
 
+constexpr int kFewDigits = 6;
+
+double Rounded(double value) {
+  std::array<char, 64> text{};
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, kFewDigits)
+          .ptr;
+  std::from_chars(text.data(), end, value);
+  return value;
+}
+
 /// The shortest text that is this number's alone.
 template <class Number>
 std::string ExactText(Number number) {
@@ -195,17 +206,22 @@ std::string ExactText(Number number) {
 
 struct TextMaker {
   const SettingRow& row;
-  bool exact;
+  Digits digits;
 
-  std::string operator()(double value) const { return exact ? ExactText(value) : ShownNumber(value); }
-  std::string operator()(float value) const { return exact ? ExactText(value) : NumberText(value); }
+  std::string operator()(double value) const {
+    if (digits == Digits::All) return ExactText(value);
+    return ShownNumber(digits == Digits::Few ? Rounded(value) : value);
+  }
+  std::string operator()(float value) const {
+    return digits == Digits::All ? ExactText(value) : NumberText(value);
+  }
   std::string operator()(Long value) const { return row.words ? row.words(value) : NumberText(value); }
   std::string operator()(Integer value) const { return (*this)(Long{value}); }
   std::string operator()(bool value) const { return std::string(row.answers[value ? 1 : 0]); }
   std::string operator()(const std::string& value) const {
     // What begins or ends with a blank, or is nothing else, could not be seen.
     const bool plain = !value.empty() && value.front() != ' ' && value.back() != ' ';
-    return exact || !plain ? '"' + value + '"' : value;
+    return digits == Digits::All || !plain ? '"' + value + '"' : value;
   }
 };
 
@@ -225,8 +241,8 @@ bool SameValue(const SettingRow& row, const HeldSettings& left, const HeldSettin
   });
 }
 
-std::string TextOf(const SettingRow& row, const HeldSettings& held, bool exact) {
-  std::string text = WithValue(row, held, TextMaker{row, exact});
+std::string TextOf(const SettingRow& row, const HeldSettings& held, Digits digits) {
+  std::string text = WithValue(row, held, TextMaker{row, digits});
   const std::string unit = row.unitOf != nullptr
                                ? row.unitOf(row.ofStandardMotor ? held.standard : held.settings)
                                : std::string(row.unit);

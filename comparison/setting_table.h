@@ -47,8 +47,11 @@ const std::vector<SettingRow>& SettingTable();
 
 /// Exactly the same value in both.
 bool SameValue(const SettingRow& row, const HeldSettings& left, const HeldSettings& right);
-/// The value for people, with its unit. `exact`: so that two values which differ never read the same.
-std::string TextOf(const SettingRow& row, const HeldSettings& held, bool exact);
+/// How many digits of a number, at most, and whether a text stands in quotes: with All, two values that
+/// differ never read the same.
+enum class Digits { Few, Usual, All };
+/// The value for people, with its unit.
+std::string TextOf(const SettingRow& row, const HeldSettings& held, Digits digits);
 /// Whether the image of a drive holds the value.
 bool InImage(const SettingRow& row, const HeldSettings& held);
 

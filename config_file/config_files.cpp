@@ -7,12 +7,6 @@
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
-namespace {
-
-MessageBox NotOpened() { return {.text = "Error: could not open file."}; }
-
-}  // namespace
-
 std::string FileNameOf(const std::string& path) {
   const std::u8string name =
       std::filesystem::path(std::u8string(path.begin(), path.end())).filename().u8string();
@@ -57,9 +51,9 @@ std::optional<std::string> ConfigFiles::WriteFile(const std::string& name) {
   }
 }
 
-std::optional<std::string> ConfigFiles::FileNow() const {
+std::optional<std::string> ConfigFiles::ContentOf(const std::string& name) const {
   try {
-    return p_.files.Read(p_.state.FileName);
+    return p_.files.Read(name);
   } catch (const RuntimeError&) {
     return std::nullopt;
   }
@@ -67,7 +61,7 @@ std::optional<std::string> ConfigFiles::FileNow() const {
 
 InFile ConfigFiles::LookAtFile() const {
   if (p_.state.FileName.empty()) return InFile::NoFile;
-  const std::optional<std::string> content = FileNow();
+  const std::optional<std::string> content = ContentOf(p_.state.FileName);
   if (!content) return InFile::Unknown;
   if (known_ && content != known_) return InFile::Foreign;
   try {
@@ -91,7 +85,7 @@ bool ConfigFiles::MayReplaceUnread() {
 }
 
 bool ConfigFiles::MayReplaceForeign() {
-  const std::optional<std::string> content = FileNow();
+  const std::optional<std::string> content = ContentOf(p_.state.FileName);
   if (!content || !known_ || content == known_) return true;
   const BoxAnswer answer = p_.desk.Ask(
       {.text = "Another program has changed this file since it was opened or saved here:\n\n" +
@@ -170,14 +164,7 @@ void ConfigFiles::OpenChosen(const std::string& name) {
 
 std::string ConfigFiles::ChooseToRead() { return ChooseFile(FileDialog::Purpose::Open); }
 
-std::optional<std::string> ConfigFiles::ContentOf(const std::string& name) {
-  try {
-    return p_.files.Read(name);
-  } catch (const RuntimeError&) {
-    p_.desk.Ask(NotOpened());
-    return std::nullopt;
-  }
-}
+void ConfigFiles::TellNotOpened() { p_.desk.Ask({.text = "Error: could not open file."}); }
 
 void ConfigFiles::TellUnread(const RuntimeError& error) {
   // Some errors are whole sentences.
@@ -187,17 +174,14 @@ void ConfigFiles::TellUnread(const RuntimeError& error) {
 }
 
 void ConfigFiles::OpenFile(const std::string& name) {
-  std::string content;
-  try {
-    content = p_.files.Read(name);
-  } catch (const RuntimeError&) {
+  const std::optional<std::string> content = ContentOf(name);
+  if (!content) {
     p_.state.Happened.Tell("Could not open " + FileNameOf(name));
-    p_.desk.Ask(NotOpened());
-    return;
+    return TellNotOpened();
   }
   unread_.clear();
   try {
-    ReadData(content);
+    ReadData(*content);
   } catch (const RuntimeError& error) {
     unread_ = name;
     TellUnread(error);

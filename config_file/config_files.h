@@ -65,9 +65,10 @@ class ConfigFiles {
 
   /// For looking at a file without opening it. The user's choice; empty when he gives up.
   std::string ChooseToRead();
-  /// Nothing, after a box, where it cannot be read.
-  std::optional<std::string> ContentOf(const std::string& name);
-  /// Tells in a box why the content cannot be read to its end.
+  /// Nothing where it cannot be read.
+  std::optional<std::string> ContentOf(const std::string& name) const;
+  /// Tell in a box that it cannot be read, or why not to its end.
+  void TellNotOpened();
   void TellUnread(const RuntimeError& error);
 
   /// Grows whenever a file has been read or written here.
@@ -87,7 +88,6 @@ class ConfigFiles {
   bool MayReplaceChanges();
   void OpenFile(const std::string& name);
   bool MayReplaceForeign();
-  std::optional<std::string> FileNow() const;
   void Saved(const std::string& name);
   void NotSaved(const std::string& name, const std::string& error);
   /// Empty when the user gives up. The next dialog begins where this one ended.

@@ -249,7 +249,7 @@ TEST(Comparison, TellsWhatIsStoredOtherwiseOrNotAtAll) {
   EXPECT_EQ(row("Motion: Max speed"), "50 rev/sec | \u2014 | not stored in the drive");
   EXPECT_EQ(row("Motor: Load inertia, value"), "0 kg m2 | \u2014 | not stored in the drive");
   EXPECT_EQ(row("Motor: Load inertia, ratio"),
-            "1 times the rotor inertia | 1 times the rotor inertia | same");
+            "1 x rotor inertia | 1 x rotor inertia | same");
 
   ParameterImage odd = *ImageOf(screen);
   odd[75] += 5;  // the gain that this program never sends
@@ -263,11 +263,13 @@ TEST(Comparison, KeepsApartWhatReadsAlike) {
   Settings one = VelocitySettings();
   Settings other = one;
   other.Accel = 100.00000000000001;
+  other.Decel = 100.0001;
   other.TorqueUnit = 1;
   const auto row = [&](const std::string& name) {
     return RowNamed(name, SideOfScreen(one, {}, 0, 0), SideOfScreen(other, {}, 0, 0));
   };
   EXPECT_EQ(row("Motion: Acceleration"), "100 rev/s/s | 100.00000000000001 rev/s/s | differs");
+  EXPECT_EQ(row("Motion: Deceleration"), "100 rev/s/s | 100.0001 rev/s/s | differs");
   EXPECT_EQ(row("Custom motor: Holding torque"), "118 oz in | 118 lb in | same number");
   EXPECT_EQ(row("Custom motor: Unit of torque"), "oz in | lb in | differs");
 }
