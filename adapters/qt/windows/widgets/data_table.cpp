@@ -11,8 +11,8 @@
 namespace kavr6::widgets {
 namespace {
 
-constexpr int kRowsWanted = 12;
-constexpr int kLettersWanted = 100;
+constexpr int kRowsWanted = 6;
+constexpr int kLettersWanted = 80;
 constexpr int kPictureRole = Qt::UserRole;
 
 }  // namespace
