@@ -10,6 +10,7 @@
 #include "motor/motor_table.h"
 #include "platform/desktop.h"
 #include "platform/file_store.h"
+#include "platform/runtime_error.h"
 
 namespace kavr6 {
 
@@ -30,6 +31,9 @@ enum class InFile {
   Yes,
   Foreign,  ///< another program has changed it since it was last read or written here
 };
+
+/// The last part of a path.
+std::string FileNameOf(const std::string& path);
 
 /// The commands Open, Save and Save As of the main screen.
 class ConfigFiles {
@@ -59,6 +63,14 @@ class ConfigFiles {
   /// FileName nor Modified change. A failure is told in a box, and another name can be chosen.
   void RescueSettings();
 
+  /// For looking at a file without opening it. The user's choice; empty when he gives up.
+  std::string ChooseToRead();
+  /// Nothing where it cannot be read.
+  std::optional<std::string> ContentOf(const std::string& name) const;
+  /// Tell in a box that it cannot be read, or why not to its end.
+  void TellNotOpened();
+  void TellUnread(const RuntimeError& error);
+
   /// Grows whenever a file has been read or written here.
   int FileRevision() const { return fileRevision_; }
   /// Compares the settings, byte for byte, with the file as it is now.
@@ -76,8 +88,6 @@ class ConfigFiles {
   bool MayReplaceChanges();
   void OpenFile(const std::string& name);
   bool MayReplaceForeign();
-  /// What a file holds; nothing where it is not there. RuntimeError where it cannot be read.
-  std::optional<std::string> FileNow() const;
   bool AskToReplace(const std::string& why);
   void Saved(const std::string& name);
   void NotSaved(const std::string& name, const std::string& error);

@@ -174,6 +174,25 @@ TransferEnd Transfers::DataUpload() {
   State().CommandActive = true;
   PauseBeforeCommand(p_.line);
   LineHold hold(p_.line, 0);
+  Bytes image;
+  if (const TransferEnd end = Fetch(hold, image); end != TransferEnd::Done) return end;
+  ExtractUploadData(image);
+  State().Drive.Holds(image);
+  hold.Release();
+  if (SummarizeAll) SummarizeAll();
+  if (SettingsReplaced) SettingsReplaced();
+  State().Modified = false;
+  return TransferEnd::Done;
+}
+
+TransferEnd Transfers::ReadImage(Bytes& image) {
+  LineHold hold(p_.line, 0);
+  const TransferEnd end = Fetch(hold, image);
+  if (end == TransferEnd::Done) State().Drive.Holds(image);
+  return end;
+}
+
+TransferEnd Transfers::Fetch(LineHold& hold, Bytes& image) {
   ShowProgress(0);
   p_.line.comm.Output(kUpload);
   int count = 0;
@@ -181,7 +200,7 @@ TransferEnd Transfers::DataUpload() {
     count = waiting;
     ShowProgress(waiting * 100.0 / kImageSize);
   });
-  if (inTime) return TakeUpload(hold);
+  if (inTime) return TakeImage(hold, image);
   // What has come may have been the word of a drive that starts.
   State().Drive.ForgetImage();
   State().Drive.Doubt();
@@ -196,22 +215,14 @@ TransferEnd Transfers::DataUpload() {
   return TransferEnd::NoReply;
 }
 
-TransferEnd Transfers::TakeUpload(LineHold& hold) {
-  const Bytes buffer = hold.Read();
+TransferEnd Transfers::TakeImage(LineHold& hold, Bytes& image) {
+  image = hold.Read();
   State().Drive.Heard();
-  if (!ChecksumHolds(buffer)) {
-    State().Drive.ForgetImage();
-    State().Drive.Doubt();
-    Ask(ChecksumBox("Your program did not upload"));
-    return TransferEnd::BadSum;
-  }
-  ExtractUploadData(buffer);
-  State().Drive.Holds(buffer);
-  hold.Release();
-  if (SummarizeAll) SummarizeAll();
-  if (SettingsReplaced) SettingsReplaced();
-  State().Modified = false;
-  return TransferEnd::Done;
+  if (ChecksumHolds(image)) return TransferEnd::Done;
+  State().Drive.ForgetImage();
+  State().Drive.Doubt();
+  Ask(ChecksumBox("Your program did not upload"));
+  return TransferEnd::BadSum;
 }
 
 void Transfers::ExtractUploadData(std::span<const Byte> buffer) {

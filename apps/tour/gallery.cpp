@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "adapters/qt/windows/style/program_style.h"
 #include "apps/tour/tour.h"
 
@@ -66,6 +68,13 @@ void Tour::LookAtWindows(const std::string& suffix) {
     stage_.Picture(stage_.Window(dialog->Name()), dialog->Name() + suffix);
     dialog->Cancel.Click();
   }
+  desktop_.CallAfter(0.6, [this, suffix] {
+    stage_.Picture(stage_.Window("CompareWindow"), "CompareWindow" + suffix);
+    program_.Compared.OK.Click();
+  });
+  const double speed = std::exchange(program_.settings.Speed, 12.5);
+  stage_.Command(Main(), "MenuCompareDrive");
+  program_.settings.Speed = speed;
   program_.StatusMonitor.Show();
   stage_.Pause(2.0);
   stage_.Picture(stage_.Window("ExecStatus"), "ExecStatus" + suffix);
