@@ -152,6 +152,7 @@ void CommPorts::TryAnew() {
   refusedAt_.reset();
   refusals_ = 0;
   Reopen();
+  if (!line_.comm.PortOpen()) StillClosed.Raise();
 }
 
 void CommPorts::Reopen() {

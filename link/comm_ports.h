@@ -7,6 +7,7 @@
 #include <string>
 
 #include "link/drive_line.h"
+#include "platform/event.h"
 
 namespace kavr6 {
 
@@ -22,6 +23,9 @@ class CommPorts {
   CommPorts(const CommPorts&) = delete;
   CommPorts& operator=(const CommPorts&) = delete;
   ~CommPorts();
+
+  /// A port whose device is awaited is still closed behind news of devices.
+  Event<> StillClosed;
 
   /// Opens the first port that works, with a box for each that does not; StartPort is 0 when none did.
   void StartComm();

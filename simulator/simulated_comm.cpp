@@ -51,7 +51,7 @@ void SimulatedComm::HangUp() {
 }
 
 void SimulatedComm::Unplug() {
-  if (const auto port = ports_.find(openPort_); port != ports_.end()) port->second.there = false;
+  if (const auto port = ports_.find(CommPort()); port != ports_.end()) port->second.there = false;
   TellWatches(DeviceNews::Devices);
   HangUp();
 }
