@@ -95,8 +95,10 @@ void MainForm::WireMenus() {
       Command{&MenuOpen, &MainFormOpeners::Open},
       Command{&MenuSave, &MainFormOpeners::Save},
       Command{&MenuSaveAs, &MainFormOpeners::SaveAs},
+      Command{&MenuCompareFile, &MainFormOpeners::CompareFile},
       Command{&MenuPrint, &MainFormOpeners::Print},
       Command{&MenuPreview, &MainFormOpeners::Preview},
+      Command{&MenuCompareDrive, &MainFormOpeners::CompareDrive},
       Command{&MenuHistory, &MainFormOpeners::History, true},
       Command{&MenuClearFault, &MainFormOpeners::ClearFault},
       Command{&MenuIOStatus, &MainFormOpeners::IOStatus},
@@ -120,6 +122,7 @@ void MainForm::WireMenus() {
 
 void MainForm::FollowState() {
   p_.comm.StateChanged.Set([this] { PortChanged(); });
+  p_.ports.StillClosed.Set([this] { ShowLine(); });  // its device may have gone, or may be another's now
   state_.CommNumber.Changed.Set([this] { ShowLine(); });
   state_.Drive.Changed.Set([this] { ShowStatus(); });
   p_.watch.Compared.Set([this] { ShowStatus(); });
