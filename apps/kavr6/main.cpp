@@ -32,6 +32,13 @@ namespace fs = std::filesystem;
   std::_Exit(1);
 }
 
+/// A link into the devices counts also when its device has gone.
+bool IsDevice(const std::string& path) {
+  std::error_code error;
+  const fs::path target = fs::is_symlink(path, error) ? fs::read_symlink(path, error) : fs::path(path);
+  return fs::is_character_file(path, error) || target.string().starts_with("/dev/");
+}
+
 int Run(const CommandOptions& options, const fs::path& directory) {
   QtEventPump pump;
   SerialComm comm(pump, directory / "ports");
@@ -49,7 +56,8 @@ int Run(const CommandOptions& options, const fs::path& directory) {
       std::cerr,
       directory,
       {version.majorVersion(), version.minorVersion(), version.microVersion()},
-      [&comm](int number, const std::string& device) { comm.UseDevice(number, device); }};
+      [&comm](int number, const std::string& device) { comm.UseDevice(number, device); },
+      IsDevice};
   const ExitCode code = RunCommand(machine, options, [&session](DriveSession* now) { session = now; });
   comm.Release();
   return static_cast<int>(code);

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "adapters/qt/windows/style/program_style.h"
 #include "apps/tour/tour.h"
 
@@ -57,6 +59,13 @@ void Tour::LookAtMore(const std::string& suffix) {
   stage_.Pause(0.1);
   stage_.Picture(stage_.Window("MotorDialog"), "MotorDialog-more" + suffix);
   program_.MotorSetup.Cancel.Click();
+  desktop_.CallAfter(0.6, [this, suffix] {
+    stage_.Picture(stage_.Window("CompareWindow"), "CompareWindow" + suffix);
+    program_.Compared.OK.Click();
+  });
+  const double speed = std::exchange(program_.settings.Speed, 12.5);
+  stage_.Command(Main(), "MenuCompareDrive");
+  program_.settings.Speed = speed;
 }
 
 /// A picture of each window, opened from the main screen.

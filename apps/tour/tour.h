@@ -67,6 +67,7 @@ class Tour {
   void RefuseDownload();
   void Download();
   void Upload();
+  void CompareSettings();
   void LoseTheLine();
   void FindItAgain();
   void ReadHelp();
