@@ -71,10 +71,9 @@ InFile ConfigFiles::LookAtFile() const {
   }
 }
 
-bool ConfigFiles::MayReplaceUnread() {
-  if (p_.state.FileName != unread_) return true;
+bool ConfigFiles::AskToReplace(const std::string& why) {
   const BoxAnswer answer = p_.desk.Ask(
-      {.text = "This file could not be read to its end when it was opened:\n\n" + unread_ +
+      {.text = why + ":\n\n" + p_.state.FileName +
                "\n\nSaving replaces it by the settings as they stand on the screen.  Do you really want to "
                "replace the file?",
        .icon = BoxIcon::Question,
@@ -84,19 +83,20 @@ bool ConfigFiles::MayReplaceUnread() {
   return answer == BoxAnswer::Ok;
 }
 
+bool ConfigFiles::MayReplaceUnread() {
+  return p_.state.FileName != unread_ ||
+         AskToReplace("This file could not be read to its end when it was opened");
+}
+
 bool ConfigFiles::MayReplaceForeign() {
-  const std::optional<std::string> content = ContentOf(p_.state.FileName);
-  if (!content || !known_ || content == known_) return true;
-  const BoxAnswer answer = p_.desk.Ask(
-      {.text = "Another program has changed this file since it was opened or saved here:\n\n" +
-               p_.state.FileName +
-               "\n\nSaving replaces it by the settings as they stand on the screen.  Do you really want to "
-               "replace the file?",
-       .icon = BoxIcon::Question,
-       .title = "Save",
-       .buttons = BoxButtons::OkCancel,
-       .careful = true});
-  return answer == BoxAnswer::Ok;
+  if (!known_) return true;
+  try {
+    if (p_.files.Read(p_.state.FileName) == known_) return true;
+  } catch (const RuntimeError& error) {
+    if (error.Number() == FileStore::kNoFile || error.Number() == FileStore::kNoFolder) return true;
+    return AskToReplace("This file cannot be read any more, and another program may have changed it");
+  }
+  return AskToReplace("Another program has changed this file since it was opened or saved here");
 }
 
 void ConfigFiles::Saved(const std::string& name) {
@@ -197,13 +197,17 @@ void ConfigFiles::OpenFile(const std::string& name) {
 }
 
 void ConfigFiles::ReadData(const std::string& content) {
-  const MotorRecord row =
-      ReadSettingsFile(content, p_.settings,
-                       InTheirLists({.SelectModel = [this](Integer index) { p_.state.ModelIndex = index; },
-                                     .SelectPort =
-                                         [this](Integer index) {
-                                           if (SelectPort) SelectPort(index);
-                                         }}));
+  const MotorRecord row = ReadSettingsFile(
+      content, p_.settings,
+      InTheirLists({.SelectModel =
+                        [this](Integer index) {
+                          p_.state.ModelIndex = index;
+                          p_.state.Drive.ListMoved(false);  // also where it stood there already
+                        },
+                    .SelectPort =
+                        [this](Integer index) {
+                          if (SelectPort) SelectPort(index);
+                        }}));
   if (AddMotorIfMissing) AddMotorIfMissing(row);
   ShowModeName(p_.state, p_.settings);
   if (SummarizeAll) SummarizeAll();

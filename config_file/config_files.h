@@ -55,8 +55,8 @@ class ConfigFiles {
   /// The same with a file that the user has chosen already.
   void OpenChosen(const std::string& name);
   /// Saves under the name in use, or as MenuSaveAs without one. A failure is told in a box; the file in place
-  /// is then as it was. A file that could not be read to its end, or that another program has changed since,
-  /// is not written over without a question.
+  /// is then as it was. A file that could not be read to its end, that another program has changed since, or
+  /// that cannot be read any more, is not written over without a question.
   void MenuSave();
   void MenuSaveAs();
   /// Saves a copy under a name of the user's choice when the program is about to end with an error: neither
@@ -88,6 +88,7 @@ class ConfigFiles {
   bool MayReplaceChanges();
   void OpenFile(const std::string& name);
   bool MayReplaceForeign();
+  bool AskToReplace(const std::string& why);
   void Saved(const std::string& name);
   void NotSaved(const std::string& name, const std::string& error);
   /// Empty when the user gives up. The next dialog begins where this one ended.

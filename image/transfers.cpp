@@ -110,6 +110,7 @@ TransferEnd Transfers::DataDownload() {
     State().Drive.Holds(image);
   } else {
     State().Drive.ForgetImage();
+    State().Drive.Doubt();
   }
   return end;
 }
@@ -124,7 +125,7 @@ void Transfers::SendImage(const ParameterImage& image, const LineHold& hold) {
 
 TransferEnd Transfers::ReadAnswer(const LineHold& hold) {
   if (p_.line.comm.InBufferCount() == 0) {
-    if (!hold.Broken()) TellNoAnswer(p_.line);
+    hold.TellNoAnswer();
     Ask({.text = "The download did not work.  Is it connected to the right port and turned on?",
          .icon = BoxIcon::Question});
     return TransferEnd::NoReply;
@@ -202,7 +203,8 @@ TransferEnd Transfers::Fetch(LineHold& hold, Bytes& image) {
   if (inTime) return TakeImage(hold, image);
   // What has come may have been the word of a drive that starts.
   State().Drive.ForgetImage();
-  if (count == 0 && !hold.Broken()) TellNoAnswer(p_.line);
+  State().Drive.Doubt();
+  if (count == 0) hold.TellNoAnswer();
   Ask({.text = "We are having trouble uploading tuning data from the drive. Is it connected to the "
                "right port and turned on?  If you are using your PC for anything processor intensive, "
                "such as opening a large file in another application, this can interfere with drive "
@@ -218,6 +220,7 @@ TransferEnd Transfers::TakeImage(LineHold& hold, Bytes& image) {
   State().Drive.Heard();
   if (ChecksumHolds(image)) return TransferEnd::Done;
   State().Drive.ForgetImage();
+  State().Drive.Doubt();
   Ask(ChecksumBox("Your program did not upload"));
   return TransferEnd::BadSum;
 }

@@ -81,14 +81,13 @@ void VTLterm::WireSession() {
 
 void VTLterm::BeginSession() {
   line_.comm.Output("HR");  // without the carriage return that ends a command
-  line_.state.LiveToolActive = true;
+  TakeLine();
   CommandText.Focus();
 }
 
 void VTLterm::EndSession(std::string_view command) {
   Send(command);
-  line_.state.LiveToolActive = false;
-  NothingDue();
+  LetGo();
 }
 
 void VTLterm::GiveBack() { EndSession(kQuitText); }

@@ -33,18 +33,32 @@ void Tour::LookAt(Form& form, const std::string& suffix) {
   form.Hide();
 }
 
+void Tour::LookAtHelp(const std::string& suffix) {
+  for (const char* asked : {"MainForm", "IOdialog"}) {
+    program_.Help.ShowForKey(asked);
+    stage_.Pause(0.2);
+    stage_.Picture(stage_.Window("HelpScreen"), std::string("HelpScreen-") + asked + suffix);
+  }
+  program_.Help.Hide();
+  desktop_.CallAfter(0.1, [this, suffix] {
+    stage_.Picture(stage_.Window("About"), "About" + suffix);
+    stage_.Click(stage_.Window("About"), "OK");
+  });
+  stage_.Command(Main(), "MenuAbout");
+}
+
 /// A picture of each window, opened from the main screen.
 void Tour::LookAtWindows(const std::string& suffix) {
   stage_.Pause(0.5);  // until the strip has compared
   stage_.Picture(Main(), "MainForm" + suffix);
   Summary& commands = program_.Commands;
-  Form* const plain[] = {&program_.Credits,        &program_.ModeMenu,      &program_.LastAlarms,
-                         &program_.FaultPopup,     &program_.Terminal,      &commands,
-                         &commands.EFcodes,        &commands.LimCodes,      &commands.IOcodes,
-                         &commands.RScodes,        &commands.MRcodes,       &commands.BRcodes,
-                         &commands.MoveCalculator, &commands.ServoCommands, &program_.Help,
-                         &program_.LastEvents};
+  Form* const plain[] = {&program_.ModeMenu,      &program_.LastAlarms,    &program_.FaultPopup,
+                         &program_.Terminal,      &commands,               &commands.EFcodes,
+                         &commands.LimCodes,      &commands.IOcodes,       &commands.RScodes,
+                         &commands.MRcodes,       &commands.BRcodes,       &commands.MoveCalculator,
+                         &commands.ServoCommands, &program_.LastEvents};
   for (Form* form : plain) LookAt(*form, suffix);
+  LookAtHelp(suffix);
   for (SetupDialog* dialog : std::initializer_list<SetupDialog*>{
            &program_.MotorSetup, &program_.CustomMotorSetup, &program_.PulseDirSetup, &program_.VelocitySetup,
            &program_.AdvancedSetup, &program_.VTLSetup, &program_.IOSetup, &program_.EncoderSetup,

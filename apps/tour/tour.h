@@ -74,6 +74,7 @@ class Tour {
   void ShowCredits();
   // gallery.cpp
   void ShowDark();
+  void LookAtHelp(const std::string& suffix);
   void LookAtWindows(const std::string& suffix);
   void LookAtBoxes();
   void LookAt(Form& form, const std::string& suffix);

@@ -121,6 +121,7 @@ void MainForm::WireMenus() {
 
 void MainForm::FollowState() {
   p_.comm.StateChanged.Set([this] { PortChanged(); });
+  p_.ports.StillClosed.Set([this] { ShowLine(); });  // its device may have gone, or may be another's now
   state_.CommNumber.Changed.Set([this] { ShowLine(); });
   state_.Drive.Changed.Set([this] { ShowStatus(); });
   p_.watch.Compared.Set([this] { ShowStatus(); });

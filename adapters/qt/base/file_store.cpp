@@ -15,12 +15,12 @@ namespace kavr6 {
 namespace {
 
 enum ErrorNumber {
-  kFileNotFound = 53,
+  kFileNotFound = FileStore::kNoFile,
   kDeviceError = 57,
   kDiskFull = 61,
   kPermissionDenied = 70,
   kAccessError = 75,
-  kPathNotFound = 76,
+  kPathNotFound = FileStore::kNoFolder,
 };
 
 constexpr QFile::Permissions kAnyWrite = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;

@@ -29,7 +29,7 @@ constexpr int kMostFailuresInARow = 100;
 /// notification.
 constexpr int kUnbrokenBytes = 48;
 constexpr double kGapSeconds = 0.003;
-constexpr double kRestSeconds = 0.04;
+constexpr double kRestSeconds = 0.08;
 constexpr int kGoesOnBytes = 24;  // behind a rest
 
 constexpr const char* kPseudoTerminals = "/dev/pts/";

@@ -90,7 +90,7 @@ const std::array kForms{
     FormRow{"ServoFault", BuildDialog<Ui::ServoFault>},
     FormRow{"CompareWindow", BuildDialog<Ui::CompareWindow>},
     FormRow{"HelpScreen", Build<QDialog, Ui::HelpScreen>},
-    FormRow{"EventList", Build<QDialog, Ui::EventList>},
+    FormRow{"EventList", BuildDialog<Ui::EventList>},
     FormRow{"SelfTest", BuildDialog<Ui::SelfTest>},
 };
 
