@@ -1,18 +1,11 @@
 #include "config_file/config_files.h"
 
-#include <filesystem>
-
 #include "config_file/settings_file.h"
 #include "core/numbers.h"
+#include "platform/path_text.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
-std::string FileNameOf(const std::string& path) {
-  const std::u8string name =
-      std::filesystem::path(std::u8string(path.begin(), path.end())).filename().u8string();
-  return {name.begin(), name.end()};
-}
-
 std::string ConfigFiles::ChooseFile(FileDialog::Purpose purpose) {
   FileDialogState& dialog = SaveFile;
   std::string name = p_.desk.ChooseFile({.purpose = purpose,

@@ -32,9 +32,6 @@ enum class InFile {
   Foreign,  ///< another program has changed it since it was last read or written here
 };
 
-/// The last part of a path.
-std::string FileNameOf(const std::string& path);
-
 /// The commands Open, Save and Save As of the main screen.
 class ConfigFiles {
  public:

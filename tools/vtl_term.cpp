@@ -5,6 +5,7 @@
 
 #include "core/numbers.h"
 #include "link/wire.h"
+#include "platform/path_text.h"
 
 namespace kavr6 {
 namespace {

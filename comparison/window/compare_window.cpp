@@ -1,6 +1,7 @@
 #include "comparison/window/compare_window.h"
 
 #include "core/drive_models.h"
+#include "platform/path_text.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {

@@ -8,6 +8,7 @@
 
 #include "core/drive_models.h"
 #include "core/program/status_words.h"
+#include "platform/path_text.h"
 
 namespace kavr6 {
 namespace {
@@ -136,7 +137,7 @@ void MainForm::FollowState() {
 void MainForm::Load() {
   for (const auto& [item, opener] : greyWithoutOpener_) item->SetEnabled(static_cast<bool>(Openers.*opener));
   state_.AppVersion = VersionText(Desk().Version());
-  state_.HelpDir = (Desk().ProgramDirectory() / "KAVR6 help" / "").string();
+  state_.HelpDir = PathText(Desk().ProgramDirectory() / "KAVR6 help" / "");
   StartSharedValues();
   LoadModelList();
   LoadCommList();
@@ -147,8 +148,7 @@ void MainForm::Load() {
   state_.Modified = false;
   state_.InertiaSet = false;
   if (state_.StartPort != 0 && p_.identity.DriveStillThere()) p_.identity.CheckDrive();
-  const std::u8string folder = Desk().ProgramDirectory().u8string();
-  p_.files.SaveFile.InitDir.assign(folder.begin(), folder.end());
+  p_.files.SaveFile.InitDir = PathText(Desk().ProgramDirectory());
   PlaceWindow();
   InitVars(p_.settings);
   ShowModeName(state_, p_.settings);
