@@ -9,6 +9,7 @@
 #include "config_file/config_files.h"
 #include "image/transfers.h"
 #include "link/drive_identity.h"
+#include "motor/motor_table.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 #include "platform/grid.h"

@@ -248,12 +248,15 @@ TEST(Comparison, TellsWhatIsStoredOtherwiseOrNotAtAll) {
   EXPECT_EQ(row("Regen resistor: Resistance"), "50 ohms | 40 ohms | same, as stored in the drive");
   EXPECT_EQ(row("Motion: Max speed"), "50 rev/sec | \u2014 | not stored in the drive");
   EXPECT_EQ(row("Motor: Load inertia, value"), "0 kg m2 | \u2014 | not stored in the drive");
-  EXPECT_EQ(row("Motor: Load inertia, ratio"),
-            "1 x rotor inertia | 1 x rotor inertia | same");
+  EXPECT_EQ(row("Motor: Load inertia, ratio"), "1 x rotor inertia | 1 x rotor inertia | same");
 
   ParameterImage odd = *ImageOf(screen);
   odd[75] += 5;  // the gain that this program never sends
   odd[50] = 1;   // what a hub never holds
+  ParameterImage coarse = *ImageOf(screen);
+  coarse[58] = 5;  // a word that this program would not make of the hertz that it stands for
+  coarse[59] = 0;
+  EXPECT_EQ(Differing(screen, SideOfDrive(coarse)), Names{"Analog input: Filter"});
   EXPECT_EQ(RowNamed("Other data: Byte 75", screen, SideOfDrive(odd)), "224 | 229 | differs");
   EXPECT_EQ(RowNamed("Inputs and outputs: Enable", screen, SideOfDrive(odd)),
             "not used | Open to enable | differs");
@@ -272,6 +275,17 @@ TEST(Comparison, KeepsApartWhatReadsAlike) {
   EXPECT_EQ(row("Motion: Deceleration"), "100 rev/s/s | 100.0001 rev/s/s | differs");
   EXPECT_EQ(row("Custom motor: Holding torque"), "118 oz in | 118 lb in | same number");
   EXPECT_EQ(row("Custom motor: Unit of torque"), "oz in | lb in | differs");
+}
+
+TEST(Comparison, FindsNothingBetweenTheScreenAndTheFileOfIt) {
+  Settings settings = VelocitySettings();
+  settings.NoiseFilter = 50;                // a reader mends it
+  settings.Speed = 10.0000000000000017764;  // more digits than a file has
+  const ComparedSide screen = SideOfScreen(settings, StandardMotor(), 0, 0);
+  const ComparedSide file = InFile(screen);
+  EXPECT_EQ(Differing(screen, file), Names());
+  EXPECT_EQ(RowNamed("Inputs and outputs: Input noise filter", screen, file),
+            "50 kHz | 2000 kHz | same, as stored in the file");
 }
 
 TEST(Comparison, LeavesOutWhatAnOldFileDoesNotHold) {
