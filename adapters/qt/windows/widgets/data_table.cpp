@@ -84,6 +84,7 @@ void DataTable::Fit() {
   }
   if (columnCount() == 0) return;
   std::vector<int> widths;
+  widths.reserve(static_cast<std::size_t>(columnCount()));
   for (int column = 0; column < columnCount(); ++column)
     widths.push_back(std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column)) +
                      height / 2);
