@@ -75,6 +75,7 @@ class Tour {
   // gallery.cpp
   void ShowDark();
   void LookAtHelp(const std::string& suffix);
+  void LookAtMore(const std::string& suffix);
   void LookAtWindows(const std::string& suffix);
   void LookAtBoxes();
   void LookAt(Form& form, const std::string& suffix);

@@ -51,7 +51,9 @@ QSizeF SvgSize(const QString& path) {
   const auto length = [&head](const char* name) {
     return head.attributes().value(QLatin1String(name)).toDouble();
   };
-  return *known.insert(path, {length("width"), length("height")});
+  QSizeF size(length("width"), length("height"));
+  if (size.isEmpty()) size = QSvgRenderer(path).defaultSize();  // told by what it shows
+  return *known.insert(path, size);
 }
 
 QPixmap SvgPixmap(const QString& path, const QSize& size, qreal devicePixelRatio, const QColor& ink) {

@@ -12,7 +12,7 @@ namespace kavr6::widgets {
 namespace {
 
 constexpr int kPadding = 10;
-constexpr int kLettersOfLine = 53;  // of what stands below the caption
+constexpr int kLettersOfLine = 55;  // of what stands below the caption
 
 }  // namespace
 
