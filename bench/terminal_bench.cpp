@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <stdlib.h>  // NOLINT(modernize-deprecated-headers): pseudo-terminals are not in the C++ header
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <time.h>  // NOLINT(modernize-deprecated-headers): nor are the clocks of the system
 #include <unistd.h>
@@ -34,6 +35,7 @@ void SleepUntil(timespec& at, long nanoseconds) {
 
 /// The far end of the line: silent until the signal comes, and gone when all has been said.
 [[noreturn]] void Speak(int line) {
+  prctl(PR_SET_PDEATHSIG, SIGKILL);  // or it would stay for ever, and with it whoever reads what both print
   sigset_t go;
   sigemptyset(&go);
   sigaddset(&go, SIGUSR1);

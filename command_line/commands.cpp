@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "command_line/compare_command.h"
 #include "command_line/json.h"
 #include "command_line/text_print.h"
 #include "core/alarms.h"
@@ -152,6 +153,11 @@ ExitCode Verify(const Task& task) {
   return CompareWithDrive(task, "verified");
 }
 
+ExitCode Compare(const Task& task) {
+  task.session.Interruption = kNotChanged;
+  return CompareCommand(task.machine, task.options, task.session);
+}
+
 ExitCode Report(const Task& task) {
   if (const ExitCode code = task.session.ReadFile(task.options.files[0]); code != ExitCode::Done) return code;
   TextPrint lines;
@@ -214,7 +220,8 @@ struct Work {
 };
 constexpr std::array kWorks{Work{"identify", Identify, true}, Work{"read", Read, true},
                             Work{"write", Write, true},       Work{"verify", Verify, true},
-                            Work{"report", Report, false},    Work{"history", History, true}};
+                            Work{"compare", Compare, false},  Work{"report", Report, false},
+                            Work{"history", History, true}};
 
 ExitCode RunWork(const CommandMachine& machine, const CommandOptions& options,
                  const std::function<void(DriveSession*)>& onSession) {

@@ -13,7 +13,7 @@ namespace {
 
 struct Command {
   std::string_view name;
-  std::string_view file;  ///< what its file is called; empty: it takes none
+  std::string_view file;  ///< what its file is called, or its two are; empty: it takes none
   std::string_view what;
 };
 constexpr std::array kCommands{
@@ -21,6 +21,7 @@ constexpr std::array kCommands{
     Command{"read", "OUT.cnf", "read the drive and save its settings"},
     Command{"write", "IN.cnf", "send the settings to the drive and read them back"},
     Command{"verify", "IN.cnf", "tell whether the drive holds these settings"},
+    Command{"compare", "A B", "the settings in which A and B differ, each a file or a port"},
     Command{"report", "IN.cnf", "the settings in words"},
     Command{"history", "", "the last eight alarms of the drive"},
     Command{"ports", "", "the serial ports of this computer"},
@@ -53,7 +54,7 @@ const std::vector<Option>& Options() {
 
 constexpr std::array<std::string_view, 8> kExitWords{
     "done",
-    "the drive holds other settings",
+    "the settings differ",
     "the command line is wrong, or a question needs an option",
     "the port cannot be opened",
     "no drive answers",
@@ -64,6 +65,7 @@ constexpr std::array<std::string_view, 8> kExitWords{
 constexpr const char* kExamples =
     "  kavr6 identify --port COM3\n"
     "  kavr6 read --port /dev/ttyUSB0 machine.cnf\n"
+    "  kavr6 compare yesterday.cnf COM1\n"
     "  kavr6 write --port COM1 machine.cnf && echo \"next drive, please\"\n";
 
 std::string Padded(std::string text, std::size_t width) {
@@ -100,11 +102,14 @@ void CheckCommand(const CommandOptions& options) {
   if (options.command.empty()) throw UsageError("a command is missing");
   const auto found = std::ranges::find(kCommands, options.command, &Command::name);
   if (found == kCommands.end()) throw UsageError("there is no command " + options.command);
-  const std::size_t files = found->file.empty() ? 0 : 1;
+  const bool two = found->file.find(' ') != std::string_view::npos;
+  const std::size_t files = found->file.empty() ? 0 : two ? 2 : 1;
   if (options.files.size() < files)
-    throw UsageError(options.command + " needs a file, " + std::string(found->file));
+    throw UsageError(options.command + (two ? " needs two files or ports, " : " needs a file, ") +
+                     std::string(found->file));
   if (options.files.size() > files)
     throw UsageError("what is \"" + options.files.back() + "\" to " + options.command + "?");
+  if (two) std::ranges::for_each(options.files, CheckPort);
 }
 
 }  // namespace

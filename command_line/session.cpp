@@ -11,7 +11,8 @@ namespace kavr6 {
 namespace {
 
 constexpr const char* kLineSettings = "9600,N,8,1";
-constexpr double kLateAnswers = 1.0;  // seconds; no answer is awaited for longer
+constexpr double kMessageTime = 0.005;  // seconds; three bytes take 3.1 ms
+constexpr double kLateAnswers = 1.0;    // seconds; no answer is awaited for longer
 
 /// A load inertia that stands as it does at every start has not been set by anybody.
 bool InertiaIsAtStart(const Settings& settings) {
@@ -48,10 +49,12 @@ DriveSession::DriveSession(const CommandMachine& machine, const CommandOptions& 
   });
 }
 
-void DriveSession::TakeMotor(const MotorRecord& motor) {
-  if (motor.MotorName.empty() || motorTable.Seek(motor.MotorName)) return;
-  motorTable.Append(motor);
-  motorTable.Seek(motor.MotorName);
+const MotorRow& DriveSession::TakeMotor(const MotorRecord& motor) {
+  if (!motor.MotorName.empty() && !motorTable.Seek(motor.MotorName)) {
+    motorTable.Append(motor);
+    motorTable.Seek(motor.MotorName);
+  }
+  return motorTable.Row();
 }
 
 void DriveSession::TellAlarms(int word) {
@@ -62,21 +65,24 @@ void DriveSession::TellAlarms(int word) {
   if (!alarms.empty()) boxes.Tell("The drive tells an alarm: " + alarms);
 }
 
-ExitCode DriveSession::OpenPort() {
-  const int number = PortNumber(options_.port);
-  state.CommNumber = number == 0 ? 1 : number;
+ExitCode DriveSession::OpenPort(const std::string& port, int deviceNumber) {
+  const int number = PortNumber(port);
+  state.CommNumber = number == 0 ? deviceNumber : number;
   state.CommIndex = state.CommNumber - 1;
-  if (number == 0) machine_.UseDevice(state.CommNumber, options_.port);
+  if (number == 0) machine_.UseDevice(state.CommNumber, port);
   try {
     machine_.comm.SetSettings(kLineSettings);
     machine_.comm.SetCommPort(state.CommNumber);
     machine_.comm.SetPortOpen(true);
   } catch (const RuntimeError& error) {
-    boxes.Tell(options_.port + ": " + error.what());
+    boxes.Tell(port + ": " + error.what());
     return ExitCode::NoPort;
   }
   machine_.comm.SetRThreshold(1);
   machine_.comm.SetParityReplace("");
+  // Of a message that is under way only the end comes, which must not become the beginning of an answer.
+  Delay(line.pump, kMessageTime);
+  receive.Clear();
   return ExitCode::Done;
 }
 
@@ -116,20 +122,12 @@ ExitCode DriveSession::CheckFile() {
 
 ExitCode DriveSession::ReadFile(const std::string& name) {
   try {
-    const auto checked = [](int row, int count, const std::string& what) {
-      if (row < -1 || row >= count)
-        throw RuntimeError(380, "there is no " + what + " with the index " + std::to_string(row));
-      return row;
-    };
-    const FileReadActions actions{
-        .SelectModel =
-            [&](Integer row) { state.ModelIndex = checked(row, kDriveModels.size(), "drive model"); },
-        .SelectPort =
-            [&](Integer row) {
-              checked(row, kPortCount, "serial port");
-              if (!machine_.comm.PortOpen()) state.CommIndex = row;
-            }};
-    TakeMotor(ReadSettingsFile(machine_.files.Read(name), settings, actions));
+    const FileReadActions actions{.SelectModel = [&](Integer row) { state.ModelIndex = row; },
+                                  .SelectPort =
+                                      [&](Integer row) {
+                                        if (!machine_.comm.PortOpen()) state.CommIndex = row;
+                                      }};
+    TakeMotor(ReadSettingsFile(machine_.files.Read(name), settings, InTheirLists(actions)));
   } catch (const RuntimeError& error) {
     boxes.Tell(name + " cannot be read: " + error.what());
     return ExitCode::BadFile;

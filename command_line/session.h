@@ -34,6 +34,8 @@ struct CommandMachine {
   ProgramVersion version;
   /// Puts a device behind a port number.
   std::function<void(int number, const std::string& device)> UseDevice;
+  /// Whether that path is one of a device, or was, and not of a file.
+  std::function<bool(const std::string& path)> IsDevice;
 };
 
 /// The parts below the windows, as the program with windows uses them. Start values in the settings; the
@@ -46,7 +48,9 @@ class DriveSession {
   DriveSession& operator=(const DriveSession&) = delete;
 
   /// What each of these could not do has been told by then.
-  ExitCode OpenPort();
+  /// The port of the options; or another one, which is put behind that number where it is a device.
+  ExitCode OpenPort() { return OpenPort(options_.port, 1); }
+  ExitCode OpenPort(const std::string& port, int deviceNumber);
   /// Asks the drive who it is.
   ExitCode Identify();
   /// Does an exchange that begins with that question, twice where what has come cannot be a drive's answer.
@@ -55,6 +59,8 @@ class DriveSession {
   ExitCode CheckFile();
   ExitCode ReadFile(const std::string& name);
   ExitCode WriteFile(const std::string& name);
+  /// Selects the motor in the table, which keeps a new one until the end; the row that is selected then.
+  const MotorRow& TakeMotor(const MotorRecord& motor);
   /// The image that the settings make. RuntimeError for a value that does not fit its field.
   ParameterImage BuildImage() const;
   /// The image that the drive gives, tested; nothing when it does not come whole.
@@ -76,7 +82,6 @@ class DriveSession {
 
  private:
   bool StrangerHasAnswered() const;
-  void TakeMotor(const MotorRecord& motor);
   void TellAlarms(int word);
 
   const CommandMachine& machine_;

@@ -1,28 +1,11 @@
 #include "config_file/config_files.h"
 
-#include <filesystem>
-
 #include "config_file/settings_file.h"
-#include "core/drive_models.h"
 #include "core/numbers.h"
+#include "platform/path_text.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
-namespace {
-
-void CheckRow(int row, int count, const std::string& what) {
-  if (row < -1 || row >= count)
-    throw RuntimeError(380, "there is no " + what + " with the index " + std::to_string(row));
-}
-
-std::string NameOf(const std::string& path) {
-  const std::u8string name =
-      std::filesystem::path(std::u8string(path.begin(), path.end())).filename().u8string();
-  return {name.begin(), name.end()};
-}
-
-}  // namespace
-
 std::string ConfigFiles::ChooseFile(FileDialog::Purpose purpose) {
   FileDialogState& dialog = SaveFile;
   std::string name = p_.desk.ChooseFile({.purpose = purpose,
@@ -61,9 +44,9 @@ std::optional<std::string> ConfigFiles::WriteFile(const std::string& name) {
   }
 }
 
-std::optional<std::string> ConfigFiles::FileNow() const {
+std::optional<std::string> ConfigFiles::ContentOf(const std::string& name) const {
   try {
-    return p_.files.Read(p_.state.FileName);
+    return p_.files.Read(name);
   } catch (const RuntimeError&) {
     return std::nullopt;
   }
@@ -71,7 +54,7 @@ std::optional<std::string> ConfigFiles::FileNow() const {
 
 InFile ConfigFiles::LookAtFile() const {
   if (p_.state.FileName.empty()) return InFile::NoFile;
-  const std::optional<std::string> content = FileNow();
+  const std::optional<std::string> content = ContentOf(p_.state.FileName);
   if (!content) return InFile::Unknown;
   if (known_ && content != known_) return InFile::Foreign;
   try {
@@ -81,10 +64,9 @@ InFile ConfigFiles::LookAtFile() const {
   }
 }
 
-bool ConfigFiles::MayReplaceUnread() {
-  if (p_.state.FileName != unread_) return true;
+bool ConfigFiles::AskToReplace(const std::string& why) {
   const BoxAnswer answer = p_.desk.Ask(
-      {.text = "This file could not be read to its end when it was opened:\n\n" + unread_ +
+      {.text = why + ":\n\n" + p_.state.FileName +
                "\n\nSaving replaces it by the settings as they stand on the screen.  Do you really want to "
                "replace the file?",
        .icon = BoxIcon::Question,
@@ -94,19 +76,20 @@ bool ConfigFiles::MayReplaceUnread() {
   return answer == BoxAnswer::Ok;
 }
 
+bool ConfigFiles::MayReplaceUnread() {
+  return p_.state.FileName != unread_ ||
+         AskToReplace("This file could not be read to its end when it was opened");
+}
+
 bool ConfigFiles::MayReplaceForeign() {
-  const std::optional<std::string> content = FileNow();
-  if (!content || !known_ || content == known_) return true;
-  const BoxAnswer answer = p_.desk.Ask(
-      {.text = "Another program has changed this file since it was opened or saved here:\n\n" +
-               p_.state.FileName +
-               "\n\nSaving replaces it by the settings as they stand on the screen.  Do you really want to "
-               "replace the file?",
-       .icon = BoxIcon::Question,
-       .title = "Save",
-       .buttons = BoxButtons::OkCancel,
-       .careful = true});
-  return answer == BoxAnswer::Ok;
+  if (!known_) return true;
+  try {
+    if (p_.files.Read(p_.state.FileName) == known_) return true;
+  } catch (const RuntimeError& error) {
+    if (error.Number() == FileStore::kNoFile || error.Number() == FileStore::kNoFolder) return true;
+    return AskToReplace("This file cannot be read any more, and another program may have changed it");
+  }
+  return AskToReplace("Another program has changed this file since it was opened or saved here");
 }
 
 void ConfigFiles::Saved(const std::string& name) {
@@ -115,11 +98,11 @@ void ConfigFiles::Saved(const std::string& name) {
   if (name == unread_) unread_.clear();
   p_.state.FileName = name;
   p_.state.Modified = false;
-  p_.state.Happened.Tell("Saved " + NameOf(name));
+  p_.state.Happened.Tell("Saved " + FileNameOf(name));
 }
 
 void ConfigFiles::NotSaved(const std::string& name, const std::string& error) {
-  p_.state.Happened.Tell("Not saved: " + NameOf(name));
+  p_.state.Happened.Tell("Not saved: " + FileNameOf(name));
   p_.desk.Ask({.text = error});
 }
 
@@ -172,24 +155,29 @@ void ConfigFiles::OpenChosen(const std::string& name) {
   OpenFile(name);
 }
 
+std::string ConfigFiles::ChooseToRead() { return ChooseFile(FileDialog::Purpose::Open); }
+
+void ConfigFiles::TellNotOpened() { p_.desk.Ask({.text = "Error: could not open file."}); }
+
+void ConfigFiles::TellUnread(const RuntimeError& error) {
+  // Some errors are whole sentences.
+  std::string cause = error.what();
+  if (cause.ends_with('.')) cause.pop_back();
+  p_.desk.Ask({.text = "Error: couldn't read file.  " + cause + "."});
+}
+
 void ConfigFiles::OpenFile(const std::string& name) {
-  std::string content;
-  try {
-    content = p_.files.Read(name);
-  } catch (const RuntimeError&) {
-    p_.state.Happened.Tell("Could not open " + NameOf(name));
-    p_.desk.Ask({.text = "Error: could not open file."});
-    return;
+  const std::optional<std::string> content = ContentOf(name);
+  if (!content) {
+    p_.state.Happened.Tell("Could not open " + FileNameOf(name));
+    return TellNotOpened();
   }
   unread_.clear();
   try {
-    ReadData(content);
+    ReadData(*content);
   } catch (const RuntimeError& error) {
     unread_ = name;
-    // Some errors are whole sentences.
-    std::string cause = error.what();
-    if (cause.ends_with('.')) cause.pop_back();
-    p_.desk.Ask({.text = "Error: couldn't read file.  " + cause + "."});
+    TellUnread(error);
   }
   if (SettingsReplaced) SettingsReplaced();
   p_.state.Modified = false;
@@ -198,22 +186,21 @@ void ConfigFiles::OpenFile(const std::string& name) {
   p_.state.FileName = name;
   known_ = content;
   ++fileRevision_;
-  p_.state.Happened.Tell("Opened " + NameOf(name), name == unread_ ? ", only in part" : "");
+  p_.state.Happened.Tell("Opened " + FileNameOf(name), name == unread_ ? ", only in part" : "");
 }
 
 void ConfigFiles::ReadData(const std::string& content) {
-  const MotorRecord row =
-      ReadSettingsFile(content, p_.settings,
-                       {.SelectModel =
-                            [this](Integer index) {
-                              CheckRow(index, static_cast<int>(kDriveModels.size()), "drive model");
-                              p_.state.ModelIndex = index;
-                            },
-                        .SelectPort =
-                            [this](Integer index) {
-                              CheckRow(index, kPortCount, "serial port");
-                              if (SelectPort) SelectPort(index);
-                            }});
+  const MotorRecord row = ReadSettingsFile(
+      content, p_.settings,
+      InTheirLists({.SelectModel =
+                        [this](Integer index) {
+                          p_.state.ModelIndex = index;
+                          p_.state.Drive.ListMoved(false);  // also where it stood there already
+                        },
+                    .SelectPort =
+                        [this](Integer index) {
+                          if (SelectPort) SelectPort(index);
+                        }}));
   if (AddMotorIfMissing) AddMotorIfMissing(row);
   ShowModeName(p_.state, p_.settings);
   if (SummarizeAll) SummarizeAll();

@@ -10,6 +10,7 @@
 #include "motor/motor_table.h"
 #include "platform/desktop.h"
 #include "platform/file_store.h"
+#include "platform/runtime_error.h"
 
 namespace kavr6 {
 
@@ -51,13 +52,21 @@ class ConfigFiles {
   /// The same with a file that the user has chosen already.
   void OpenChosen(const std::string& name);
   /// Saves under the name in use, or as MenuSaveAs without one. A failure is told in a box; the file in place
-  /// is then as it was. A file that could not be read to its end, or that another program has changed since,
-  /// is not written over without a question.
+  /// is then as it was. A file that could not be read to its end, that another program has changed since, or
+  /// that cannot be read any more, is not written over without a question.
   void MenuSave();
   void MenuSaveAs();
   /// Saves a copy under a name of the user's choice when the program is about to end with an error: neither
   /// FileName nor Modified change. A failure is told in a box, and another name can be chosen.
   void RescueSettings();
+
+  /// For looking at a file without opening it. The user's choice; empty when he gives up.
+  std::string ChooseToRead();
+  /// Nothing where it cannot be read.
+  std::optional<std::string> ContentOf(const std::string& name) const;
+  /// Tell in a box that it cannot be read, or why not to its end.
+  void TellNotOpened();
+  void TellUnread(const RuntimeError& error);
 
   /// Grows whenever a file has been read or written here.
   int FileRevision() const { return fileRevision_; }
@@ -76,7 +85,7 @@ class ConfigFiles {
   bool MayReplaceChanges();
   void OpenFile(const std::string& name);
   bool MayReplaceForeign();
-  std::optional<std::string> FileNow() const;
+  bool AskToReplace(const std::string& why);
   void Saved(const std::string& name);
   void NotSaved(const std::string& name, const std::string& error);
   /// Empty when the user gives up. The next dialog begins where this one ended.

@@ -1,7 +1,11 @@
 #include "config_file/settings_file.h"
 
+#include <algorithm>
+
 #include "config_file/cnf_layout.h"
 #include "config_file/cnf_text.h"
+#include "core/drive_models.h"
+#include "core/drive_state.h"
 #include "core/numbers.h"
 #include "platform/runtime_error.h"
 
@@ -85,6 +89,30 @@ VersionTriple ParseVersion(std::string_view text) {
   // The minor number takes in the second point and some digits of the build: "1.9.95" has the minor number
   // 9.9, thus 10. Files in use are read so; nothing asks more than whether it is above 0.
   return {whole(0, first), whole(first + 1, second), whole(second + 1)};
+}
+
+FileReadActions InTheirLists(const FileReadActions& actions) {
+  const auto checked = [](Integer row, std::size_t count, const std::string& what) {
+    if (row < -1 || row >= static_cast<Integer>(count))
+      throw RuntimeError(380, "there is no " + what + " with the index " + std::to_string(row));
+    return row;
+  };
+  return {.SelectModel =
+              [=](Integer row) { actions.SelectModel(checked(row, kDriveModels.size(), "drive model")); },
+          .SelectPort = [=](Integer row) { actions.SelectPort(checked(row, kPortCount, "serial port")); }};
+}
+
+VersionTriple VersionOfFile(std::string_view content) {
+  CnfReader reader(content);
+  return ReadVersion(reader);
+}
+
+bool FileHolds(const VersionTriple& version, const SettingsField& field) {
+  for (const CnfBlock& block : CnfLayout())
+    for (const CnfLine& line : block.lines)
+      if (std::ranges::find(line.fields, field) != line.fields.end())
+        return HasLine(version, line.since) || line.ifAbsent != nullptr;
+  return false;
 }
 
 std::string WriteSettingsFile(const FileHead& head, const Settings& settings, const MotorRecord& row) {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/settings.h"
+#include "core/settings_fields.h"
 
 namespace kavr6 {
 
@@ -19,6 +19,11 @@ struct VersionTriple {
 
 /// The version on a file's first line. RuntimeError when a part of it is no number.
 VersionTriple ParseVersion(std::string_view text);
+
+/// The same, of a whole file.
+VersionTriple VersionOfFile(std::string_view content);
+/// Whether files of that version say what the field is. Of the motor block that goes for both motors.
+bool FileHolds(const VersionTriple& version, const SettingsField& field);
 
 /// What a file holds beside the settings.
 struct FileHead {
@@ -37,6 +42,9 @@ struct FileReadActions {
   std::function<void(Integer row)> SelectModel;
   std::function<void(Integer row)> SelectPort;
 };
+
+/// The same, told of no row but -1 and those that the lists have.
+FileReadActions InTheirLists(const FileReadActions& actions);
 
 /// Reads a file into `settings`, value by value, and returns the catalogue motor that the file brings. A
 /// value that is missing, of the wrong form or out of range is a RuntimeError whose text names the line: all

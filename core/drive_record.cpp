@@ -36,6 +36,7 @@ void DriveRecord::Move(Presence presence) {
 
 bool DriveRecord::Speaks() {
   if (port_ == 0) return false;  // bytes that were left when the line went
+  ++words_;
   const int now = news_.Minute();
   if (presence_ == Presence::Answers && heardAt_ == now) return false;
   Move(Presence::Answers);
@@ -76,6 +77,8 @@ void DriveRecord::Identified(float revision, int model) {
   const bool another = Known() && (revision != revision_ || (model != model_ && model_ != 0));
   TakeIdentity(revision, model);
   sure_ = true;
+  doubt_ = false;
+  textPort_ = 0;
   Speaks();
   if (another) Another();
   Changed.Raise();
@@ -89,11 +92,22 @@ void DriveRecord::LetterIs(const std::string& letter) {
   Changed.Raise();
 }
 
+void DriveRecord::LetterUntold() {
+  if (letter_.empty()) return;
+  // Perhaps it is another one, whose firmware has none.
+  letter_.clear();
+  DropImage();
+  Changed.Raise();
+}
+
 void DriveRecord::Restarted(float revision, int model) {
+  if (doubt_ && ModelIndex(model) < 0) return Heard();
   TakeIdentity(revision, model);
   // It may be another one of the same kind, whose letter nobody has asked yet.
   letter_.clear();
   sure_ = true;
+  doubt_ = false;
+  if (!inSession_) textPort_ = 0;
   Speaks();
   Upset();
   news_.Tell(Model() + " started");
@@ -146,10 +160,13 @@ void DriveRecord::NoAnswer() {
   const bool held = held_.has_value();
   DropImage();
   sure_ = false;
+  doubt_ = true;
   const bool news = presence_ != Presence::Silent;
   if (news) {
     Move(Presence::Silent);
-    news_.Tell("No answer from the drive");
+    news_.Tell(
+        "No answer from the drive",
+        LeftInText() ? ": it may still speak its text language; open and close the Status Monitor" : "");
   }
   if (held || news) Changed.Raise();
 }
@@ -158,17 +175,21 @@ void DriveRecord::PortOpened(int port) {
   port_ = port;
   DropImage();
   sure_ = false;
+  doubt_ = false;
   if (heardOn_ == 0) {
     Move(Presence::NeverHeard);
   } else if (port != heardOn_) {
     Move(Presence::AnotherPort);
     alarm_.reset();
   }
-  news_.Tell(NameOfPort(port) + (std::exchange(lostPort_, 0) == port ? " is back" : " opened"));
+  const bool back = std::exchange(lostPort_, 0) == port;
+  // A port that is closed only to be opened once more has been open all the time.
+  if (std::exchange(closedPort_, 0) != port) news_.Tell(NameOfPort(port) + (back ? " is back" : " opened"));
   Changed.Raise();
 }
 
 void DriveRecord::PortClosed(bool lost) {
+  closedPort_ = lost ? 0 : port_;
   if (port_ == 0) return;
   DropImage();
   alarm_.reset();
@@ -179,6 +200,16 @@ void DriveRecord::PortClosed(bool lost) {
   }
   port_ = 0;
   Changed.Raise();
+}
+
+void DriveRecord::TextSessionBegins() {
+  inSession_ = true;
+  if (port_ != 0) textPort_ = port_;
+}
+
+void DriveRecord::TextSessionEnds() {
+  inSession_ = false;
+  if (port_ != 0) textPort_ = 0;
 }
 
 void DriveRecord::ForgetImage() {

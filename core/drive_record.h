@@ -40,6 +40,8 @@ class DriveRecord {
   void Identified(float revision, int model);
   /// The letter of the revision, which belongs to the identity.
   void LetterIs(const std::string& letter);
+  /// Asked for its letter it has not told one.
+  void LetterUntold();
   void Restarted(float revision, int model);
   /// The word of an alarm that stands; 0 ends it.
   void Alarm(int word);
@@ -54,6 +56,12 @@ class DriveRecord {
   // What others know.
   /// A question on the open line has had no answer in time.
   void NoAnswer();
+  /// An answer has not come whole: what comes next may be left of it and look like anything.
+  void Doubt() { doubt_ = true; }
+  /// The drive is told to speak its text language, and to leave it. Where the line is closed it hears
+  /// nothing.
+  void TextSessionBegins();
+  void TextSessionEnds();
   void PortOpened(int port);
   /// `lost`: by itself, and not because somebody wanted another port.
   void PortClosed(bool lost);
@@ -69,11 +77,18 @@ class DriveRecord {
   bool Known() const { return revision_ != 0; }
   /// The one that is heard has told so itself: since its line has opened, and since the last silence.
   bool Sure() const { return sure_; }
+  /// What looks like an identity now need not be one.
+  bool Doubtful() const { return doubt_; }
+  /// A session in the text language has ended and the drive on this port cannot have heard of it: it does not
+  /// know the other commands.
+  bool LeftInText() const { return !inSession_ && textPort_ != 0 && textPort_ == port_; }
   int ModelCode() const { return model_; }
   /// "KAVR6-Bx", or what else there is to say.
   std::string Model() const;
   /// "1.52 k"
   std::string Firmware() const;
+  /// Grows with every word of the drive.
+  int Words() const { return words_; }
   /// Minutes of the day: of the last word of the drive, of the alarm, and since when the state holds.
   int HeardAt() const { return heardAt_; }
   int AlarmAt() const { return alarmAt_; }
@@ -107,11 +122,16 @@ class DriveRecord {
   int model_ = 0;
   std::string letter_;
   bool sure_ = false;
+  bool doubt_ = false;
+  int words_ = 0;
   std::optional<int> alarm_;  // 0: without a word for it
   bool listSetByDrive_ = false;
   int port_ = 0;  // 0: none is open
   int heardOn_ = 0;
   int lostPort_ = 0;
+  int closedPort_ = 0;  // on purpose, to open one at once
+  int textPort_ = 0;    // on which a drive was told to speak its text language
+  bool inSession_ = false;
   std::optional<Image> held_;
   int heldRevision_ = 0;
   int upsets_ = 0;

@@ -14,27 +14,27 @@ namespace kavr6 {
 inline constexpr int kPortCount = 8;
 
 /// The values that all parts of the program share. One instance is one program. The watched ones are those
-/// that a window shows: the main screen follows them, and the parts below it need not know of any window.
+/// that the main screen follows, so that the parts below it need not know of any window.
 struct DriveState {
   Watched<int> CommNumber;     ///< port in use as the list knows it, 1 to 8
   Watched<int> CommIndex{-1};  ///< selected row of the port list
   int StartPort = 0;           ///< port that the start has reached, 0 for none
 
-  Watched<float> DspRev;              ///< firmware revision of the drive, 0 before one has answered
+  float DspRev = 0;                   ///< firmware revision of the drive, 0 before one has answered
   std::string MinorRev;               ///< its letter, empty when unknown
-  Watched<int> DriveModelCode;        ///< model byte of the drive
+  int DriveModelCode = 0;             ///< model byte of the drive
   Watched<std::string> DriveVersion;  ///< revision and letter as they are shown
   Watched<int> ModelIndex{-1};        ///< selected row of the model list: the drive model index, -1 for none
 
   std::string GlobalBuffer;     ///< reply text of the drive: received bytes below 128
   bool LiveToolActive = false;  ///< a live tool has the serial stream
-  bool AlarmPopupOff = false;   ///< alarm messages are dropped
+  bool AlarmPopupOff = false;   ///< alarm messages open no window
   bool DriveHasFault = false;   ///< raised by messages, read by nothing
   bool CommandActive = false;   ///< raised around an exchange, read by nothing
   bool CommandPause = false;    ///< a pause before each exchange; nothing sets it
   Watched<int> Progress;        ///< of a transfer, 0 to 100 percent
 
-  Watched<bool> Modified;           ///< changed since the last save, open, upload or download
+  bool Modified = false;            ///< changed since the last save, open, upload or download
   bool InertiaSet = false;          ///< the load inertia has been confirmed
   bool MotorTouched = false;        ///< the motor dialog has been opened
   Watched<std::string> MotionDesc;  ///< name of the motion mode, "&&" for a shown ampersand

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 #include <string_view>
 
 #include "core/settings.h"
@@ -28,6 +29,11 @@ inline constexpr Long kFirstTach = 4;  ///< of MotionOutMode: from here on the o
 /// the first; the report has no line for it.
 inline constexpr std::array<int, 5> kTachPulses{100, 200, 400, 800, 1600};
 inline constexpr Long kLastTach = kFirstTach + Long{kTachPulses.size()} - 1;
+
+/// "Tach 200 ppr", of one of the tach modes.
+inline std::string TachText(Long mode) {
+  return "Tach " + std::to_string(kTachPulses.at(static_cast<std::size_t>(mode - kFirstTach))) + " ppr";
+}
 
 /// The words for limit inputs at the end of travel, as they are offered: for the modes from 1 to kNotUsed.
 inline constexpr auto kLimitWords = std::to_array<std::string_view>({"closed", "open", "not used"});

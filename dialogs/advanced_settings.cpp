@@ -57,7 +57,7 @@ void AdvancedSettings::MeasureOffset() {
     txtCmdOffset.SetText(NumberText(ImageReader(reply).SignedStr2Num16() / 2.0));
     state_.Modified = true;
   } else {
-    TellNoAnswer(line_);
+    hold.TellNoAnswer();
     Desk().Ask({.text = kDriveNotResponding});
   }
 }

@@ -76,6 +76,7 @@ struct Scene : LinkScene<BadDrive> {
       Delay(*this, 1.0);
       if (!comm.PortOpen()) comm.SetPortOpen(true);
     }
+    comm.rest = {};  // no order comes any more: the last one would meet the drive that is well
     Delay(*this, 6.0);
   }
 };

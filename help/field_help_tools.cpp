@@ -23,10 +23,19 @@ constexpr FieldMeaning kHelpScreen[] = {
     {"btnBack", "The page before."},
 };
 
+constexpr FieldMeaning kCompare[] = {
+    {"chkShowEqual", "Show the settings that are the same too, and those that are not stored there."},
+    {"Copy", "Copy the table, to be pasted into another program."},
+    {"TakeFromDrive", "Upload: the settings of the drive replace those on the screen."},
+    {"TakeFromFile", "Open the file: its settings replace those on the screen."},
+    {"Download", "Download: the settings on the screen replace those of the drive."},
+};
+
 constexpr std::array kWindows{
     WindowMeanings{"Calculator", kCalculator},
     WindowMeanings{"Harmonizer", kWizard},
     WindowMeanings{"HelpScreen", kHelpScreen},
+    WindowMeanings{"CompareWindow", kCompare},
 };
 
 }  // namespace

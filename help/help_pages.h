@@ -57,6 +57,7 @@ struct HelpKeyPage {
 inline constexpr std::array kHelpKeyPages{
     HelpKeyPage{"MotionMenu", "motion.html"},
     HelpKeyPage{"EventList", "summary.html#bottom"},
+    HelpKeyPage{"CompareWindow", "compare.html"},
     HelpKeyPage{"Harmonizer", "smoothing.html"},
     HelpKeyPage{"ExecStatus", "status_monitor.html"},
     HelpKeyPage{"AlarmHistory", "alarms.html"},

@@ -110,6 +110,7 @@ TransferEnd Transfers::DataDownload() {
     State().Drive.Holds(image);
   } else {
     State().Drive.ForgetImage();
+    State().Drive.Doubt();
   }
   return end;
 }
@@ -124,7 +125,7 @@ void Transfers::SendImage(const ParameterImage& image, const LineHold& hold) {
 
 TransferEnd Transfers::ReadAnswer(const LineHold& hold) {
   if (p_.line.comm.InBufferCount() == 0) {
-    if (!hold.Broken()) TellNoAnswer(p_.line);
+    hold.TellNoAnswer();
     Ask({.text = "The download did not work.  Is it connected to the right port and turned on?",
          .icon = BoxIcon::Question});
     return TransferEnd::NoReply;
@@ -173,6 +174,25 @@ TransferEnd Transfers::DataUpload() {
   State().CommandActive = true;
   PauseBeforeCommand(p_.line);
   LineHold hold(p_.line, 0);
+  Bytes image;
+  if (const TransferEnd end = Fetch(hold, image); end != TransferEnd::Done) return end;
+  ExtractUploadData(image);
+  State().Drive.Holds(image);
+  hold.Release();
+  if (SummarizeAll) SummarizeAll();
+  if (SettingsReplaced) SettingsReplaced();
+  State().Modified = false;
+  return TransferEnd::Done;
+}
+
+TransferEnd Transfers::ReadImage(Bytes& image) {
+  LineHold hold(p_.line, 0);
+  const TransferEnd end = Fetch(hold, image);
+  if (end == TransferEnd::Done) State().Drive.Holds(image);
+  return end;
+}
+
+TransferEnd Transfers::Fetch(LineHold& hold, Bytes& image) {
   ShowProgress(0);
   p_.line.comm.Output(kUpload);
   int count = 0;
@@ -180,10 +200,11 @@ TransferEnd Transfers::DataUpload() {
     count = waiting;
     ShowProgress(waiting * 100.0 / kImageSize);
   });
-  if (inTime) return TakeUpload(hold);
+  if (inTime) return TakeImage(hold, image);
   // What has come may have been the word of a drive that starts.
   State().Drive.ForgetImage();
-  if (count == 0 && !hold.Broken()) TellNoAnswer(p_.line);
+  State().Drive.Doubt();
+  if (count == 0) hold.TellNoAnswer();
   Ask({.text = "We are having trouble uploading tuning data from the drive. Is it connected to the "
                "right port and turned on?  If you are using your PC for anything processor intensive, "
                "such as opening a large file in another application, this can interfere with drive "
@@ -194,21 +215,14 @@ TransferEnd Transfers::DataUpload() {
   return TransferEnd::NoReply;
 }
 
-TransferEnd Transfers::TakeUpload(LineHold& hold) {
-  const Bytes buffer = hold.Read();
+TransferEnd Transfers::TakeImage(LineHold& hold, Bytes& image) {
+  image = hold.Read();
   State().Drive.Heard();
-  if (!ChecksumHolds(buffer)) {
-    State().Drive.ForgetImage();
-    Ask(ChecksumBox("Your program did not upload"));
-    return TransferEnd::BadSum;
-  }
-  ExtractUploadData(buffer);
-  State().Drive.Holds(buffer);
-  hold.Release();
-  if (SummarizeAll) SummarizeAll();
-  if (SettingsReplaced) SettingsReplaced();
-  State().Modified = false;
-  return TransferEnd::Done;
+  if (ChecksumHolds(image)) return TransferEnd::Done;
+  State().Drive.ForgetImage();
+  State().Drive.Doubt();
+  Ask(ChecksumBox("Your program did not upload"));
+  return TransferEnd::BadSum;
 }
 
 void Transfers::ExtractUploadData(std::span<const Byte> buffer) {

@@ -55,6 +55,9 @@ class Transfers {
   /// The two exchanges themselves.
   TransferEnd DataDownload();
   TransferEnd DataUpload();
+  /// Reads the image of the drive and changes nothing. Done: it has come whole, with the right sum; else a
+  /// box has told what went wrong.
+  TransferEnd ReadImage(Bytes& image);
   /// Replaces the settings by an image whose sum has been tested. RuntimeError as DecodeImage.
   void ExtractUploadData(std::span<const Byte> buffer);
 
@@ -65,7 +68,8 @@ class Transfers {
   TransferEnd CheckDriveAndLimits();
   void SendImage(const ParameterImage& image, const LineHold& hold);
   TransferEnd ReadAnswer(const LineHold& hold);
-  TransferEnd TakeUpload(LineHold& hold);
+  TransferEnd Fetch(LineHold& hold, Bytes& image);
+  TransferEnd TakeImage(LineHold& hold, Bytes& image);
   BoxAnswer Ask(const MessageBox& box) { return p_.line.boxes.Ask(box); }
   DriveState& State() { return p_.line.state; }
   void ShowProgress(double percent);

@@ -33,7 +33,7 @@ std::optional<std::string> ErrorOf(const std::function<void()>& statement) {
 
 CommPorts::CommPorts(const DriveLine& line) : line_(line), state_(line.state) {
   line_.comm.Lost.Set([this] {
-    inUse_ = true;
+    inUse_ = gone_ = true;
     AwaitDevice();
   });
 }
@@ -86,6 +86,7 @@ bool CommPorts::OpenPort(int port) {
   line_.comm.SetSettings(kLineSettings);
   const bool opened = !ErrorOf([&] { line_.comm.SetPortOpen(true); });
   inUse_ = inUse_ || opened;
+  if (opened) gone_ = false;
   return chosen && opened;
 }
 
@@ -107,7 +108,7 @@ void CommPorts::ChangePort(int port) {
   if (closed && opened) return;
   TellUnavailable();
   state_.CommNumber = old;
-  if (!OpenPort(old)) AwaitDevice();  // without a word: the port stays closed
+  if (!OpenPort(old)) AwaitDevice();  // without a word: it stays closed as long as its device stands there
   Select(old - 1);
 }
 
@@ -151,11 +152,15 @@ void CommPorts::TryAnew() {
   refusedAt_.reset();
   refusals_ = 0;
   Reopen();
+  if (!line_.comm.PortOpen()) StillClosed.Raise();
 }
 
 void CommPorts::Reopen() {
   line_.pump.Cancel(attempt_);
-  if (line_.comm.PortOpen() || !line_.comm.DeviceBack(state_.CommNumber)) return;
+  if (line_.comm.PortOpen()) return;
+  const bool back = line_.comm.DeviceBack(state_.CommNumber);
+  gone_ = gone_ || !back;
+  if (!back || !gone_) return;
   if (OpenPort(state_.CommNumber)) {
     openedWithoutNews_ = std::exchange(newsHeard_, false) ? -1 : line_.pump.Now();
     return;

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "link/drive_line.h"
+#include "platform/event.h"
 
 namespace kavr6 {
 
@@ -23,10 +24,14 @@ class CommPorts {
   CommPorts& operator=(const CommPorts&) = delete;
   ~CommPorts();
 
+  /// A port whose device is awaited is still closed behind news of devices.
+  Event<> StillClosed;
+
   /// Opens the first port that works, with a box for each that does not; StartPort is 0 when none did.
   void StartComm();
   /// The row of the port list that is selected now, -1 for none: a row other than that of the port in use
-  /// changes the port. When the new one does not open, that is told and the old one taken back.
+  /// changes the port. When the new one does not open, that is told and the old one taken back; where that
+  /// fails too, it stays closed until its device has gone and come back.
   void Select(int row);
   /// The selected row has been chosen once more: the port in use is opened where it is closed. A port that
   /// does not open is told. After a start that has found no port there is none in use, and nothing happens.
@@ -45,6 +50,7 @@ class CommPorts {
   DriveLine line_;
   DriveState& state_;
   bool inUse_ = false;  // a port has been open
+  bool gone_ = false;   // the device of the port in use has gone since
   std::unique_ptr<DeviceWatch> watch_;
   Scheduler::TaskId attempt_ = 0;
   std::size_t refusals_ = 0;  // since there was news

@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::size_t kIdentitySize = 2;
 constexpr std::size_t kHexSize = 4;
+constexpr std::string_view kHexDigits = "0123456789ABCDEFabcdef";
 /// The first look, when the program starts, may be at a drive that is starting too.
 constexpr double kFirstLookLimit = 1.0;
 
@@ -42,26 +43,32 @@ bool DriveIdentity::AwaitReply(std::size_t length, double limit) {
   return line_.pump.PumpEventsUntil([&] { return state_.GlobalBuffer.size() >= length; }, limit);
 }
 
-std::string DriveIdentity::TakeIdentity() {
+std::string DriveIdentity::TakeIdentity(const Asked& asked) {
   std::string reply = state_.GlobalBuffer.substr(0, kIdentitySize);
   state_.GlobalBuffer.erase(0, kIdentitySize);
   state_.DspRev = RevisionOf(static_cast<unsigned char>(reply[0]));
   state_.DriveModelCode = static_cast<unsigned char>(reply[1]);
-  state_.Drive.Identified(state_.DspRev, state_.DriveModelCode);
+  sound_ = asked.Undisturbed();
+  if (sound_ && !state_.Drive.Doubtful()) {
+    state_.Drive.Identified(state_.DspRev, state_.DriveModelCode);
+  } else {
+    state_.Drive.Heard();
+  }
   return reply;
 }
 
 bool DriveIdentity::DriveStillThere() {
   state_.CommandActive = true;
+  const Asked asked(line_);
   line_.comm.Output(kIdentify);
   bool known = false;
   if (AwaitReply(kIdentitySize, kFirstLookLimit)) {
-    TakeIdentity();
+    TakeIdentity(asked);
     known = std::any_of(kEarlierFamilies.begin(), kEarlierFamilies.end(), [this](const CodeRange& codes) {
       return state_.DriveModelCode >= codes.first && state_.DriveModelCode <= codes.last;
     });
   } else {
-    TellNoAnswer(line_);
+    asked.TellNoAnswer();
   }
   state_.CommandActive = false;
   return known;
@@ -71,11 +78,12 @@ std::string DriveIdentity::AskIdentity(const std::string& boxTitle) {
   state_.CommandActive = true;
   PauseBeforeCommand(line_);
   state_.GlobalBuffer.clear();
+  const Asked asked(line_);
   line_.comm.Output(kIdentify);
   const bool answered = AwaitReply(kIdentitySize, ReplyLimit(kIdentify));
   state_.CommandActive = false;
-  if (answered) return TakeIdentity();
-  TellNoAnswer(line_);
+  if (answered) return TakeIdentity(asked);
+  asked.TellNoAnswer();
   line_.boxes.Ask({.text = kDriveNotResponding, .icon = BoxIcon::Question, .title = boxTitle});
   return {};
 }
@@ -99,22 +107,31 @@ std::string DriveIdentity::SilentCheckDrive() {
 }
 
 std::string DriveIdentity::GetMinorRev() {
+  const Asked asked(line_);
   AskWord(line_.comm, kSubRevision);
-  if (!AwaitReply(kHexSize, ReplyLimit(kReadWord, kSubRevision))) {
-    state_.GlobalBuffer.clear();
-    return {};
-  }
-  const unsigned code = HexValue(state_.GlobalBuffer.substr(2, 2));
-  state_.MinorRev = CharacterOf(static_cast<std::uint8_t>(code));
-  state_.Drive.LetterIs(state_.MinorRev);
-  state_.GlobalBuffer.erase(0, kHexSize);
-  return " " + state_.MinorRev;
+  const bool come = AwaitReply(kHexSize, ReplyLimit(kReadWord, kSubRevision));
+  const std::string& reply = state_.GlobalBuffer;
+  // Something else that comes, or comes behind it, shows that those were no answers.
+  const bool whole = reply.size() == (come ? kHexSize : 0) &&
+                     reply.find_first_not_of(kHexDigits) == std::string::npos && asked.Undisturbed();
+  if (come)
+    state_.MinorRev = CharacterOf(static_cast<std::uint8_t>(HexValue(std::string_view(reply).substr(2, 2))));
+  if (sound_ && whole) TellLetter(come);
+  state_.GlobalBuffer.erase(0, come ? kHexSize : std::string::npos);
+  return come ? " " + state_.MinorRev : "";
+}
+
+// What has been in doubt is the drive's identity by now.
+void DriveIdentity::TellLetter(bool told) {
+  state_.Drive.Identified(state_.DspRev, state_.DriveModelCode);
+  told ? state_.Drive.LetterIs(state_.MinorRev) : state_.Drive.LetterUntold();
 }
 
 Long DriveIdentity::GetServoStatus() {
   if (NoCommPort(line_.comm)) return 0;
   state_.CommandActive = true;
   state_.GlobalBuffer.clear();
+  const Asked asked(line_);
   AskWord(line_.comm, kStatusWord);
   Long status = -1;
   if (AwaitReply(kHexSize, ReplyLimit(kReadWord, kStatusWord))) {
@@ -122,7 +139,7 @@ Long DriveIdentity::GetServoStatus() {
     state_.GlobalBuffer.clear();
     state_.Drive.Heard();
   } else {
-    TellNoAnswer(line_);
+    asked.TellNoAnswer();
   }
   state_.CommandActive = false;
   return status;

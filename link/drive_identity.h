@@ -31,10 +31,12 @@ class DriveIdentity {
  private:
   bool AwaitReply(std::size_t length, double limit);
   std::string AskIdentity(const std::string& boxTitle);
-  std::string TakeIdentity();
+  std::string TakeIdentity(const Asked& asked);
+  void TellLetter(bool told);
 
   DriveLine line_;
   DriveState& state_;
+  bool sound_ = false;  // revision and model are what was answered last
 };
 
 }  // namespace kavr6

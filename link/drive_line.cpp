@@ -21,7 +21,18 @@ void PauseBeforeCommand(const DriveLine& line) {
   if (line.state.CommandPause) Delay(line.pump, kCommandPause);
 }
 
-LineHold::LineHold(const DriveLine& line, int threshold) : line_(line), openings_(line.comm.Openings()) {
+bool Asked::Undisturbed() const {
+  return line_.comm.PortOpen() && line_.comm.Openings() == openings_ && line_.comm.RThreshold() == 1 &&
+         !line_.state.LiveToolActive;
+}
+
+void Asked::TellNoAnswer() const {
+  DriveRecord& drive = line_.state.Drive;
+  Undisturbed() && drive.Words() == words_ ? drive.NoAnswer() : drive.Doubt();
+}
+
+LineHold::LineHold(const DriveLine& line, int threshold)
+    : line_(line), openings_(line.comm.Openings()), words_(line.state.Drive.Words()) {
   line_.state.CommandActive = true;
   line_.comm.SetRThreshold(threshold);
   line_.comm.Input();
@@ -35,6 +46,11 @@ void LineHold::Release() {
 LineHold::~LineHold() {
   Release();
   line_.state.CommandActive = false;
+}
+
+void LineHold::TellNoAnswer() const {
+  const bool couldCome = line_.comm.PortOpen() && !Broken() && !line_.state.LiveToolActive;
+  if (couldCome && line_.state.Drive.Words() == words_) line_.state.Drive.NoAnswer();
 }
 
 bool LineHold::Await(int count, double limit, const std::function<void(int)>& onNews) {

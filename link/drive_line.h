@@ -21,11 +21,24 @@ struct DriveLine {
 
 inline bool NoCommPort(const MSComm& comm) { return !comm.PortOpen(); }
 
-/// A question has had no answer in time. With the port closed, or while a live tool takes what comes, that
-/// says nothing about the drive.
-inline void TellNoAnswer(const DriveLine& line) {
-  if (line.comm.PortOpen() && !line.state.LiveToolActive) line.state.Drive.NoAnswer();
-}
+/// A question on the line, from just before it is written until its answer has come in GlobalBuffer or is
+/// given up.
+class Asked {
+ public:
+  explicit Asked(const DriveLine& line)
+      : line_(line), openings_(line.comm.Openings()), words_(line.state.Drive.Words()) {}
+  /// What comes can be the answer: the port is open and has not been opened anew since, and neither a block
+  /// transfer nor a live tool takes it.
+  bool Undisturbed() const;
+  /// No answer has come in time. The drive is silent then, unless the answer could not have come, or the
+  /// drive has said something else.
+  void TellNoAnswer() const;
+
+ private:
+  const DriveLine& line_;
+  int openings_;
+  int words_;
+};
 
 /// Send one or two bytes in one write. With the port closed they do nothing.
 void WriteByte(MSComm& comm, std::uint8_t byte);
@@ -52,12 +65,15 @@ class LineHold {
   /// The port has been opened anew since the hold began. What is left of a block that was under way means
   /// something else to whoever listens now, and what comes from there is no answer to it.
   bool Broken() const { return line_.comm.Openings() != openings_; }
+  /// As Asked, for what the owner has asked for.
+  void TellNoAnswer() const;
   /// Takes all that waits.
   Bytes Read() { return line_.comm.Input(); }
 
  private:
   DriveLine line_;
   int openings_;
+  int words_;
 };
 
 }  // namespace kavr6

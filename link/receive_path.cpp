@@ -122,9 +122,8 @@ void ReceivePath::ScanForPacket() {
 void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b3) {
   switch (static_cast<MessageHeader>(header)) {
     case MessageHeader::Alarm:
-      if (state_.AlarmPopupOff) return;
       state_.Drive.Alarm(b2 * 128 + b3);
-      if (ServoError152) ServoError152(b2 * 128 + b3);
+      if (ServoError152 && !state_.AlarmPopupOff) ServoError152(b2 * 128 + b3);
       return;
     case MessageHeader::IgnoredF4:
     case MessageHeader::IgnoredF7:
@@ -138,8 +137,7 @@ void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b
     case MessageHeader::Revision:
       state_.DspRev = RevisionOf(b2);
       state_.MinorRev = CharacterOf(b3);
-      state_.Drive.Identified(state_.DspRev, state_.Drive.ModelCode());
-      state_.Drive.LetterIs(state_.MinorRev);
+      RevisionTold();
       state_.DriveVersion = ShownRevision(state_.DspRev, state_.MinorRev);
       return;
     case MessageHeader::DspReflash:
@@ -155,6 +153,12 @@ void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b
       return;
   }
   ring_.RingClear();
+}
+
+void ReceivePath::RevisionTold() {
+  if (state_.Drive.Doubtful()) return state_.Drive.Heard();
+  state_.Drive.Identified(state_.DspRev, state_.Drive.ModelCode());
+  state_.Drive.LetterIs(state_.MinorRev);
 }
 
 void ReceivePath::PowerUp(int revision, int model) {

@@ -43,6 +43,7 @@ class ReceivePath {
   void ScanRing();
   void ScanForHeader();
   void ScanForPacket();
+  void RevisionTold();
   void PowerUp(int revision, int model);
 
   DriveLine line_;

@@ -22,7 +22,4 @@ struct FileDialogState {
   int Flags = 0;             ///< of the question for a printer, see print_job.h
 };
 
-/// The folder that a file is in; full paths in UTF-8.
-std::string FolderOf(const std::string& name);
-
 }  // namespace kavr6

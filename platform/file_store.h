@@ -13,6 +13,9 @@ class FileStore {
  public:
   /// A file is read up to this many bytes; no file of the program's comes near it.
   static constexpr std::size_t kMostBytes = std::size_t{16} * 1024 * 1024;
+  /// Numbers of the errors of Read where there is no such file, or not even its folder.
+  static constexpr int kNoFile = 53;
+  static constexpr int kNoFolder = 76;
 
   virtual ~FileStore() = default;
   virtual std::string Read(const std::string& name) const = 0;

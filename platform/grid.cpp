@@ -13,6 +13,16 @@ Grid::Grid(Form& form, std::string name, int rows, int columns)
   for (Row& row : content_) row.cells.resize(static_cast<std::size_t>(columns));
 }
 
+void Grid::SetRows(std::vector<std::vector<Cell>> rows) {
+  std::vector<Row> content;
+  for (std::vector<Cell>& cells : rows) {
+    cells.resize(static_cast<std::size_t>(columns_));
+    content.push_back({.cells = std::move(cells)});
+  }
+  rows_ = static_cast<int>(content.size());
+  Assign(content_, content);
+}
+
 const Grid::Row& Grid::RowAt(int row) const {
   if (row < 0 || row >= rows_) RaiseSubscript();
   return content_[static_cast<std::size_t>(row)];
@@ -40,6 +50,8 @@ const Grid::Column& Grid::ColumnAt(int column) const {
 
 void Grid::SetMergeColumn(int column, bool merged) { Assign(ColumnAt(column).merged, merged); }
 void Grid::SetColumnWidth(int column, int width) { Assign(ColumnAt(column).width, width); }
+
+void Grid::SetTitle(int column, const std::string& title) { Assign(ColumnAt(column).title, title); }
 
 void Grid::DoubleClick(int row) {
   RowAt(row);

@@ -1,17 +1,15 @@
 #include "reports/printed_report.h"
 
-#include <filesystem>
+#include "platform/path_text.h"
 
 namespace kavr6 {
 namespace {
 
 constexpr int kFlags = kPrintNoSelection | kPrintNoPageRange | kPrintNoFile;
 
-std::string FileNameOf(const DriveState& state) {
-  const std::string& path = state.TitleName;
-  const std::u8string name =
-      std::filesystem::path(std::u8string(path.begin(), path.end())).filename().u8string();
-  return name.empty() ? "untitled" : std::string(name.begin(), name.end());
+std::string NameInHead(const DriveState& state) {
+  const std::string name = FileNameOf(state.TitleName.Get());
+  return name.empty() ? "untitled" : name;
 }
 
 }  // namespace
@@ -41,7 +39,7 @@ void PrintedReport::MenuPreview() {
 void PrintedReport::SetMargins() {
   const std::string remark = p_.source.state.Modified ? " (changed)" : "";
   TryToPrint([&] {
-    p_.job.SetMargins({.title = kReportTitle, .file = FileNameOf(p_.source.state), .remark = remark});
+    p_.job.SetMargins({.title = kReportTitle, .file = NameInHead(p_.source.state), .remark = remark});
   });
 }
 

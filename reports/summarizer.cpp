@@ -14,14 +14,11 @@ constexpr int kTallRowTwips = 480;
 constexpr int kDividerTwips = 100;
 constexpr int kColumnTwips = 1950;
 
-std::string TachText(Long mode) {
-  const Long row = mode > kLastTach ? 0 : mode - kFirstTach;
-  return "Tach " + std::to_string(kTachPulses[static_cast<std::size_t>(row)]) + " ppr";
-}
-
 std::string IoText(const IoFunction& function, Long mode) {
   if (mode == 1 || mode == 2) return std::string(function.shown[static_cast<std::size_t>(mode - 1)]);
-  return function.mode == &Settings::MotionOutMode && mode >= kFirstTach ? TachText(mode) : "not used";
+  return function.mode == &Settings::MotionOutMode && mode >= kFirstTach
+             ? TachText(mode > kLastTach ? kFirstTach : mode)
+             : "not used";
 }
 
 void TurnGreen(std::initializer_list<ConnectorLine*> lines) {

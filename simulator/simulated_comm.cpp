@@ -51,7 +51,7 @@ void SimulatedComm::HangUp() {
 }
 
 void SimulatedComm::Unplug() {
-  if (const auto port = ports_.find(openPort_); port != ports_.end()) port->second.there = false;
+  if (const auto port = ports_.find(CommPort()); port != ports_.end()) port->second.there = false;
   TellWatches(DeviceNews::Devices);
   HangUp();
 }
@@ -83,15 +83,18 @@ PortLook SimulatedComm::Look(int number) const {
   const auto port = ports_.find(number);
   if (port == ports_.end()) return {};
   const bool open = PortOpen() && number == openPort_;
-  return {DeviceName(number), !port->second.there    ? NotThere
-                              : open                 ? Open
-                              : port->second.refusal ? InUse
-                                                     : There};
+  const auto& refusal = port->second.refusal;
+  return {DeviceName(number), !port->second.there                                     ? NotThere
+                              : open                                                  ? Open
+                              : refusal && refusal->Number() == MSComm::kNoPermission ? NotAllowed
+                              : refusal                                               ? InUse
+                                                                                      : There};
 }
 
 bool SimulatedComm::DeviceBack(int number) const {
+  using enum PortLook::State;
   const PortLook::State state = Look(number).state;
-  return state == PortLook::State::There || state == PortLook::State::InUse;
+  return state == There || state == InUse || state == NotAllowed;
 }
 
 std::unique_ptr<DeviceWatch> SimulatedComm::WatchDevices(DeviceNews news, std::function<void()> told) {

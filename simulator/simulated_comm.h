@@ -38,7 +38,7 @@ class SimulatedComm : public MSComm {
   void ForgetWritten() { written_.clear(); }
   /// The adapter gathers what comes in for this long, in seconds, and hands it over in one piece.
   void SetLatency(double seconds) { latency_ = seconds; }
-  /// The adapter of the open port is pulled out of the machine: its port is no longer there.
+  /// The adapter of the port in use is pulled out of the machine: its port is no longer there.
   void Unplug();
   /// All adapters that have been pulled out are put back.
   void Plug();

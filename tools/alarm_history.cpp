@@ -21,7 +21,7 @@ std::optional<Bytes> GetAlarmHistory(const DriveLine& line) {
     line.state.Drive.Heard();
     return hold.Read();
   }
-  TellNoAnswer(line);
+  hold.TellNoAnswer();
   line.boxes.Ask({.text = "The drive is not responding to the \"a\" command.  Is it connected to the right "
                           "port and turned on?",
                   .icon = BoxIcon::Question,

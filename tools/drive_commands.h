@@ -6,8 +6,8 @@
 
 namespace kavr6 {
 
-/// Clears the drive's fault and tells what came of it. Alarm messages that come meanwhile are dropped. With
-/// the port closed it tells of a fault that has been cleared.
+/// Clears the drive's fault and tells what came of it. Alarm messages that come meanwhile open no window.
+/// With the port closed it tells of a fault that has been cleared.
 void MenuClearFault(const DriveLine& line, DriveIdentity& identity);
 
 /// Puts back the drive's factory values, after a question, and looks which drive answers then.

@@ -104,7 +104,7 @@ void ExecStatus::Activated() {
   const int turn = ++turn_;
   activating_ = true;
   Send("HR");
-  line_.state.LiveToolActive = true;
+  TakeLine();
   Send("IFD");
   const int model = GetModelNum();
   if (turn != turn_) return;
@@ -201,10 +201,9 @@ void ExecStatus::GiveBack() {
   Timer1.SetEnabled(false);
   RestoreOutSettings();
   Send(kQuitText);
-  line_.state.LiveToolActive = false;
+  LetGo();
   ReplyBuffer.clear();
   capture_.Forget();
-  NothingDue();
   HoldChart.SetValue(false);
   StripChart.Clear();
 }

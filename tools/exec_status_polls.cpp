@@ -49,10 +49,11 @@ void ExecStatus::Round() {
 bool ExecStatus::AwaitAnswer(const std::function<bool()>& come) {
   const int turn = turn_;
   const double asked = Desk().Now();
+  const int openings = line_.comm.Openings();
   const auto over = [&] { return turn != turn_ || come(); };
   const bool answered = line_.pump.PumpEventsUntil(over, kAnswerLimit);
   if (turn != turn_) return false;
-  if (!answered) AnswerDue(asked);
+  if (!answered && openings == line_.comm.Openings()) AnswerDue(asked);
   return answered;
 }
 

@@ -112,7 +112,7 @@ void Harmonizer::Begin() {
 
   const int visit = ++visit_;
   Send("HR");
-  line_.state.LiveToolActive = true;
+  TakeLine();
   Delay(line_.pump, kEntryPause);
   // A drive that has just started has its own pause first.
   line_.pump.PumpEventsUntil([&] { return visit != visit_ || !PowerUpPause.Enabled(); }, kForever);
@@ -189,11 +189,10 @@ void Harmonizer::GiveBack() {
   ++visit_;
   PowerUpPause.SetEnabled(false);
   PowerUpText.clear();  // the rest of an announcement goes elsewhere
-  NothingDue();
   Send("SJ");
   RestoreCM();
   Send(kQuitText);
-  line_.state.LiveToolActive = false;
+  LetGo();
 }
 
 void Harmonizer::SliderChange() {
@@ -232,7 +231,7 @@ void Harmonizer::AnswerPowerUp() {
 
 void Harmonizer::TakeUpAgain() {
   PowerUpPause.SetEnabled(false);
-  line_.comm.Input();
+  Hear(line_.comm.Input());
   ReadHGHP();
 }
 
@@ -260,10 +259,7 @@ std::optional<Long> Harmonizer::ReadNumber(std::string_view letters) {
   // read.
   line_.comm.WaitBlocking(std::numeric_limits<int>::max(), kReplyPause);
   const Bytes reply = line_.comm.Input();
-  if (!reply.empty()) {
-    NothingDue();
-    line_.state.Drive.Heard();
-  }
+  Hear(reply);
   return NumberIn({reinterpret_cast<const char*>(reply.data()), reply.size()});
 }
 

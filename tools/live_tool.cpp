@@ -20,9 +20,27 @@ LiveTool::LiveTool(const DriveLine& line, Desktop& desktop, std::string name)
 }
 
 void LiveTool::Take(std::uint8_t byte) {
+  Hear(std::span(&byte, 1));
+  ProcessChar(byte);
+}
+
+void LiveTool::Hear(std::span<const std::uint8_t> bytes) {
+  if (bytes.empty()) return;
   NothingDue();
   line_.state.Drive.Heard();
-  ProcessChar(byte);
+  for (const std::uint8_t byte : bytes) alarms_.Take(byte, line_.state.Drive);
+}
+
+void LiveTool::TakeLine() {
+  line_.state.LiveToolActive = true;
+  line_.state.Drive.TextSessionBegins();
+}
+
+void LiveTool::LetGo() {
+  line_.state.LiveToolActive = false;
+  line_.state.Drive.TextSessionEnds();
+  alarms_.Forget();
+  NothingDue();
 }
 
 void LiveTool::LeaveLine() {
@@ -37,8 +55,11 @@ void LiveTool::Change(std::string_view letters) {
 }
 
 void LiveTool::AnswerDue(double since) {
-  if (SilenceClock.Enabled()) return;
+  // What was asked before the port was opened anew will never be answered.
+  const bool lost = std::exchange(dueOpenings_, line_.comm.Openings()) != line_.comm.Openings();
+  if (SilenceClock.Enabled() && !lost) return;
   dueSince_ = since;
+  SilenceClock.SetEnabled(false);
   SilenceClock.SetEnabled(true);
 }
 
@@ -48,7 +69,7 @@ void LiveTool::NothingDue() {
 }
 
 void LiveTool::ShowSilence() {
-  if (line_.comm.PortOpen()) line_.state.Drive.NoAnswer();
+  if (line_.comm.PortOpen() && line_.comm.Openings() == dueOpenings_) line_.state.Drive.NoAnswer();
   const auto seconds = static_cast<long>(Desk().Now() - dueSince_ + kTolerance);
   Silence.SetCaption(line_.comm.PortOpen()
                          ? "No answer from the drive since " + std::to_string(seconds) + " s"

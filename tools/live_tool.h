@@ -3,12 +3,14 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "link/drive_line.h"
 #include "platform/controls.h"
 #include "platform/form.h"
+#include "tools/alarm_look.h"
 
 namespace kavr6 {
 
@@ -32,6 +34,12 @@ class LiveTool : public Form {
 
  protected:
   virtual void ProcessChar(std::uint8_t byte) = 0;
+  /// The line is this tool's: the drive has just been told to speak its text language.
+  void TakeLine();
+  /// It is no longer: the drive has been told to leave that language.
+  void LetGo();
+  /// Bytes that the tool has read by itself.
+  void Hear(std::span<const std::uint8_t> bytes);
   /// Leaves the drive as a closing window does, and lowers LiveToolActive. It does not wait.
   virtual void GiveBack() = 0;
 
@@ -50,7 +58,9 @@ class LiveTool : public Form {
  private:
   void ShowSilence();
 
+  AlarmLook alarms_;
   double dueSince_ = 0.0;
+  int dueOpenings_ = 0;  // of the port, when the answer that is due was asked for
 };
 
 }  // namespace kavr6

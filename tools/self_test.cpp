@@ -31,6 +31,7 @@ void SelfTest::Begin() {
   // An alarm window that opens and closes in the pause of Stop must not set the motor going again.
   if (stopping_) return;
   for (const std::string_view letters : {"HR", "SK", "CM21", "DI25000", "MR16", "VE.25"}) Send(letters);
+  line_.state.Drive.TextSessionBegins();
   line_.state.Drive.ForgetImage();  // what it sets, the drive keeps until the next download
   GoForward = true;
   Timer1.SetEnabled(true);
@@ -51,6 +52,7 @@ void SelfTest::Stop() {
   Delay(line_.pump, kStopPause);
   if (!Visible()) return;  // a further click, which stops the motor once more, has come to its end first
   Send(kQuitText);
+  line_.state.Drive.TextSessionEnds();
   Timer1.SetInterval(kFirstPeriod);
   stopping_ = false;
   Hide();

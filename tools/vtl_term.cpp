@@ -5,6 +5,7 @@
 
 #include "core/numbers.h"
 #include "link/wire.h"
+#include "platform/path_text.h"
 
 namespace kavr6 {
 namespace {
@@ -81,14 +82,13 @@ void VTLterm::WireSession() {
 
 void VTLterm::BeginSession() {
   line_.comm.Output("HR");  // without the carriage return that ends a command
-  line_.state.LiveToolActive = true;
+  TakeLine();
   CommandText.Focus();
 }
 
 void VTLterm::EndSession(std::string_view command) {
   Send(command);
-  line_.state.LiveToolActive = false;
-  NothingDue();
+  LetGo();
 }
 
 void VTLterm::GiveBack() { EndSession(kQuitText); }

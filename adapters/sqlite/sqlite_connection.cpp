@@ -5,6 +5,7 @@
 
 #include <sqlite3.h>
 
+#include "platform/path_text.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
@@ -29,11 +30,6 @@ constexpr std::array kFailures{
 constexpr int kMissingFile = 3024;
 constexpr int kOtherFailure = 3146;
 
-std::string Utf8(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
-
 }  // namespace
 
 SqliteConnection::SqliteConnection(const std::filesystem::path& file, Mode mode,
@@ -41,10 +37,10 @@ SqliteConnection::SqliteConnection(const std::filesystem::path& file, Mode mode,
     : file_(file) {
   std::error_code ignored;
   if (mode == Mode::Existing && !std::filesystem::exists(file, ignored))
-    throw RuntimeError(kMissingFile, "The file \"" + Utf8(file) + "\" cannot be found.");
+    throw RuntimeError(kMissingFile, "The file \"" + PathText(file) + "\" cannot be found.");
   sqlite3* database = nullptr;
   const int flags = SQLITE_OPEN_READWRITE | (mode == Mode::CreateNew ? SQLITE_OPEN_CREATE : 0);
-  const int code = sqlite3_open_v2(Utf8(file).c_str(), &database, flags, nullptr);
+  const int code = sqlite3_open_v2(PathText(file).c_str(), &database, flags, nullptr);
   database_.reset(database);
   Check(code);
   Check(sqlite3_busy_timeout(database, static_cast<int>(patience.count())));
@@ -59,7 +55,7 @@ void SqliteConnection::Check(int code) const {
 }
 
 void SqliteConnection::Fail(int code) const {
-  const std::string begin = "The file \"" + Utf8(file_) + "\" ";
+  const std::string begin = "The file \"" + PathText(file_) + "\" ";
   const auto known = std::find_if(kFailures.begin(), kFailures.end(),
                                   [code](const Failure& f) { return f.code == (code & 0xFF); });
   if (known != kFailures.end()) throw RuntimeError(known->number, begin + std::string(known->sentence));

@@ -3,6 +3,7 @@
 #include <QVersionNumber>
 #include <clocale>
 #include <csignal>
+#include <filesystem>
 #include <iostream>
 #include <span>
 
@@ -30,6 +31,14 @@ namespace {
   std::_Exit(1);
 }
 
+/// A link into the devices counts also when its device has gone.
+bool IsDevice(const std::string& path) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const fs::path target = fs::is_symlink(path, error) ? fs::read_symlink(path, error) : fs::path(path);
+  return fs::is_character_file(path, error) || target.string().starts_with("/dev/");
+}
+
 int Run(const CommandOptions& options, const ProgramFolders& folders) {
   QtEventPump pump;
   SerialComm comm(pump, {folders.own / "ports", folders.data / "ports"});
@@ -47,12 +56,14 @@ int Run(const CommandOptions& options, const ProgramFolders& folders) {
       std::cerr,
       folders.data,
       {version.majorVersion(), version.minorVersion(), version.microVersion()},
-      [&comm](int number, const std::string& device) { comm.UseDevice(number, device); }};
+      [&comm](int number, const std::string& device) { comm.UseDevice(number, device); },
+      IsDevice};
   const ExitCode code = RunCommand(machine, options, [&session](DriveSession* now) { session = now; });
   comm.Release();
   return static_cast<int>(code);
 }
 
+#ifdef Q_OS_UNIX
 /// A standard stream that is closed must not become one of the descriptors that are opened later.
 void HoldStandardStreams() {
   int descriptor = STDIN_FILENO;
@@ -60,14 +71,17 @@ void HoldStandardStreams() {
     descriptor = open("/dev/null", O_RDONLY | O_CLOEXEC);
   close(descriptor);
 }
+#endif
 
 }  // namespace
 }  // namespace kavr6
 
 int main(int argc, char** argv) {
   using namespace kavr6;
+#ifdef Q_OS_UNIX
   HoldStandardStreams();
   std::signal(SIGPIPE, SIG_IGN);  // an output that has been closed is told as an error
+#endif
   const std::vector<std::string> words(argv + 1, argv + argc);
   CommandOptions options;
   try {

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "adapters/qt/windows/style/program_style.h"
 #include "apps/tour/tour.h"
 
@@ -31,18 +33,64 @@ void Tour::LookAt(Form& form, const std::string& suffix) {
   form.Hide();
 }
 
+void Tour::LookAtHelp(const std::string& suffix) {
+  for (const char* asked : {"MainForm", "IOdialog", "MotorDialog"}) {
+    program_.Help.ShowForKey(asked);
+    stage_.Pause(0.2);
+    stage_.Picture(stage_.Window("HelpScreen"), std::string("HelpScreen-") + asked + suffix);
+  }
+  program_.Help.Hide();
+  desktop_.CallAfter(0.1, [this, suffix] {
+    stage_.Picture(stage_.Window("About"), "About" + suffix);
+    stage_.Click(stage_.Window("About"), "OK");
+  });
+  stage_.Command(Main(), "MenuAbout");
+}
+
+/// What dialogs show when a person asks for it.
+void Tour::LookAtMore(const std::string& suffix) {
+  program_.PulseDirSetup.Open();
+  stage_.Click(stage_.Window("PulseDirDialog"), "optQuad");
+  stage_.Pause(0.1);
+  stage_.Picture(stage_.Window("PulseDirDialog"), "PulseDirDialog-quadrature" + suffix);
+  program_.PulseDirSetup.Cancel.Click();
+  program_.MotorSetup.Open();
+  stage_.Click(stage_.Window("MotorDialog"), "MoreOrLess");
+  stage_.Pause(0.1);
+  stage_.Picture(stage_.Window("MotorDialog"), "MotorDialog-more" + suffix);
+  program_.MotorSetup.Cancel.Click();
+  desktop_.CallAfter(0.6, [this, suffix] {
+    stage_.Picture(stage_.Window("CompareWindow"), "CompareWindow" + suffix);
+    program_.Compared.OK.Click();
+  });
+  const double speed = std::exchange(program_.settings.Speed, 12.5);
+  stage_.Command(Main(), "MenuCompareDrive");
+  program_.settings.Speed = speed;
+}
+
 /// A picture of each window, opened from the main screen.
 void Tour::LookAtWindows(const std::string& suffix) {
   stage_.Pause(0.5);  // until the strip has compared
   stage_.Picture(Main(), "MainForm" + suffix);
   Summary& commands = program_.Commands;
-  Form* const plain[] = {&program_.Credits,        &program_.ModeMenu,      &program_.LastAlarms,
-                         &program_.FaultPopup,     &program_.Terminal,      &commands,
-                         &commands.EFcodes,        &commands.LimCodes,      &commands.IOcodes,
-                         &commands.RScodes,        &commands.MRcodes,       &commands.BRcodes,
-                         &commands.MoveCalculator, &commands.ServoCommands, &program_.Help,
+  Form* const plain[] = {&program_.ModeMenu,
+                         &program_.LastAlarms,
+                         &program_.FaultPopup,
+                         &program_.Terminal,
+                         &commands,
+                         &commands.EFcodes,
+                         &commands.LimCodes,
+                         &commands.IOcodes,
+                         &commands.RScodes,
+                         &commands.MRcodes,
+                         &commands.BRcodes,
+                         &commands.MoveCalculator,
+                         &commands.ServoCommands,
+                         &commands.ServoCommands.ControlModes,
+                         &commands.ServoCommands.DefCodes,
                          &program_.LastEvents};
   for (Form* form : plain) LookAt(*form, suffix);
+  LookAtHelp(suffix);
   for (SetupDialog* dialog : std::initializer_list<SetupDialog*>{
            &program_.MotorSetup, &program_.CustomMotorSetup, &program_.PulseDirSetup, &program_.VelocitySetup,
            &program_.AdvancedSetup, &program_.VTLSetup, &program_.IOSetup, &program_.EncoderSetup,
@@ -52,6 +100,7 @@ void Tour::LookAtWindows(const std::string& suffix) {
     stage_.Picture(stage_.Window(dialog->Name()), dialog->Name() + suffix);
     dialog->Cancel.Click();
   }
+  LookAtMore(suffix);
   program_.StatusMonitor.Show();
   stage_.Pause(2.0);
   stage_.Picture(stage_.Window("ExecStatus"), "ExecStatus" + suffix);

@@ -42,6 +42,25 @@ void Tour::Upload() {
   stage_.Picture(Main(), "after-upload");
 }
 
+void Tour::CompareSettings() {
+  stage_.Step("Compare with Drive: what differs is shown, then taken from the drive");
+  program_.settings.Speed = 99.0;
+  program_.settings.RS485Addr = "B";
+  desktop_.CallAfter(0.6, [this] {
+    QWidget& window = stage_.Window("CompareWindow");
+    stage_.Check(program_.Compared.Result.Caption().starts_with("2 settings differ"),
+                 program_.Compared.Result.Caption());
+    stage_.Picture(window, "compare-differences");
+    stage_.Click(window, "chkShowEqual");
+    stage_.Picture(window, "compare-all");
+    stage_.Click(window, "TakeFromDrive");
+    stage_.Check(program_.settings.Speed != 99.0 && program_.Compared.Table.Text(0, 4) == "same",
+                 "the drive's settings are on the screen");
+    stage_.Click(window, "OK");
+  });
+  stage_.Command(Main(), "MenuCompareDrive");
+}
+
 void Tour::LoseTheLine() {
   stage_.Step("The line is unplugged in the middle of an upload");
   desktop_.CallAfter(0.1, [this] { drive_.Order("unplug"); });

@@ -24,6 +24,7 @@ void Tour::Play() {
   PrintReport();
   Download();
   Upload();
+  CompareSettings();
   SetVelocity();
   SetHostCommands();
   SetPulses();

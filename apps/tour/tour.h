@@ -67,12 +67,15 @@ class Tour {
   void RefuseDownload();
   void Download();
   void Upload();
+  void CompareSettings();
   void LoseTheLine();
   void FindItAgain();
   void ReadHelp();
   void ShowCredits();
   // gallery.cpp
   void ShowDark();
+  void LookAtHelp(const std::string& suffix);
+  void LookAtMore(const std::string& suffix);
   void LookAtWindows(const std::string& suffix);
   void LookAtBoxes();
   void LookAt(Form& form, const std::string& suffix);

@@ -45,7 +45,8 @@ Configurator::Configurator(const Machine& machine)
       Splash(machine.desktop, state, Main),
       Credits(machine.desktop, state),
       Help(Main, state),
-      LastEvents(Main, state.Happened) {
+      LastEvents(Main, state.Happened),
+      Compared({Main, line, settings, motorTable, identity, transfers, Files}) {
   WireTransfers();
   WireFiles();
   WireSetupDialogs();
@@ -83,6 +84,8 @@ void Configurator::WireFiles() {
   Main.Openers.Open = [this] { Files.MenuOpen(); };
   Main.Openers.Save = [this] { Files.MenuSave(); };
   Main.Openers.SaveAs = [this] { Files.MenuSaveAs(); };
+  Main.Openers.CompareFile = [this] { Compared.CompareWithFile(); };
+  Main.Openers.CompareDrive = [this] { Compared.CompareWithDrive(); };
   Main.Openers.Print = [this] { report.MenuPrint(); };
   Main.Openers.Preview = [this] { report.MenuPreview(); };
 }
@@ -138,7 +141,7 @@ void Configurator::WireHelp() {
                                   &VelocitySetup, &AdvancedSetup,    &VTLSetup,
                                   &IOSetup,       &EncoderSetup,     &RegenSetup};
   for (SetupDialog* dialog : dialogs) dialog->ShowHelp = show;
-  Form* const told[] = {&ModeMenu, &SmoothingWizard, &Commands.MoveCalculator, &Help};
+  Form* const told[] = {&ModeMenu, &SmoothingWizard, &Commands.MoveCalculator, &Help, &Compared};
   for (SetupDialog* dialog : dialogs) TellFields(*dialog);
   for (Form* form : told) TellFields(*form);
   Main.Desk().HelpWanted = [this](const std::string& where) { Help.ShowForKey(where); };

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "comparison/window/compare_window.h"
 #include "config_file/config_files.h"
 #include "core/drive_state.h"
 #include "core/program/about.h"
@@ -95,6 +96,7 @@ class Configurator {
   About Credits;
   HelpScreen Help;
   EventList LastEvents;
+  CompareWindow Compared;
 
  private:
   SetupParts Setup() { return {Main, state, settings}; }

@@ -8,6 +8,7 @@
 
 #include "core/drive_models.h"
 #include "core/program/status_words.h"
+#include "platform/path_text.h"
 
 namespace kavr6 {
 namespace {
@@ -94,8 +95,10 @@ void MainForm::WireMenus() {
       Command{&MenuOpen, &MainFormOpeners::Open},
       Command{&MenuSave, &MainFormOpeners::Save},
       Command{&MenuSaveAs, &MainFormOpeners::SaveAs},
+      Command{&MenuCompareFile, &MainFormOpeners::CompareFile},
       Command{&MenuPrint, &MainFormOpeners::Print},
       Command{&MenuPreview, &MainFormOpeners::Preview},
+      Command{&MenuCompareDrive, &MainFormOpeners::CompareDrive},
       Command{&MenuHistory, &MainFormOpeners::History, true},
       Command{&MenuClearFault, &MainFormOpeners::ClearFault},
       Command{&MenuIOStatus, &MainFormOpeners::IOStatus},
@@ -119,6 +122,7 @@ void MainForm::WireMenus() {
 
 void MainForm::FollowState() {
   p_.comm.StateChanged.Set([this] { PortChanged(); });
+  p_.ports.StillClosed.Set([this] { ShowLine(); });  // its device may have gone, or may be another's now
   state_.CommNumber.Changed.Set([this] { ShowLine(); });
   state_.Drive.Changed.Set([this] { ShowStatus(); });
   p_.watch.Compared.Set([this] { ShowStatus(); });
@@ -133,7 +137,7 @@ void MainForm::FollowState() {
 void MainForm::Load() {
   for (const auto& [item, opener] : greyWithoutOpener_) item->SetEnabled(static_cast<bool>(Openers.*opener));
   state_.AppVersion = VersionText(Desk().Version());
-  state_.HelpDir = (Desk().ProgramDirectory() / "KAVR6 help" / "").string();
+  state_.HelpDir = PathText(Desk().ProgramDirectory() / "KAVR6 help" / "");
   StartSharedValues();
   LoadModelList();
   LoadCommList();
@@ -144,8 +148,7 @@ void MainForm::Load() {
   state_.Modified = false;
   state_.InertiaSet = false;
   if (state_.StartPort != 0 && p_.identity.DriveStillThere()) p_.identity.CheckDrive();
-  const std::u8string folder = Desk().ProgramDirectory().u8string();
-  p_.files.SaveFile.InitDir.assign(folder.begin(), folder.end());
+  p_.files.SaveFile.InitDir = PathText(Desk().ProgramDirectory());
   PlaceWindow();
   InitVars(p_.settings);
   ShowModeName(state_, p_.settings);

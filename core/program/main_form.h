@@ -26,7 +26,7 @@ namespace kavr6 {
 /// What opens from the main screen. An empty opener does nothing, and its menu command is greyed.
 struct MainFormOpeners {
   std::function<void()> Motion, Motor, Encoder, IO, Regen, Download, Upload;
-  std::function<void()> Open, Save, SaveAs, Print, Preview;
+  std::function<void()> Open, Save, SaveAs, Print, Preview, CompareFile, CompareDrive;
   std::function<void()> History, ClearFault, IOStatus, Restore, Terminal, SelfTest;
   std::function<void()> Events;
   std::function<void()> Contents, ContactUs, WebSite, About;

@@ -71,9 +71,11 @@ class MainScreen : public Form {
   MenuItem MenuOpen{*this, "MenuOpen", "Open..."};
   MenuItem MenuSave{*this, "MenuSave", "Save"};
   MenuItem MenuSaveAs{*this, "MenuSaveAs", "Save As..."};
+  MenuItem MenuCompareFile{*this, "MenuCompareFile", "Compare with File..."};
   MenuItem MenuPrint{*this, "MenuPrint", "Print..."};
   MenuItem MenuPreview{*this, "MenuPreview", "Print Preview..."};
   MenuItem MenuExit{*this, "MenuExit", "Exit"};
+  MenuItem MenuCompareDrive{*this, "MenuCompareDrive", "Compare with Drive..."};
   MenuItem MenuHistory{*this, "MenuHistory", "Alarm History"};
   MenuItem MenuClearFault{*this, "MenuClearFault", "Clear Alarm"};
   MenuItem MenuIOStatus{*this, "MenuIOStatus", "Status Monitor..."};

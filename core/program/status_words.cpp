@@ -13,19 +13,41 @@ std::string PortName(int number) { return "COM" + std::to_string(number); }
 
 std::string At(const std::string& words, int minute) { return words + " " + ShownMinute(minute); }
 
-/// Of a port that has refused to open, or was lost, with this error.
-StatusCell ClosedCell(int refusal) {
+/// A name that holds together: where the room is short, what stands behind a comma and a blank is left out.
+std::string Unbroken(const std::string& name) {
+  std::string whole;
+  for (const char c : name)
+    whole += c == ' ' && whole.ends_with(',') ? std::string("\u00A0") : std::string(1, c);
+  return whole;
+}
+
+/// Of a closed port whose device stands there, free as far as can be seen, and that has refused to open, or
+/// was lost, with this error.
+StatusCell RefusedCell(int refusal) {
   switch (refusal) {
     case 0:
-      return {" closed", "LineClosed"};
     case MSComm::kNotThere:
-      return {" not there", "LineClosed"};
+      return {" closed", "LineClosed"};
     case MSComm::kInUse:
       return {" in use", "LineTaken"};
     case MSComm::kNoPermission:
       return {" no permission", "LineTaken"};
     default:
       return {" does not open", "LineClosed"};
+  }
+}
+
+StatusCell ClosedCell(PortLook::State look, int refusal) {
+  using enum PortLook::State;
+  switch (look) {
+    case InUse:
+      return {" in use", "LineTaken"};
+    case NotAllowed:
+      return {" no permission", "LineTaken"};
+    case There:
+      return RefusedCell(refusal);
+    default:
+      return {" not there", "LineClosed"};
   }
 }
 
@@ -62,11 +84,12 @@ std::string LastHeard(const DriveState& state) {
 StatusCell LineCell(const MSComm& comm, const DriveState& state) {
   const int number = state.CommNumber;
   const std::string port = PortName(number);
-  StatusCell cell = comm.PortOpen() ? StatusCell{" open", "LineOpen"} : ClosedCell(comm.Refusal(number));
+  const auto [device, look] = comm.Look(number);
+  StatusCell cell =
+      comm.PortOpen() ? StatusCell{" open", "LineOpen"} : ClosedCell(look, comm.Refusal(number));
   cell.words.insert(0, port);
   if (cell.picture == "LineClosed") return cell;  // what has the number now may be another device
-  const std::string device = comm.DeviceName(number);
-  if (!device.empty() && device != port) cell.words += ", " + device;
+  if (!device.empty() && device != port) cell.words += ", " + Unbroken(device);
   return cell;
 }
 
@@ -80,6 +103,7 @@ StatusCell DriveCell(const DriveState& state, bool portOpen) {
       return {AnswerWords(state), picture};
     case Presence::Silent:
       return {At("No answer since", drive.Since()) +
+                  (drive.LeftInText() ? ", open and close the Status Monitor" : "") +
                   (drive.AlarmStands() ? At(", alarm", drive.AlarmAt()) : "") + LastHeard(state),
               picture};
     case Presence::LineLost:

@@ -9,7 +9,7 @@
 
 namespace kavr6 {
 
-/// Words, what matters most first and parts set off by commas, and a picture of the artwork.
+/// Words, what matters most first and parts set off by a comma and a blank, and a picture of the artwork.
 struct StatusCell {
   std::string words;
   std::string picture;

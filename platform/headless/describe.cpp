@@ -36,8 +36,10 @@ void Describe(const ListBox& list, Properties& found) {
 
 void Describe(const Grid& grid, Properties& found) {
   for (int column = 0; column < grid.Columns(); ++column)
-    found["column " + std::to_string(column)] =
-        "width " + std::to_string(grid.ColumnWidth(column)) + (grid.MergeColumn(column) ? " merged" : "");
+    found["column " + std::to_string(column)] = grid.Title(column).empty()
+                                                    ? "width " + std::to_string(grid.ColumnWidth(column)) +
+                                                          (grid.MergeColumn(column) ? " merged" : "")
+                                                    : Quoted(grid.Title(column));
   for (int row = 0; row < grid.Rows(); ++row) {
     std::string text;
     for (int column = 0; column < grid.Columns(); ++column) {

@@ -15,10 +15,12 @@ struct MemoryFiles : FileStore {
   std::map<std::string, std::string> content;
   std::function<void(const std::string& name, std::string_view text)> Replaced;
   bool FailReplace = false;  ///< Replace raises an error, as on a full disk
+  bool FailRead = false;     ///< Read raises an error, as without permission
 
   std::string Read(const std::string& name) const override {
     const auto found = content.find(name);
-    if (found == content.end()) throw RuntimeError(53, "File not found");
+    if (found == content.end()) throw RuntimeError(kNoFile, "File not found");
+    if (FailRead) throw RuntimeError(70, "Permission denied");
     return found->second;
   }
   void Replace(const std::string& name, std::string_view text) override {

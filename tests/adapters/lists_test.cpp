@@ -6,6 +6,7 @@
 
 #include "adapters/qt/windows/binder.h"
 #include "adapters/qt/windows/forms.h"
+#include "adapters/qt/windows/widgets/data_table.h"
 #include "adapters/qt/windows/widgets/filter_list.h"
 #include "adapters/qt/windows/widgets/noted_combo.h"
 #include "tests/support/scene.h"
@@ -137,6 +138,24 @@ TEST_F(SceneTest, ChoosingTheRowOfALostPortOnceMoreOpensIt) {
   QTest::keyClick(combo->view(), Qt::Key_Return);
   EXPECT_TRUE(scene.comm.PortOpen());
   EXPECT_EQ(scene.comm.Written(), "0");
+}
+
+TEST(DataTable, TellsARowAsAWholeAndCutsWhatDoesNotFit) {
+  widgets::DataTable table;
+  table.resize(400, 200);
+  table.setContent(
+      {"Section", "Setting", "On screen", "In the drive", "Comparison"},
+      {{{"Motor", "FactNo"}, {"Idle current", {}}, {"50 %", {}}, {"40 %", {}}, {"differs", {}}},
+       {{"Host", "FactYes"}, {"Protocols", {}}, {QString(99, 'x'), {}}, {"-", {}}, {"same", {}}}});
+  table.show();
+  EXPECT_EQ(Spoken(*table.model()),
+            "Motor, Idle current, On screen 50 %, In the drive 40 %, differs\nHost, Protocols, On screen " +
+                std::string(99, 'x') + ", In the drive -, same\n");
+  EXPECT_NE(table.item(0, 0)->icon().pixmap(16).toImage(), table.item(1, 0)->icon().pixmap(16).toImage());
+  EXPECT_FALSE(table.horizontalScrollBar()->isVisible());
+  EXPECT_EQ(table.item(1, 2)->toolTip().size(), 99);
+  table.setContent({"Section"}, {});
+  EXPECT_EQ(table.rowCount(), 0);
 }
 
 }  // namespace

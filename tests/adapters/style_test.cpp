@@ -3,12 +3,14 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QRegularExpression>
+#include <QScrollBar>
 #include <QSlider>
 #include <QStyleOptionButton>
 #include <QStyleOptionSlider>
@@ -17,7 +19,9 @@
 
 #include <gtest/gtest.h>
 
+#include "adapters/qt/windows/widgets/connector_line.h"
 #include "adapters/qt/windows/widgets/image_button.h"
+#include "adapters/qt/windows/widgets/page_browser.h"
 #include "tests/adapters/shown_program.h"
 
 namespace kavr6 {
@@ -59,22 +63,61 @@ struct Picture {
     return most;
   }
 
-  /// The commonest colour of a box is the ground; the most that another differs from it. Nothing without one.
+  /// The word in a box that differs least from the ground, which is the box's commonest colour, measured at
+  /// its strongest pixel. Nothing without a word.
   double TextContrast(const QRect& box) const {
-    std::map<QRgb, int> counts;
     const QRect inside = box & image_.rect();
-    for (int y = inside.top(); y <= inside.bottom(); ++y)
-      for (int x = inside.left(); x <= inside.right(); ++x) ++counts[image_.pixel(x, y)];
-    if (counts.size() < 2) return 0.0;
-    const auto ground = std::max_element(counts.begin(), counts.end(),
-                                         [](const auto& a, const auto& b) { return a.second < b.second; });
-    double most = 1.0;
-    for (const auto& [colour, count] : counts)
-      most = std::max(most, style::Contrast(QColor::fromRgb(colour), QColor::fromRgb(ground->first)));
-    return most;
+    const std::map<QRgb, double> contrasts = ContrastsIn(inside);
+    const auto most = [&](const QRect& part) {
+      double found = 1.0;
+      for (int y = part.top(); y <= part.bottom(); ++y)
+        for (int x = part.left(); x <= part.right(); ++x)
+          found = std::max(found, contrasts.at(image_.pixel(x, y)));
+      return found;
+    };
+    double least = 0.0;
+    for (const QRect& line : Parts(inside, Qt::Vertical, 1, most))
+      for (const QRect& word : Parts(line, Qt::Horizontal, kSpace, most))
+        least = least == 0.0 ? most(word) : std::min(least, most(word));
+    return least;
   }
 
  private:
+  static constexpr int kSpace = 4;  // pixels between two words, at least
+
+  std::map<QRgb, double> ContrastsIn(const QRect& box) const {
+    std::map<QRgb, int> counts;
+    for (int y = box.top(); y <= box.bottom(); ++y)
+      for (int x = box.left(); x <= box.right(); ++x) ++counts[image_.pixel(x, y)];
+    const auto ground = std::max_element(counts.begin(), counts.end(),
+                                         [](const auto& a, const auto& b) { return a.second < b.second; });
+    std::map<QRgb, double> contrasts;
+    for (const auto& [colour, count] : counts)
+      contrasts[colour] = style::Contrast(QColor::fromRgb(colour), QColor::fromRgb(ground->first));
+    return contrasts;
+  }
+
+  /// What `gap` pixels of bare ground or more separate, along one direction.
+  template <class Most>
+  static std::vector<QRect> Parts(const QRect& box, Qt::Orientation along, int gap, const Most& most) {
+    constexpr double kBare = 1.15;
+    std::vector<QRect> parts;
+    const int length = along == Qt::Vertical ? box.height() : box.width();
+    for (int i = 0; i < length; ++i) {
+      const QRect slice = along == Qt::Vertical ? QRect(box.left(), box.top() + i, box.width(), 1)
+                                                : QRect(box.left() + i, box.top(), 1, box.height());
+      if (most(slice) < kBare) continue;
+      const bool near =
+          !parts.empty() && (along == Qt::Vertical ? slice.top() - parts.back().bottom()
+                                                   : slice.left() - parts.back().right()) <= gap;
+      if (near)
+        parts.back() |= slice;
+      else
+        parts.push_back(slice);
+    }
+    return parts;
+  }
+
   QWidget& window_;
   QImage image_;
 };
@@ -86,18 +129,30 @@ QRect PartOf(const QAbstractButton& button, QStyle::SubElement part) {
   return button.style()->subElementRect(part, &option, &button);
 }
 
-QRect HandleOf(const QSlider& slider) {
+/// Of a slider or a scroll bar; empty where there is nothing to move.
+QRect HandleOf(const QAbstractSlider& slider) {
+  if (slider.minimum() == slider.maximum()) return {};
+  const bool bar = qobject_cast<const QScrollBar*>(&slider) != nullptr;
   QStyleOptionSlider option;
   option.initFrom(&slider);
   option.orientation = slider.orientation();
   option.minimum = slider.minimum();
   option.maximum = slider.maximum();
+  option.pageStep = slider.pageStep();
   option.sliderPosition = slider.sliderPosition();
   option.sliderValue = slider.value();
-  option.tickPosition = slider.tickPosition();
+  if (const auto* const ticked = qobject_cast<const QSlider*>(&slider))
+    option.tickPosition = ticked->tickPosition();
+  // What is drawn of a handle is narrower than what the mouse can take.
+  const int sides = bar ? 3 : 2;
+  const int ends = bar ? 0 : 2;
+  const bool lying = slider.orientation() == Qt::Horizontal;
+  const int across = lying ? ends : sides;
+  const int down = lying ? sides : ends;
   return slider.style()
-      ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, &slider)
-      .adjusted(2, 2, -2, -2);
+      ->subControlRect(bar ? QStyle::CC_ScrollBar : QStyle::CC_Slider, &option,
+                       bar ? QStyle::SC_ScrollBarSlider : QStyle::SC_SliderHandle, &slider)
+      .adjusted(across, down, -across, -down);
 }
 
 /// What has to stand out from the ground by its edge; empty when nothing of the widget has.
@@ -106,19 +161,21 @@ QRect EdgedPart(const QWidget& widget) {
     return PartOf(*check, QStyle::SE_CheckBoxIndicator);
   if (const auto* const radio = qobject_cast<const QRadioButton*>(&widget))
     return PartOf(*radio, QStyle::SE_RadioButtonIndicator);
-  if (const auto* const slider = qobject_cast<const QSlider*>(&widget)) return HandleOf(*slider);
+  if (const auto* const slider = qobject_cast<const QAbstractSlider*>(&widget)) return HandleOf(*slider);
+  if (const auto* const area = qobject_cast<const QAbstractScrollArea*>(&widget))
+    return area->frameShape() == QFrame::NoFrame ? QRect() : area->rect();
   const bool edged = (qobject_cast<const QLineEdit*>(&widget) != nullptr &&
                       static_cast<const QLineEdit&>(widget).hasFrame()) ||
                      qobject_cast<const QComboBox*>(&widget) != nullptr ||
                      qobject_cast<const QPushButton*>(&widget) != nullptr ||
-                     qobject_cast<const QListWidget*>(&widget) != nullptr ||
-                     qobject_cast<const QPlainTextEdit*>(&widget) != nullptr ||
                      qobject_cast<const widgets::ImageButton*>(&widget) != nullptr;
   return edged ? widget.rect() : QRect();
 }
 
 /// Where the widget has words; empty without any.
 QRect WordsOf(const QWidget& widget) {
+  if (const auto* const page = qobject_cast<const QTextBrowser*>(&widget))
+    return page->viewport()->geometry();
   constexpr int kEdge = 4;
   const QRect inside = widget.rect().adjusted(kEdge, kEdge, -kEdge, -kEdge);
   const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
@@ -141,44 +198,93 @@ QRect WordsOf(const QWidget& widget) {
   return {};
 }
 
-class Style : public testing::TestWithParam<style::Scheme> {};
+class Style : public testing::TestWithParam<style::Scheme> {
+ protected:
+  void MeasureEdges(const Picture& picture, const QWidget& widget, const std::string& who) {
+    const QRect part = EdgedPart(widget);
+    if (part.isEmpty() || !widget.isEnabled()) return;
+    ++edges;
+    for (const QPoint inwards : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)})
+      EXPECT_GE(picture.EdgeContrast(picture.Box(widget, part), inwards), kOutlineContrast)
+          << who << ", edge seen along " << inwards.x() << ", " << inwards.y();
+  }
+  void MeasureWords(const Picture& picture, const QRect& box, bool enabled, const std::string& who) {
+    const double contrast = box.isEmpty() ? 0.0 : picture.TextContrast(box);
+    if (contrast == 0.0) return;
+    ++texts;
+    EXPECT_GE(contrast, enabled ? kTextContrast : kGreyedContrast) << who << ", text";
+  }
+  /// Whole rows: texts and the notes beside them.
+  void MeasureRows(const Picture& picture, const QAbstractItemView& view, const std::string& who) {
+    for (int row = 0; row < view.model()->rowCount(view.rootIndex()); ++row) {
+      const QModelIndex index = view.model()->index(row, 0, view.rootIndex());
+      if (index.flags() == Qt::NoItemFlags) continue;
+      const QRect box =
+          view.visualRect(index) | view.visualRect(index.siblingAtColumn(view.model()->columnCount() - 1));
+      MeasureWords(picture, picture.Box(*view.viewport(), box & view.viewport()->rect()), true,
+                   who + ", row " + std::to_string(row));
+    }
+  }
+
+  int edges = 0;
+  int texts = 0;
+};
 
 TEST_P(Style, OutlinesAndTextsStandOutInEveryWindow) {
   ShownProgram program(GetParam());
-  int edges = 0;
-  int texts = 0;
   for (const ShownWindow& shown : program.windows) {
+    if (auto* const pages = shown.window->findChild<widgets::PageBrowser*>())
+      pages->showPage(QUrl::fromLocalFile(KAVR6_HELP "/index.html"));
     const Picture picture(*shown.window);
     for (const QWidget* widget : shown.window->findChildren<QWidget*>()) {
       if (!widget->isVisible() || widget->visibleRegion().boundingRect() != widget->rect()) continue;
       const std::string who = shown.name + " " + NameOf(*widget).toStdString();
-      if (const QRect part = EdgedPart(*widget); !part.isEmpty() && widget->isEnabled()) {
-        ++edges;
-        for (const QPoint inwards : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)})
-          EXPECT_GE(picture.EdgeContrast(picture.Box(*widget, part), inwards), kOutlineContrast)
-              << who << ", edge seen along " << inwards.x() << ", " << inwards.y();
-      }
-      const QRect words = WordsOf(*widget);
-      const double contrast = words.isEmpty() ? 0.0 : picture.TextContrast(picture.Box(*widget, words));
-      if (contrast == 0.0) continue;
-      ++texts;
-      EXPECT_GE(contrast, widget->isEnabled() ? kTextContrast : kGreyedContrast) << who << ", text";
-    }
-    for (const auto* view : shown.window->findChildren<QAbstractItemView*>()) {
-      if (!view->isVisible()) continue;
-      for (int row = 0; row < view->model()->rowCount(); ++row) {
-        const QRect box = view->visualRect(view->model()->index(row, 0)) & view->viewport()->rect();
-        const double contrast =
-            box.isEmpty() ? 0.0 : picture.TextContrast(picture.Box(*view->viewport(), box));
-        if (contrast == 0.0 || view->model()->index(row, 0).flags() == Qt::NoItemFlags) continue;
-        ++texts;
-        EXPECT_GE(contrast, kTextContrast)
-            << shown.name << ", row " << row << " of " << NameOf(*view).toStdString();
+      MeasureEdges(picture, *widget, who);
+      MeasureWords(picture, picture.Box(*widget, WordsOf(*widget)), widget->isEnabled(), who);
+      if (const auto* const view = qobject_cast<const QAbstractItemView*>(widget))
+        MeasureRows(picture, *view, who);
+      if (qobject_cast<const widgets::ConnectorLine*>(widget) != nullptr) {
+        EXPECT_GE(Picture(const_cast<QWidget&>(*widget)).TextContrast(widget->rect()), kOutlineContrast)
+            << who;
       }
     }
   }
   EXPECT_GT(edges, 200);
   EXPECT_GT(texts, 500);
+}
+
+TEST_P(Style, RowsAndNotesOfOpenListsStandOut) {
+  ShownProgram program(GetParam());
+  program.scene.main.CommList.SetItemNote(0, "/dev/ttyUSB0, in use");
+  for (const ShownWindow& shown : program.windows) {
+    for (auto* box : shown.window->findChildren<QComboBox*>()) {
+      if (!box->isVisible() || !box->isEnabled() || box->count() == 0) continue;
+      box->showPopup();
+      QCoreApplication::processEvents();
+      MeasureRows(Picture(*box->view()->window()), *box->view(),
+                  shown.name + " " + NameOf(*box).toStdString());
+      box->hidePopup();
+    }
+  }
+  EXPECT_GT(texts, 50);
+}
+
+TEST(PicturesOfPages, StandOutOnEitherGround) {
+  int colours = 0;
+  for (const QFileInfo& file : QDir(KAVR6_HELP "/pictures").entryInfoList({"*.svg"})) {
+    QFile picture(file.filePath());
+    ASSERT_TRUE(picture.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(picture.readAll());
+    auto found = QRegularExpression("\"(#[0-9a-f]{6})\"").globalMatch(text);
+    while (found.hasNext()) {
+      const QColor colour(found.next().captured(1));
+      ++colours;
+      for (const style::Scheme scheme : {style::Scheme::Light, style::Scheme::Dark})
+        EXPECT_GE(style::Contrast(colour, style::PaletteOf(scheme).color(QPalette::Base)), kOutlineContrast)
+            << file.fileName().toStdString() << " " << colour.name().toStdString();
+    }
+  }
+  EXPECT_GT(colours, 50);
 }
 
 /// Pixels that differ by at least the contrast that a ring must have.

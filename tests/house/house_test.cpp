@@ -33,8 +33,8 @@ struct House {
   /// The innermost target folder of a file, or "".
   std::string FolderOf(fs::path file) const {
     do file = file.parent_path();
-    while (!file.empty() && !uses.contains(file));
-    return file;
+    while (!file.empty() && !uses.contains(file.generic_string()));
+    return file.generic_string();
   }
 };
 
@@ -85,7 +85,8 @@ TEST(House, EveryTargetIncludesWhatItDeclaresAndNothingElse) {
     for (const auto& entry : fs::recursive_directory_iterator(fs::path(KAVR6_SOURCE) / folder)) {
       const fs::path kind = entry.path().extension();
       if (kind != ".h" && kind != ".cpp") continue;
-      std::vector<std::string>& headers = files[entry.path().lexically_relative(KAVR6_SOURCE)];
+      std::vector<std::string>& headers =
+          files[entry.path().lexically_relative(KAVR6_SOURCE).generic_string()];
       headers.clear();
       std::ifstream source(entry.path());
       for (std::string line; std::getline(source, line);)

@@ -175,7 +175,7 @@ TEST_F(DriveIdentityTest, FirstLookKnowsEarlierFamiliesOnly) {
     comm.Reply("C", "4" + std::string(1, static_cast<char>(code)));
     const bool earlier = code == 9 || code == 18 || (code >= 30 && code <= 40) || code == 109 || code == 118;
     EXPECT_EQ(identity.DriveStillThere(), earlier) << code;
-    EXPECT_EQ(state.DriveModelCode.Get(), code);
+    EXPECT_EQ(state.DriveModelCode, code);
   }
 }
 

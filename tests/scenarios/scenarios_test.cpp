@@ -26,9 +26,12 @@ bool RegisterAll() {
       if (entry.path().extension() == ".txt") paths.push_back(entry.path());
   }
   std::ranges::sort(paths);
-  for (const auto& path : paths)
-    testing::RegisterTest(path.parent_path().parent_path().filename().c_str(), path.stem().c_str(), nullptr,
-                          nullptr, path.c_str(), 1, [path = path.string()] { return new FromFile(path); });
+  for (const fs::path& path : paths) {
+    const std::string subject = path.parent_path().parent_path().filename().string();
+    testing::RegisterTest(subject.c_str(), path.stem().string().c_str(), nullptr, nullptr,
+                          path.generic_string().c_str(), 1,
+                          [file = path.generic_string()] { return new FromFile(file); });
+  }
   return true;
 }
 

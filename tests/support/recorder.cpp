@@ -79,7 +79,7 @@ Properties Recorder::SharedValues() const {
           {"MotorTouched", YesNo(state.MotorTouched)},
           {"CommNumber", std::to_string(state.CommNumber)},
           {"StartPort", std::to_string(state.StartPort)},
-          {"DspRev", NumberOf(state.DspRev.Get())},
+          {"DspRev", NumberOf(state.DspRev)},
           {"MinorRev", Quoted(state.MinorRev)},
           {"DriveModelCode", std::to_string(state.DriveModelCode)},
           {"LiveToolActive", YesNo(state.LiveToolActive)},

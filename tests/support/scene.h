@@ -63,6 +63,7 @@ struct Scene {
             &program.Credits,
             &program.Help,
             &program.LastEvents,
+            &program.Compared,
             &program.Terminal,
             &list,
             &list.EFcodes,

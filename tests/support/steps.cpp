@@ -191,11 +191,9 @@ struct Reader {
   Words& words;
   void operator()(double& value) const { value = words.Number(); }
   void operator()(float& value) const { value = static_cast<float>(words.Number()); }
-  void operator()(Watched<float>& value) const { value = static_cast<float>(words.Number()); }
   void operator()(Long& value) const { value = words.Whole(); }
   void operator()(Integer& value) const { value = static_cast<Integer>(words.Whole()); }
   void operator()(bool& value) const { value = words.YesNo(); }
-  void operator()(Watched<bool>& value) const { value = words.YesNo(); }
   void operator()(Watched<int>& value) const { value = words.Whole(); }
   void operator()(std::string& value) const { value = words.Next(); }
 };
@@ -210,8 +208,7 @@ void Set(S s, W w) {
 
 void State(S s, W w) {
   using D = DriveState;
-  using Member =
-      std::variant<bool D::*, std::string D::*, Watched<bool> D::*, Watched<int> D::*, Watched<float> D::*>;
+  using Member = std::variant<bool D::*, std::string D::*, float D::*, Watched<int> D::*>;
   static const std::map<std::string, Member> kMembers{{"Modified", &D::Modified},
                                                       {"InertiaSet", &D::InertiaSet},
                                                       {"MotorTouched", &D::MotorTouched},
@@ -431,6 +428,7 @@ const std::map<std::string, StepDone> kSteps{
     {"edit", Edit},
     {"remove", [](S s, W w) { s.scene.files.content.erase(w.Next()); }},
     {"disk", [](S s, W w) { s.scene.files.FailReplace = w.Next() == "full"; }},
+    {"readable", [](S s, W w) { s.scene.files.FailRead = !w.YesNo(); }},
     {"catalogue", Motor},
     {"printer", Printer},  // "ready", "cancelled", "broken" or, after meanwhile, "open"
     {"table", Table},

@@ -9,6 +9,7 @@
 #include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/bind_kinds.h"
 #include "adapters/qt/windows/widgets/connector_line.h"
+#include "adapters/qt/windows/widgets/data_table.h"
 #include "adapters/qt/windows/widgets/lamp.h"
 #include "adapters/qt/windows/widgets/percent_panel.h"
 #include "adapters/qt/windows/widgets/picture.h"
@@ -42,12 +43,16 @@ struct GridContent {
   };
   std::vector<Row> rows;
   std::vector<int> widths;
+  std::vector<std::string> titles;
   bool operator==(const GridContent&) const = default;
 };
 
 GridContent ContentOf(const Grid& grid) {
   GridContent content;
-  for (int column = 0; column < grid.Columns(); ++column) content.widths.push_back(grid.ColumnWidth(column));
+  for (int column = 0; column < grid.Columns(); ++column) {
+    content.widths.push_back(grid.ColumnWidth(column));
+    content.titles.push_back(grid.Title(column));
+  }
   for (int row = 0; row < grid.Rows(); ++row) {
     content.rows.push_back({{}, grid.MergeRow(row), grid.RowHeight(row)});
     for (int column = 0; column < grid.Columns(); ++column)
@@ -66,6 +71,29 @@ void ShowContent(widgets::SummaryGrid& view, const GridContent& content) {
   view.setContent(std::move(rows), content.widths);
 }
 
+void ShowContent(widgets::DataTable& view, const GridContent& content) {
+  QStringList titles;
+  for (const std::string& title : content.titles) titles.append(kavr6::ToQt(title));
+  std::vector<std::vector<widgets::DataTable::Cell>> rows;
+  for (const GridContent::Row& row : content.rows) {
+    rows.emplace_back();
+    for (const Grid::Cell& cell : row.cells)
+      rows.back().push_back({kavr6::ToQt(cell.text), kavr6::ToQt(cell.picture)});
+  }
+  view.setContent(titles, rows);
+}
+
+/// Shows the grid whenever it has changed.
+template <class View>
+RefreshView ShowIn(View& view, const Grid& grid) {
+  return [&grid, &view, shown = GridContent()]() mutable {
+    GridContent content = ContentOf(grid);
+    if (content == shown) return;
+    shown = std::move(content);
+    ShowContent(view, shown);
+  };
+}
+
 /// A name of its own hides the label's text. Where the design says so the user hears of a change at once.
 void TellAssistants(QLabel& view, const QString& words) {
   if (view.accessibleName() == words) return;
@@ -78,17 +106,13 @@ void TellAssistants(QLabel& view, const QString& words) {
 }  // namespace
 
 RefreshView BindGrid(Control& control, QObject& target, const UserAction& act) {
+  auto& grid = static_cast<Grid&>(control);
+  if (auto* const table = qobject_cast<widgets::DataTable*>(&target)) return ShowIn(*table, grid);
   auto* const view = qobject_cast<widgets::SummaryGrid*>(&target);
   if (view == nullptr) return {};
-  auto& grid = static_cast<Grid&>(control);
   QObject::connect(view, &widgets::SummaryGrid::rowDoubleClicked, view,
                    [&grid, act](int row) { act([&grid, row] { grid.DoubleClick(row); }); });
-  return [&grid, view, shown = GridContent()]() mutable {
-    GridContent content = ContentOf(grid);
-    if (content == shown) return;
-    shown = std::move(content);
-    ShowContent(*view, shown);
-  };
+  return ShowIn(*view, grid);
 }
 
 RefreshView BindLabel(Control& control, QObject& target, const UserAction& /*act*/) {

@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QFontDatabase>
 #include <QHash>
 #include <QKeyEvent>
@@ -118,7 +119,9 @@ class PlainTextTie : public QObject {
 RefreshView BindTextArea(Control& control, QObject& target, const UserAction& act) {
   auto* const edit = qobject_cast<QPlainTextEdit*>(&target);
   if (edit == nullptr) return {};
-  edit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  fixed.setPointSizeF(std::max(fixed.pointSizeF(), QApplication::font().pointSizeF()));
+  edit->setFont(fixed);
   edit->setTabChangesFocus(true);
   auto& area = static_cast<TextArea&>(control);
   if (area.ReadOnly()) {

@@ -61,12 +61,18 @@ QString ToolTipOf(const Control& control) {
 
 // What has neither a text nor a label of its own is called what the tool tip of its design says.
 void NameForAssistants(QWidget& widget, const QString& designToolTip, const QWidget& window) {
-  if (!IsInput(widget) || !widget.accessibleName().isEmpty()) return;
+  if (!IsInput(widget)) return;
   const QList<QLabel*> labels = window.findChildren<QLabel*>();
   const bool labelled = std::any_of(labels.begin(), labels.end(),
                                     [&](const QLabel* label) { return label->buddy() == &widget; });
   const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
-  if (!labelled && (button == nullptr || button->text().isEmpty())) widget.setAccessibleName(designToolTip);
+  if (labelled || (button != nullptr && !button->text().isEmpty())) return;
+  if (widget.accessibleName().isEmpty()) widget.setAccessibleName(designToolTip);
+  if (qobject_cast<QComboBox*>(&widget) == nullptr || widget.accessibleName().isEmpty()) return;
+  // Of a drop-down list the toolkit tells the row in place of the name, and its name only as its label.
+  auto* const unseen = new QLabel(widget.accessibleName(), widget.parentWidget());
+  unseen->hide();
+  unseen->setBuddy(&widget);
 }
 
 /// A list with a field of its own has the focus in either.

@@ -149,11 +149,12 @@ void DialogPage::SettleMeasures() {
   dialog_.layout()->setContentsMargins(line, line * 3 / 4, line, line * 3 / 4);
   dialog_.layout()->setSpacing(line * 3 / 4);
   for (QWidget* widget : dialog_.findChildren<QWidget*>()) {
-    if (qobject_cast<QGroupBox*>(widget) != nullptr && widget->layout() != nullptr)
-      widget->layout()->setContentsMargins(line * 2 / 3, gap, line * 2 / 3, gap);
+    if (const auto* const group = qobject_cast<QGroupBox*>(widget); group != nullptr && group->layout())
+      group->layout()->setContentsMargins(group->isFlat() ? QMargins(0, gap / 2, 0, 0)
+                                                          : QMargins(line * 2 / 3, gap, line * 2 / 3, gap));
     if (auto* const field = qobject_cast<QLineEdit*>(widget);
         field != nullptr && field->alignment().testFlag(Qt::AlignRight))
-      field->setFixedWidth(letters.horizontalAdvance('0') * kDigits + line);
+      field->setFixedWidth(letters.horizontalAdvance('0') * kDigits + gap);
     if (qobject_cast<QPushButton*>(widget) != nullptr && widget->parentWidget() == &dialog_)
       widget->setMinimumWidth(letters.averageCharWidth() * kButtonLetters);
   }
@@ -165,7 +166,9 @@ void DialogPage::SettleMeasures() {
 void DialogPage::FollowContents() {
   QSize wanted = dialog_.layout()->totalSizeHint().expandedTo(designed_);
   // Texts in several lines need the more height the narrower they are.
-  wanted.setHeight(std::max(wanted.height(), dialog_.layout()->totalHeightForWidth(wanted.width())));
+  if (dialog_.layout()->hasHeightForWidth())
+    wanted.setHeight(
+        std::max(designed_.height(), dialog_.layout()->totalHeightForWidth(wanted.width())));
   if (wanted == wanted_) return;
   const QSize before = std::exchange(wanted_, wanted);
   const QSize now = dialog_.size();  // a most size that is smaller changes it

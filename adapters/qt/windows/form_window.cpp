@@ -108,6 +108,14 @@ FormWindow::Place FormWindow::PlaceOfForm() const {
   return {form_.Left(), form_.Top(), form_.Width(), form_.Height(), form_.MinWidth(), form_.MinHeight()};
 }
 
+// Texts in several lines need the more height the narrower they are.
+int FormWindow::HeightOfContents(int width, int usual) const {
+  QLayout* const layout = window_->layout();
+  if (layout == nullptr || !layout->hasHeightForWidth()) return usual;
+  layout->activate();
+  return layout->totalHeightForWidth(std::max(width, window_->minimumSizeHint().width()));
+}
+
 // A form without a size of its own takes that of the design; both give way to what the contents need and to
 // the screen. What is centred stays so; nothing begins outside of the screen.
 void FormWindow::SettleFirstPlace() {
@@ -116,14 +124,13 @@ void FormWindow::SettleFirstPlace() {
   QRect screen = QGuiApplication::primaryScreen()->availableGeometry().translated(-Origin());
   if (!window_->windowFlags().testFlag(Qt::FramelessWindowHint))
     screen.setTop(screen.top() + window_->style()->pixelMetric(QStyle::PM_TitleBarHeight));
-  if (!window_->testAttribute(Qt::WA_Resized)) window_->adjustSize();
-  QSize size = form_.Sized() ? QSize(ToPixels(form_.Width()), ToPixels(form_.Height()))
-                             : window_->size().expandedTo(window_->sizeHint());
-  if (QLayout* const layout = window_->layout()) {
-    layout->activate();
-    // Texts in several lines need the more height the narrower they are.
-    size = size.expandedTo({0, layout->totalHeightForWidth(size.width())});
-  }
+  const QSize hint = window_->sizeHint();
+  QSize size = window_->testAttribute(Qt::WA_Resized) ? window_->size() : QSize(0, 0);
+  if (form_.Sized())
+    size = {ToPixels(form_.Width()), ToPixels(form_.Height())};
+  else
+    size.setWidth(std::max(size.width(), hint.width()));
+  size.setHeight(std::max(size.height(), HeightOfContents(size.width(), hint.height())));
   size =
       size.expandedTo(window_->minimumSizeHint()).boundedTo(window_->maximumSize()).boundedTo(screen.size());
   const int wider = ToTwips(size.width()) - form_.Width();

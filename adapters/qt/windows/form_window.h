@@ -38,6 +38,7 @@ class FormWindow : public QObject {
   };
   Place PlaceOfForm() const;
   void SettleFirstPlace();
+  int HeightOfContents(int width, int usual) const;
   void ShowPlace();
   void TakePlace();
   bool WindowEvent(QEvent& event);

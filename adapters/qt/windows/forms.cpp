@@ -12,6 +12,7 @@
 #include "ui_AlarmHistory.h"
 #include "ui_Calculator.h"
 #include "ui_CodeWindow.h"
+#include "ui_CompareWindow.h"
 #include "ui_EditMotor.h"
 #include "ui_EncoderDialog.h"
 #include "ui_EventList.h"
@@ -87,8 +88,9 @@ const std::array kForms{
     FormRow{"ExecStatus", BuildDialog<Ui::ExecStatus>},
     FormRow{"AlarmHistory", BuildDialog<Ui::AlarmHistory>},
     FormRow{"ServoFault", BuildDialog<Ui::ServoFault>},
+    FormRow{"CompareWindow", BuildDialog<Ui::CompareWindow>},
     FormRow{"HelpScreen", Build<QDialog, Ui::HelpScreen>},
-    FormRow{"EventList", Build<QDialog, Ui::EventList>},
+    FormRow{"EventList", BuildDialog<Ui::EventList>},
     FormRow{"SelfTest", BuildDialog<Ui::SelfTest>},
 };
 

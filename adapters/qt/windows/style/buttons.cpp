@@ -91,7 +91,7 @@ void DrawButton(QPainter& painter, const QStyleOption& option) {
   if (Has(option, QStyle::State_Sunken) || Has(option, QStyle::State_On))
     fill = widgets::Mixed(fill, filled ? QColor(Qt::black) : ink, 0.2);
   else if (enabled && Has(option, QStyle::State_MouseOver))
-    fill = widgets::Mixed(fill, filled ? QColor(Qt::black) : palette.color(QPalette::Highlight), 0.12);
+    fill = filled ? widgets::Mixed(fill, Qt::black, 0.12) : Hovered(fill, palette);
   // The ring would be lost on the filled one without room between them.
   const double inset = filled && Has(option, QStyle::State_HasFocus) ? kRingWidth + 1.5 : 0.5;
   painter.save();

@@ -18,6 +18,10 @@ QPalette PaletteOf(Scheme scheme);
 QColor Outline(const QPalette& palette, bool enabled = true);
 /// Of the ring around what has the focus; links have it too.
 QColor Ring(const QPalette& palette);
+/// Of notes and hints: weaker than the text, and still to be read by weak eyes.
+QColor NoteInk(const QColor& ink, const QColor& ground);
+/// What a control is filled with below the mouse.
+QColor Hovered(const QColor& fill, const QPalette& palette);
 /// Behind the selected row of a list that has not got the focus. It carries the ordinary text.
 QColor QuietSelection(const QPalette& palette);
 

@@ -4,22 +4,18 @@
 
 #include "adapters/qt/windows/style/colours.h"
 #include "adapters/qt/windows/style/parts.h"
-#include "adapters/qt/windows/widgets/artwork.h"
 
 namespace kavr6::style {
-namespace {
-
-void DrawChevron(QPainter& painter, const QRectF& box, const QColor& ink) {
-  constexpr double kHalfWidth = 4.0;
-  const QPointF middle = box.center();
+void DrawChevron(QPainter& painter, const QRectF& box, const QColor& ink, double turn, double halfWidth) {
+  painter.save();
+  painter.translate(box.center());
+  painter.rotate(turn);
   painter.setPen(QPen(ink, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.setBrush(Qt::NoBrush);
-  painter.drawPolyline(QPolygonF{middle + QPointF(-kHalfWidth, -kHalfWidth / 2),
-                                 middle + QPointF(0, kHalfWidth / 2),
-                                 middle + QPointF(kHalfWidth, -kHalfWidth / 2)});
+  painter.drawPolyline(
+      QPolygonF{{-halfWidth, -halfWidth / 2}, {0, halfWidth / 2}, {halfWidth, -halfWidth / 2}});
+  painter.restore();
 }
-
-}  // namespace
 
 void DrawRing(QPainter& painter, const QRectF& box, const QPalette& palette, double corner) {
   const double inset = kRingWidth / 2;
@@ -44,6 +40,15 @@ void DrawField(QPainter& painter, const QStyleOption& option, bool filled) {
     DrawRing(painter, option.rect, option.palette, 2);
 }
 
+void DrawGroupFrame(QPainter& painter, const QStyleOption& option, int top) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(option.palette.color(QPalette::Mid));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, top + 0.5, -0.5, -0.5), kCorner, kCorner);
+  painter.restore();
+}
+
 bool DrawDivider(QPainter& painter, const QStyleOptionFrame& option) {
   const bool lying = option.frameShape == QFrame::HLine;
   if (!lying && option.frameShape != QFrame::VLine) return false;
@@ -60,8 +65,7 @@ void DrawComboBox(QPainter& painter, const QStyleOptionComboBox& option, const Q
   const QPalette& palette = option.palette;
   const bool enabled = option.state.testFlag(QStyle::State_Enabled);
   QColor fill = palette.color(option.editable ? QPalette::Base : QPalette::Button);
-  if (enabled && option.state.testFlag(QStyle::State_MouseOver))
-    fill = widgets::Mixed(fill, palette.color(QPalette::Highlight), 0.12);
+  if (enabled && option.state.testFlag(QStyle::State_MouseOver)) fill = Hovered(fill, palette);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Outline(palette, enabled));
@@ -69,7 +73,7 @@ void DrawComboBox(QPainter& painter, const QStyleOptionComboBox& option, const Q
   painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
   if (option.subControls.testFlag(QStyle::SC_ComboBoxArrow))
     DrawChevron(painter, style.subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, widget),
-                palette.color(QPalette::ButtonText));
+                palette.color(QPalette::ButtonText), 0.0, 4.0);
   painter.restore();
   if (enabled && option.state.testFlag(QStyle::State_HasFocus)) DrawRing(painter, option.rect, palette, 3);
 }

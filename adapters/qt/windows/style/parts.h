@@ -3,6 +3,7 @@
 
 #include <QRectF>
 
+class QColor;
 class QPainter;
 class QPalette;
 class QStyle;
@@ -23,6 +24,11 @@ void DrawRing(QPainter& painter, const QRectF& box, const QPalette& palette, dou
 /// Ground and edge of a field, list or text area; the edge is the ring when it has the focus.
 void DrawField(QPainter& painter, const QStyleOption& option, bool filled);
 
+/// A small angle in the middle of `box` that points down, turned by so many degrees with the clock.
+void DrawChevron(QPainter& painter, const QRectF& box, const QColor& ink, double turn, double halfWidth);
+
+/// Quiet as a divider; `top`: the height that the title has above it.
+void DrawGroupFrame(QPainter& painter, const QStyleOption& option, int top);
 /// A line between parts of a window is quieter than the edges of controls. False for any other frame.
 bool DrawDivider(QPainter& painter, const QStyleOptionFrame& option);
 
@@ -34,6 +40,8 @@ bool IsFilled(const QStyleOptionButton& option);
 /// Without the words of the selected row.
 void DrawComboBox(QPainter& painter, const QStyleOptionComboBox& option, const QStyle& style,
                   const QWidget* widget);
+void DrawScrollBar(QPainter& painter, const QStyleOptionSlider& option, const QStyle& style,
+                   const QWidget* widget);
 void DrawSlider(QPainter& painter, const QStyleOptionSlider& option, const QStyle& style,
                 const QWidget* widget);
 

@@ -3,6 +3,7 @@
 #include <QAbstractScrollArea>
 #include <QApplication>
 #include <QEvent>
+#include <QGroupBox>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
@@ -18,11 +19,20 @@ namespace {
 
 /// Room for the ring beside mark and words.
 constexpr int kMarkMargin = 3;
+constexpr double kMarkShare = 0.8;    // of a line's height
+constexpr double kButtonRoom = 0.65;  // beside the words of a button, of a line's height
 
 std::optional<Scheme> pretended;
 
 bool HasFrameOfField(const QWidget* widget) {
   return qobject_cast<const QAbstractScrollArea*>(widget) != nullptr;
+}
+
+/// Above the frame of a group.
+int TitleHeight(const QWidget* widget) {
+  constexpr int kGap = 3;
+  const auto* const group = qobject_cast<const QGroupBox*>(widget);
+  return group == nullptr || group->title().isEmpty() ? 0 : group->fontMetrics().height() + kGap;
 }
 
 /// Typing picks another row in a list with the focus: a person must see which list that is.
@@ -106,6 +116,12 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     case PE_Frame:
       if (HasFrameOfField(widget)) return DrawField(*painter, *option, false);
       break;
+    case PE_FrameGroupBox: {
+      const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+      if (frame == nullptr || !frame->features.testFlag(QStyleOptionFrame::Flat))
+        DrawGroupFrame(*painter, *option, TitleHeight(widget));
+      return;
+    }
     case PE_FrameFocusRect:
       // The selected row of a list is told by its colour.
       if (!option->state.testFlag(State_Item) || !option->state.testFlag(State_Selected))
@@ -159,6 +175,9 @@ void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOption
   if (const auto* const slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
       control == CC_Slider && slider != nullptr)
     return DrawSlider(*painter, *slider, *this, widget);
+  if (const auto* const bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+      control == CC_ScrollBar && bar != nullptr)
+    return DrawScrollBar(*painter, *bar, *this, widget);
   QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
@@ -195,13 +214,25 @@ QRect ProgramStyle::subElementRect(SubElement element, const QStyleOption* optio
 QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                      const QWidget* widget) const {
   const QSize usual = QProxyStyle::sizeFromContents(type, option, size, widget);
-  const bool marked = type == CT_CheckBox || type == CT_RadioButton;
-  return marked ? usual + QSize(2 * kMarkMargin, 2) : usual;
+  const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
+  if (type == CT_CheckBox || type == CT_RadioButton) return usual + QSize(2 * kMarkMargin, 2);
+  if (type != CT_PushButton || button == nullptr || button->text.size() < 2) return usual;
+  return usual.expandedTo({size.width() + qRound(2 * kButtonRoom * button->fontMetrics.height()), 0});
 }
 
 int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
-  const bool ringed = metric == PM_DefaultFrameWidth && HasFrameOfField(widget);
-  return ringed ? static_cast<int>(kRingWidth) : QProxyStyle::pixelMetric(metric, option, widget);
+  const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+  switch (metric) {
+    case PM_DefaultFrameWidth:
+      return HasFrameOfField(widget) ? static_cast<int>(kRingWidth) : usual;
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+      return widget == nullptr ? usual : std::max(usual, qRound(kMarkShare * widget->fontMetrics().height()));
+    default:
+      return usual;
+  }
 }
 
 int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -4,4 +4,5 @@ set(STYLE_SOURCES
     style/colours.cpp
     style/fields.cpp
     style/program_style.cpp
+    style/scroll_bars.cpp
     style/sliders.cpp)

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+#include <QXmlStreamReader>
 
 // The macro works only outside of namespaces.
 static bool LoadArtwork() {
@@ -42,9 +43,17 @@ QPixmap ArtworkPixmap(const QString& name, const QSize& size, qreal devicePixelR
 QSizeF SvgSize(const QString& path) {
   static QHash<QString, QSizeF> known;
   if (const auto found = known.constFind(path); found != known.constEnd()) return *found;
-  const QSvgRenderer renderer(path);
-  if (!renderer.isValid()) return {};
-  return *known.insert(path, renderer.defaultSize());
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  // The head alone tells it; to read the whole drawing takes as long as to draw it.
+  QXmlStreamReader head(&file);
+  if (!head.readNextStartElement() || head.name() != QLatin1String("svg")) return {};
+  const auto length = [&head](const char* name) {
+    return head.attributes().value(QLatin1String(name)).toDouble();
+  };
+  QSizeF size(length("width"), length("height"));
+  if (size.isEmpty()) size = QSvgRenderer(path).defaultSize();  // told by what it shows
+  return *known.insert(path, size);
 }
 
 QPixmap SvgPixmap(const QString& path, const QSize& size, qreal devicePixelRatio, const QColor& ink) {

@@ -12,7 +12,7 @@ namespace {
 constexpr double kTimes = 3.2;  // the size of the letters around it
 constexpr int kUsualLength = 9;
 constexpr int kLeastLength = 6;
-constexpr double kLeastHeight = 0.7;
+constexpr double kLeastHeight = 0.6;
 
 double FigureWidth(const QFontMetricsF& metrics) {
   double widest = 0;

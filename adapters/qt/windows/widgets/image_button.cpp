@@ -56,7 +56,7 @@ void ImageButton::PaintTile(QPainter& painter) const {
   if (isDown())
     fill = Mixed(face, ink, 0.18);
   else if (hovered)
-    fill = Mixed(face, palette().color(QPalette::Highlight), 0.22);
+    fill = style::Hovered(fill, palette());
   painter.setPen(style::Outline(palette(), isEnabled()));
   painter.setBrush(fill);
   constexpr double kTileCorner = 6.0;

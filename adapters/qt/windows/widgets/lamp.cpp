@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "adapters/qt/windows/widgets/artwork.h"
+#include "adapters/qt/windows/style/colours.h"
 
 namespace kavr6::widgets {
 namespace {
@@ -56,9 +56,7 @@ void Lamp::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const double side = std::min(width(), height()) - 2.0;
   const QRectF box(QPointF((width() - side) / 2, (height() - side) / 2), QSizeF(side, side));
-  const QColor ground = palette().color(QPalette::Window);
-  const QColor edge = Mixed(ground, palette().color(QPalette::WindowText), 0.65);
-  painter.setPen(QPen(edge, 1.2));
+  painter.setPen(QPen(style::Outline(palette()), 1.2));
   if (state_ != 0) painter.setBrush(QColor::fromRgba(kFills[static_cast<std::size_t>(state_)]));
   const QRectF inner = box.adjusted(1, 1, -1, -1);
   switch (state_) {

@@ -5,14 +5,14 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
+#include "adapters/qt/windows/style/colours.h"
 #include "adapters/qt/windows/widgets/artwork.h"
 
 namespace kavr6::widgets {
 namespace {
 
 constexpr int kPadding = 10;
-constexpr int kLettersOfLine = 50;  // of what stands below the caption
-constexpr double kGrey = 0.68;      // share of the letters' colour in grey ones
+constexpr int kLettersOfLine = 55;  // of what stands below the caption
 
 }  // namespace
 
@@ -26,7 +26,9 @@ void PictureButton::setPicture(const QString& name) {
 }
 
 QSize PictureButton::sizeHint() const {
-  const int words = fontMetrics().averageCharWidth() * kLettersOfLine;
+  QFont plain = font();  // the marked one, which is bold, is no wider
+  plain.setBold(false);
+  const int words = QFontMetrics(plain).averageCharWidth() * kLettersOfLine;
   return {PictureHeight() + words + 3 * kPadding, 3 * fontMetrics().lineSpacing() + 2 * kPadding};
 }
 
@@ -66,8 +68,8 @@ void PictureButton::paintEvent(QPaintEvent*) {
                        isEnabled(), text(), QPalette::ButtonText);
   // It says why a button is greyed: readable there as well.
   const QPalette all = palette();
-  painter.setPen(Mixed(all.color(QPalette::Active, QPalette::Button),
-                       all.color(QPalette::Active, QPalette::ButtonText), kGrey));
+  painter.setPen(style::NoteInk(all.color(QPalette::Active, QPalette::ButtonText),
+                                all.color(QPalette::Active, QPalette::Button)));
   QFont plain = font();
   plain.setBold(false);
   painter.setFont(plain);

@@ -11,15 +11,16 @@ namespace {
 /// Between text and note, in widths of a letter.
 constexpr int kGap = 2;
 
-/// Weaker than the text, and still to be read by weak eyes.
-QColor weakened(const QColor& text, const QColor& ground) {
-  const auto mixed = [](int a, int b) { return (66 * a + 34 * b) / 100; };
-  return {mixed(text.red(), ground.red()), mixed(text.green(), ground.green()),
-          mixed(text.blue(), ground.blue())};
-}
-
 QStyle& styleOf(const QStyleOptionViewItem& option) {
   return option.widget != nullptr ? *option.widget->style() : *QApplication::style();
+}
+
+QColor InkOf(const QStyleOptionViewItem& row, QPalette::ColorGroup group) {
+  const QColor text = row.palette.color(group, QPalette::Text);
+  // What is selected has no contrast to spare.
+  if (style::ShowsQuietSelection(row, row.widget)) return text;
+  if (row.state.testFlag(QStyle::State_Selected)) return row.palette.color(group, QPalette::HighlightedText);
+  return style::NoteInk(text, row.palette.color(group, QPalette::Base));
 }
 
 }  // namespace
@@ -40,18 +41,13 @@ void RowNotes::paint(QPainter* painter, const QStyleOptionViewItem& option, cons
   room.adjust(
       margin + row.fontMetrics.horizontalAdvance(row.text) + kGap * row.fontMetrics.averageCharWidth(), 0,
       -margin, 0);
-  const bool selected =
-      row.state.testFlag(QStyle::State_Selected) && !style::ShowsQuietSelection(row, row.widget);
   const QPalette::ColorGroup group = !row.state.testFlag(QStyle::State_Enabled) ? QPalette::Disabled
                                      : row.state.testFlag(QStyle::State_Active) ? QPalette::Active
                                                                                 : QPalette::Inactive;
   const Qt::TextElideMode elide = width_ == Width::Whole ? Qt::ElideMiddle : Qt::ElideRight;
   painter->save();
   painter->setFont(row.font);
-  // What is selected has no contrast to spare.
-  painter->setPen(selected ? row.palette.color(group, QPalette::HighlightedText)
-                           : weakened(row.palette.color(group, QPalette::Text),
-                                      row.palette.color(group, QPalette::Base)));
+  painter->setPen(InkOf(row, group));
   painter->drawText(room, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
                     row.fontMetrics.elidedText(note, elide, room.width()));
   painter->restore();

@@ -4,6 +4,7 @@ set(WIDGET_SOURCES
     widgets/big_number.cpp
     widgets/big_slider.cpp
     widgets/connector_line.cpp
+    widgets/data_table.cpp
     widgets/drive_panel.cpp
     widgets/drive_picture.cpp
     widgets/drive_stage.cpp

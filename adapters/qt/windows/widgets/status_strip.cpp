@@ -85,14 +85,14 @@ void StatusStrip::Place() {
   update();
 }
 
-/// The first ones give way first, and then have what the others have left over.
+// The first text names a device: its folders go last of all. What the others have left over is shared out.
 std::vector<int> StatusStrip::WidthsIn(const Texts& row) const {
-  std::vector<int> widths;
+  std::vector<int> widths(row.size());
   int room = width() - WidthOf(row, false);
-  for (const StatusText* text : row) {
-    const int whole = text->sizeHint().width();
-    widths.push_back(room < 0 ? text->FittingWidth(whole + room) : whole);
-    room += whole - widths.back();
+  for (std::size_t i = row.size(); i-- > 0;) {
+    const int whole = row[i]->sizeHint().width();
+    widths[i] = room < 0 ? row[i]->FittingWidth(whole + room) : whole;
+    room += whole - widths[i];
   }
   for (std::size_t i = 0; i < row.size() && room > 0; ++i) {
     const int given = std::exchange(widths[i], row[i]->FittingWidth(widths[i] + room));
@@ -121,7 +121,7 @@ void StatusStrip::PlaceRow(const Texts& row, int top) {
 
 void StatusStrip::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  painter.setPen(Mixed(palette().color(QPalette::Window), palette().color(QPalette::WindowText), 0.4));
+  painter.setPen(palette().color(QPalette::Mid));
   for (const QPoint& separator : separators_)
     painter.drawLine(separator.x(), separator.y() + 3, separator.x(), separator.y() + RowHeight() - 4);
 }

@@ -10,8 +10,8 @@ class StatusText;
 
 /// Lays its children in a row, pairs of a Picture and a StatusText in the order of their creation, each as
 /// wide as its words; a text with the property "joined" belongs to the cell before it. Where the room is
-/// short the words of the first cell give way first, then those of the next; where even the shortest do not
-/// fit, what begins with the text that has the property "breaks" goes into a second row.
+/// short the words of the last cell give way first, then those before it; where even the shortest do not fit,
+/// what begins with the text that has the property "breaks" goes into a second row.
 class StatusStrip : public QWidget {
   Q_OBJECT
 

@@ -50,7 +50,7 @@ void StripChart::setContent(QVector<Strip> strips, double span, bool held) {
 QSize StripChart::sizeHint() const { return {fontMetrics().height() * 30, fontMetrics().height() * 14}; }
 
 QSize StripChart::minimumSizeHint() const {
-  return {fontMetrics().height() * 14, fontMetrics().height() * 9};
+  return {fontMetrics().height() * 14, fontMetrics().height() * 8};
 }
 
 void StripChart::paintEvent(QPaintEvent*) {
@@ -78,7 +78,7 @@ void StripChart::PaintTimes(QPainter& painter, const QRectF& plot) const {
   const QString end = held_ ? tr("held") : tr("last value");
   painter.setPen(ink);
   painter.drawText(below, Qt::AlignRight | Qt::AlignBottom, end);
-  const double room = below.right() - 2 * kGap - fontMetrics().horizontalAdvance(end);
+  const double room = below.right() - fontMetrics().height() - fontMetrics().horizontalAdvance(end);
   for (int minute = 1; minute * kMinute <= span_; ++minute) {
     const double x = plot.right() - minute * kMinute / span_ * plot.width();
     painter.setPen(QPen(Mixed(ground, ink, 0.25), 1, Qt::DotLine));
@@ -97,7 +97,7 @@ void StripChart::PaintStrip(QPainter& painter, const Strip& strip, const QRectF&
   const QColor ink = palette().color(QPalette::Text);
   QColor sheet = base;
   sheet.setAlphaF(0.6F);
-  painter.setPen(QPen(Mixed(base, ink, 0.3), 1));
+  painter.setPen(QPen(palette().color(QPalette::Mid), 1));
   painter.setBrush(sheet);
   painter.drawRect(box);
   const QRectF whole = box.adjusted(kGap, kGap, -kGap, -kGap);
@@ -118,7 +118,9 @@ void StripChart::PaintStrip(QPainter& painter, const Strip& strip, const QRectF&
     painter.setPen(QPen(Mixed(palette().color(QPalette::Highlight), ink, 0.25), 1.6));
     painter.drawPath(path);
     painter.setPen(palette().color(QPalette::WindowText));
-    const QRectF beside(box.right() + kGap, inside.top() - kGap, width(), inside.height() + 2 * kGap);
+    QRectF beside(box.right() + kGap, inside.top() - kGap, width(), inside.height() + 2 * kGap);
+    // Of a low strip all the height, so that the two figures keep clear of each other.
+    if (beside.height() < 2 * fontMetrics().height()) beside.setTop(box.top());
     const bool flat = scale.least == scale.most;
     painter.drawText(beside, Qt::AlignLeft | (flat ? Qt::AlignVCenter : Qt::AlignTop), Figures(scale.most));
     if (!flat) painter.drawText(beside, Qt::AlignLeft | Qt::AlignBottom, Figures(scale.least));

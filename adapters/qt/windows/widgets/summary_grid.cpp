@@ -5,11 +5,13 @@
 #include <QKeyEvent>
 #include <QLocale>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <algorithm>
 #include <array>
 #include <numeric>
 
+#include "adapters/qt/windows/style/colours.h"
 #include "adapters/qt/windows/widgets/artwork.h"
 
 namespace kavr6::widgets {
@@ -17,7 +19,6 @@ namespace {
 
 constexpr int kTwipsPerPixel = 15;
 constexpr int kTextMargin = 6;
-constexpr double kPaleInk = 0.62;  // grey, and still to be read at a glance
 constexpr int kTitleRole = Qt::UserRole;
 constexpr int kPictureRole = Qt::UserRole + 1;
 constexpr int kHintRole = Qt::UserRole + 2;
@@ -60,7 +61,7 @@ class RowPainter : public QStyledItemDelegate {
     font.setBold(title);
     painter->setFont(font);
     const bool hint = !index.data(kHintRole).toString().isEmpty();
-    const QColor pale = Mixed(palette.color(QPalette::Base), ink, kPaleInk);
+    const QColor pale = style::NoteInk(ink, palette.color(QPalette::Base));
     painter->setPen(current ? palette.color(QPalette::HighlightedText) : hint ? pale : ink);
     PaintText(*painter, option, index);
     painter->restore();
@@ -215,8 +216,12 @@ QSize SummaryGrid::sizeHint() const {
 }
 
 QSize SummaryGrid::minimumSizeHint() const {
-  const int words = fontMetrics().horizontalAdvance("Motion OutClose to release");
-  return {words + 4 * kTextMargin + 8, 8 * fontMetrics().height()};
+  QFont bold = font();
+  bold.setBold(true);
+  const int title = QFontMetrics(bold).horizontalAdvance("Regen resistor (external)") + 2 * kTextMargin;
+  const int words = fontMetrics().horizontalAdvance("Motion OutClose to release") + 4 * kTextMargin;
+  const int bar = verticalScrollBar()->sizeHint().width();
+  return {std::max(title, words) + bar + 2 * frameWidth(), 8 * fontMetrics().height()};
 }
 
 void SummaryGrid::keyPressEvent(QKeyEvent* event) {

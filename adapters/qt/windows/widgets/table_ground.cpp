@@ -7,6 +7,16 @@
 
 namespace kavr6::widgets {
 
+// Names keep clear of the frame around the column beside them.
+void TableGround::showEvent(QShowEvent* event) {
+  if (const auto* const grid = qobject_cast<QGridLayout*>(layout()))
+    for (int row = 1; row < grid->rowCount(); ++row)
+      if (QLayoutItem* const name = grid->itemAtPosition(row, 0);
+          name != nullptr && name->widget() != nullptr)
+        name->widget()->setContentsMargins(0, 0, fontMetrics().averageCharWidth(), 0);
+  QWidget::showEvent(event);
+}
+
 void TableGround::paintEvent(QPaintEvent*) {
   const auto* const grid = qobject_cast<QGridLayout*>(layout());
   if (grid == nullptr) return;

@@ -21,6 +21,7 @@ class TableGround : public QWidget {
   }
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
