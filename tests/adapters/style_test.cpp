@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QSlider>
 #include <QStyleOptionButton>
@@ -285,6 +286,24 @@ TEST(PicturesOfPages, StandOutOnEitherGround) {
     }
   }
   EXPECT_GT(colours, 50);
+}
+
+TEST(ScrollBars, NothingStandsInTheCornerBetweenThem) {
+  style::UseProgramStyle();
+  QScrollArea area;
+  auto* const page = new QWidget;
+  page->setMinimumSize(400, 400);
+  area.setWidget(page);
+  area.resize(200, 200);
+  area.show();
+  QCoreApplication::processEvents();
+  const QImage image = area.grab().toImage();
+  const int left = area.verticalScrollBar()->mapTo(&area, QPoint()).x();
+  const int top = area.horizontalScrollBar()->mapTo(&area, QPoint()).y();
+  ASSERT_LT(left, area.width());
+  ASSERT_LT(top, area.height());
+  for (int i = 2; i < 8; ++i)
+    EXPECT_EQ(image.pixelColor(left + i, top), area.palette().color(QPalette::Window)) << i;
 }
 
 /// Pixels that differ by at least the contrast that a ring must have.
