@@ -154,9 +154,10 @@ Comparison Compare(const ComparedSide& left, const ComparedSide& right) {
     for (ComparedSetting& data :
          OtherData({*mine.image, mine.stored}, {*other.image, other.stored}, differing))
       result.settings.push_back(std::move(data));
-  const auto rest = std::ranges::stable_partition(
-      result.settings, [](const ComparedSetting& setting) { return setting.likeness == Likeness::Differs; });
-  result.differing = static_cast<int>(rest.begin() - result.settings.begin());
+  const auto rest = std::stable_partition(
+      result.settings.begin(), result.settings.end(),
+      [](const ComparedSetting& setting) { return setting.likeness == Likeness::Differs; });
+  result.differing = static_cast<int>(rest - result.settings.begin());
   return result;
 }
 

@@ -43,7 +43,7 @@ void Tour::Upload() {
 }
 
 void Tour::CompareSettings() {
-  stage_.Step("Compare with Drive: what differs is shown, then taken from the drive; the file holds the same");
+  stage_.Step("Compare with Drive: what differs is shown, then taken from the drive");
   program_.settings.Speed = 99.0;
   program_.settings.RS485Addr = "B";
   desktop_.CallAfter(0.6, [this] {

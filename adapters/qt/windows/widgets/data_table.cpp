@@ -74,11 +74,17 @@ void DataTable::Fit() {
   verticalHeader()->setDefaultSectionSize(height * 3 / 2);
   for (int row = 0; row < rowCount(); ++row) {
     const QString picture = item(row, 0)->data(kPictureRole).toString();
-    if (!picture.isEmpty())
-      item(row, 0)->setIcon(ArtworkPixmap(picture, {height, height}, devicePixelRatioF(), ink));
+    QIcon icon;
+    if (!picture.isEmpty()) {
+      const QPixmap sign = ArtworkPixmap(picture, {height, height}, devicePixelRatioF(), ink);
+      icon.addPixmap(sign);
+      icon.addPixmap(sign, QIcon::Selected);  // else its colour would drown in that of the picked row
+    }
+    item(row, 0)->setIcon(icon);
   }
   if (columnCount() == 0) return;
   std::vector<int> widths;
+  widths.reserve(static_cast<std::size_t>(columnCount()));
   for (int column = 0; column < columnCount(); ++column)
     widths.push_back(std::max(sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column)) +
                      height / 2);

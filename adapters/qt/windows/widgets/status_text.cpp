@@ -35,7 +35,9 @@ QSize StatusText::sizeHint() const {
   return {fontMetrics().horizontalAdvance(text()) + 1, QLabel::sizeHint().height()};
 }
 
-QSize StatusText::minimumSizeHint() const { return {FittingWidth(0), QLabel::minimumSizeHint().height()}; }
+QSize StatusText::minimumSizeHint() const {
+  return {fontMetrics().horizontalAdvance(Wordings().last()) + 1, QLabel::minimumSizeHint().height()};
+}
 
 void StatusText::paintEvent(QPaintEvent*) {
   QPainter painter(this);
