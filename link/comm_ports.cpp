@@ -132,7 +132,8 @@ void CommPorts::AwaitDevice() {
   if (!watch_)
     watch_ = line_.comm.WatchDevices(DeviceNews::Devices, [this] {
       // A refused attempt may be news by itself, of the lock file that it has made; it is repeated anyway.
-      if (refusedAt_ && line_.pump.Now() - *refusedAt_ < kOwnNews) return;
+      const bool own = refusedAt_ && line_.pump.Now() - *refusedAt_ < kOwnNews;
+      if (own && line_.comm.DeviceBack(state_.CommNumber)) return;
       newsHeard_ = true;
       TryAnew();
     });
@@ -149,7 +150,6 @@ void CommPorts::StopAwaiting() {
 }
 
 void CommPorts::TryAnew() {
-  refusedAt_.reset();
   refusals_ = 0;
   Reopen();
   if (!line_.comm.PortOpen()) StillClosed.Raise();
@@ -157,6 +157,7 @@ void CommPorts::TryAnew() {
 
 void CommPorts::Reopen() {
   line_.pump.Cancel(attempt_);
+  refusedAt_.reset();
   if (line_.comm.PortOpen()) return;
   const bool back = line_.comm.DeviceBack(state_.CommNumber);
   gone_ = gone_ || !back;

@@ -156,7 +156,9 @@ void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b
 }
 
 void ReceivePath::RevisionTold() {
-  if (state_.Drive.Doubtful()) return state_.Drive.Heard();
+  const DriveRecord& drive = state_.Drive;
+  // A revision alone does not tell whether it is still the model that is known.
+  if (drive.Doubtful() || (drive.Known() && !drive.Sure())) return state_.Drive.Heard();
   state_.Drive.Identified(state_.DspRev, state_.Drive.ModelCode());
   state_.Drive.LetterIs(state_.MinorRev);
 }

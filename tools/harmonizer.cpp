@@ -8,6 +8,7 @@
 #include "core/numbers.h"
 #include "link/wire.h"
 #include "platform/runtime_error.h"
+#include "tools/power_up_capture.h"
 
 namespace kavr6 {
 namespace {
@@ -219,8 +220,8 @@ void Harmonizer::ProcessChar(std::uint8_t byte) {
 
 void Harmonizer::AnswerPowerUp() {
   line_.comm.Output(kTakeUpText);
-  line_.state.Drive.Restarted(RevisionOf(static_cast<unsigned char>(PowerUpText[1])),
-                              static_cast<unsigned char>(PowerUpText[2]));
+  TellRestart(line_.state.Drive, static_cast<std::uint8_t>(PowerUpText[1]),
+              static_cast<std::uint8_t>(PowerUpText[2]));
   PowerUpText.erase(0, kMessageSize);
   Send("PR1");
   // A timer and no wait in here: of a flood of announcements each would wait inside the one before. The last

@@ -8,6 +8,7 @@ namespace {
 
 constexpr std::uint8_t kAnnouncement = static_cast<std::uint8_t>(MessageHeader::PowerUp);
 constexpr int kFirstSilentModel = 100;
+constexpr int kSevenBits = 128;
 
 }  // namespace
 
@@ -20,10 +21,14 @@ bool PowerUpCapture::Take(std::uint8_t byte) {
   return true;
 }
 
+void TellRestart(DriveRecord& drive, std::uint8_t revision, std::uint8_t model) {
+  if (revision < kSevenBits && model < kSevenBits) drive.Restarted(RevisionOf(revision), model);
+}
+
 void AnswerPowerUp(const DriveLine& line, std::uint8_t revision, std::uint8_t model) {
   if (model < kFirstSilentModel) line.comm.Output(kTakeUpText);
   line.boxes.Beep();
-  line.state.Drive.Restarted(RevisionOf(revision), model);
+  TellRestart(line.state.Drive, revision, model);
   line.state.DriveVersion = ShownRevision(RevisionOf(revision), {});
 }
 

@@ -25,6 +25,10 @@ class PowerUpCapture {
   bool InPowerUp = false;
 };
 
+/// Tells the record that the drive has started, where these can be the bytes of an announcement that has come
+/// whole: in a message they are below 128.
+void TellRestart(DriveRecord& drive, std::uint8_t revision, std::uint8_t model);
+
 /// What terminal and monitor do about an announcement: the answer that takes up the text session again, for
 /// model bytes below 100; a beep; DriveVersion without a letter.
 void AnswerPowerUp(const DriveLine& line, std::uint8_t revision, std::uint8_t model);

@@ -122,6 +122,8 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
         DrawGroupFrame(*painter, *option, TitleHeight(widget));
       return;
     }
+    case PE_PanelScrollAreaCorner:
+      return painter->fillRect(option->rect, option->palette.window());
     case PE_FrameFocusRect:
       // The selected row of a list is told by its colour.
       if (!option->state.testFlag(State_Item) || !option->state.testFlag(State_Selected))
