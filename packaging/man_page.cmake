@@ -2,7 +2,6 @@
 execute_process(COMMAND "${PROGRAM}" --help OUTPUT_VARIABLE help COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE "\\" "\\\\" help "${help}")
 string(REPLACE "-" "\\-" help "${help}")
-string(REPLACE ";" "\\;" help "${help}")
 
 # section(NAME OUT): the lines below the heading NAME, as entries where a line has two columns.
 function(section name out)

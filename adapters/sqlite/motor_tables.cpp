@@ -2,6 +2,7 @@
 
 #include "adapters/sqlite/motor_catalogue.h"
 #include "motor/motor_table.h"
+#include "platform/path_text.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
@@ -11,7 +12,7 @@ void MakeOwnFile(const std::filesystem::path& file) {
   std::error_code error;
   std::filesystem::create_directories(file.parent_path(), error);
   if (error)
-    throw RuntimeError(kTableUnreachable, "The folder \"" + file.parent_path().string() +
+    throw RuntimeError(kTableUnreachable, "The folder \"" + PathText(file.parent_path()) +
                                               "\" cannot be made: " + error.message() + ".");
   EnsureMotorFile(file);
 }

@@ -6,6 +6,7 @@
 
 #include "dialogs/numeric_entry.h"
 #include "motor/dialogs/unit_list.h"
+#include "platform/path_text.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
@@ -181,7 +182,7 @@ void TellWhatBecameOf(const std::string& name, const AppendedMotor& appended, De
               .icon = BoxIcon::Exclamation});
   else if (!appended.elsewhere.empty())
     desk.Ask({.text = motor + " was not in the motor database.  It has been added to your own motors, in " +
-                      appended.elsewhere.string() + ".",
+                      PathText(appended.elsewhere) + ".",
               .icon = BoxIcon::Information});
 }
 

@@ -12,7 +12,7 @@ _kavr6() {
       mapfile -t candidates < <("$1" ports 2>/dev/null | cut -d ' ' -f 1)
       ;;
     *)
-      if grep -q "^  $before [A-Z]" <<< "$help"; then
+      if [[ $before == --* ]] && grep -q -- "^  $before [A-Z]" <<< "$help"; then
         :  # its value is a file
       elif [[ $word == -* ]]; then
         mapfile -t candidates < <(sed -n '/^Options/,/^$/s/^  \(--[^ ]*\).*/\1/p' <<< "$help")
