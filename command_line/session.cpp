@@ -11,7 +11,8 @@ namespace kavr6 {
 namespace {
 
 constexpr const char* kLineSettings = "9600,N,8,1";
-constexpr double kLateAnswers = 1.0;  // seconds; no answer is awaited for longer
+constexpr double kMessageTime = 0.005;  // seconds; three bytes take 3.1 ms
+constexpr double kLateAnswers = 1.0;    // seconds; no answer is awaited for longer
 
 /// A load inertia that stands as it does at every start has not been set by anybody.
 bool InertiaIsAtStart(const Settings& settings) {
@@ -79,6 +80,9 @@ ExitCode DriveSession::OpenPort(const std::string& port, int deviceNumber) {
   }
   machine_.comm.SetRThreshold(1);
   machine_.comm.SetParityReplace("");
+  // Of a message that is under way only the end comes, which must not become the beginning of an answer.
+  Delay(line.pump, kMessageTime);
+  receive.Clear();
   return ExitCode::Done;
 }
 

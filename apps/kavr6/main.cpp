@@ -63,6 +63,7 @@ int Run(const CommandOptions& options, const fs::path& directory) {
   return static_cast<int>(code);
 }
 
+#ifdef Q_OS_UNIX
 /// A standard stream that is closed must not become one of the descriptors that are opened later.
 void HoldStandardStreams() {
   int descriptor = STDIN_FILENO;
@@ -70,14 +71,17 @@ void HoldStandardStreams() {
     descriptor = open("/dev/null", O_RDONLY | O_CLOEXEC);
   close(descriptor);
 }
+#endif
 
 }  // namespace
 }  // namespace kavr6
 
 int main(int argc, char** argv) {
   using namespace kavr6;
+#ifdef Q_OS_UNIX
   HoldStandardStreams();
   std::signal(SIGPIPE, SIG_IGN);  // an output that has been closed is told as an error
+#endif
   const std::vector<std::string> words(argv + 1, argv + argc);
   CommandOptions options;
   try {

@@ -1,5 +1,4 @@
 #include "adapters/qt/base/file_store.h"
-
 #include <QTemporaryDir>
 #include <csignal>
 #include <filesystem>
@@ -11,6 +10,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "adapters/qt/base/text.h"
+#include "adapters/qt/base/text.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
@@ -55,6 +56,11 @@ TEST_F(DiskFilesTest, FailureNamesItsCauseAndLeavesWhatWasThere) {
     EXPECT_EQ(ErrorOf([&, n = name] { files.Replace(In(n), "new"); }), saving);
   }
   EXPECT_EQ(files.Read(In("locked")), "old");
+}
+
+TEST_F(DiskFilesTest, WordsOfTheSystemGoIntoASentenceWithoutTheirFullStop) {
+  EXPECT_EQ(WithoutFullStop("The volume is gone.\r\n"), "The volume is gone");
+  EXPECT_EQ(WithoutFullStop("No space left on device"), "No space left on device");
 }
 
 TEST_F(DiskFilesTest, FileThatCannotBeWrittenToItsEndKeepsItsOldContentAndLeavesNothingBeside) {

@@ -2,10 +2,15 @@
 
 #include <QFileInfo>
 #include <QSaveFile>
+#include <algorithm>
+#include <array>
 #include <cerrno>
 
 #ifdef Q_OS_UNIX
 #include <unistd.h>
+#endif
+#ifdef Q_OS_WIN
+#include <windows.h>
 #endif
 
 #include "adapters/qt/base/text.h"
@@ -29,7 +34,9 @@ constexpr QFile::Permissions kAnyWrite = QFile::WriteOwner | QFile::WriteGroup |
   throw RuntimeError(number, FromQt(cause));
 }
 
-QString WithSmallInitial(QString text) {
+/// The system's words, to go on within a sentence.
+QString Clause(const QString& words) {
+  QString text = WithoutFullStop(words);
   if (!text.isEmpty()) text[0] = text[0].toLower();
   return text;
 }
@@ -61,18 +68,24 @@ void RequireReplaceable(const QFileInfo& file) {
     Fail(kAccessError, file.filePath() + " is read-only");
 }
 
-[[noreturn]] void FailWriting(int systemError) {
-#ifdef Q_OS_UNIX
-  if (systemError == EDQUOT) Fail(kDiskFull, "the disk is full");
+#ifdef Q_OS_WIN
+constexpr std::array kDiskFullErrors{ERROR_DISK_FULL, ERROR_HANDLE_DISK_FULL};
+int SystemError() { return static_cast<int>(GetLastError()); }
+#else
+constexpr std::array kDiskFullErrors{ENOSPC, EDQUOT};
+int SystemError() { return errno; }
 #endif
-  if (systemError == ENOSPC) Fail(kDiskFull, "the disk is full");
-  Fail(kDeviceError, WithSmallInitial(qt_error_string(systemError)));
+
+[[noreturn]] void FailWriting(int systemError) {
+  if (std::ranges::find(kDiskFullErrors, systemError) != kDiskFullErrors.end())
+    Fail(kDiskFull, "the disk is full");
+  Fail(kDeviceError, Clause(qt_error_string(systemError)));
 }
 
 void WriteAll(QSaveFile& file, std::string_view content) {
   while (!content.empty()) {
     const qint64 written = file.write(content.data(), static_cast<qint64>(content.size()));
-    if (written <= 0) FailWriting(errno);
+    if (written <= 0) FailWriting(SystemError());
     content.remove_prefix(static_cast<std::size_t>(written));
   }
 #ifdef Q_OS_UNIX
@@ -91,10 +104,10 @@ std::string DiskFiles::Read(const std::string& name) const {
     RequireFolder(target);
     if (!target.exists()) Fail(kFileNotFound, "the file " + target.filePath() + " is not there");
     if (!target.isReadable()) Fail(kPermissionDenied, "there is no permission to read " + target.filePath());
-    Fail(kDeviceError, WithSmallInitial(file.errorString()));
+    Fail(kDeviceError, Clause(file.errorString()));
   }
   const QByteArray content = file.read(static_cast<qint64>(kMostBytes));
-  if (file.error() != QFileDevice::NoError) Fail(kDeviceError, WithSmallInitial(file.errorString()));
+  if (file.error() != QFileDevice::NoError) Fail(kDeviceError, Clause(file.errorString()));
   return content.toStdString();
 }
 
@@ -106,10 +119,10 @@ void DiskFiles::Replace(const std::string& name, std::string_view content) {
   if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
     RequireFolder(target);
     Fail(kAccessError, "the folder " + target.absolutePath() + " cannot be written to (" +
-                           WithSmallInitial(file.errorString()) + ")");
+                           Clause(file.errorString()) + ")");
   }
   WriteAll(file, content);
-  if (!file.commit()) Fail(kAccessError, WithSmallInitial(file.errorString()));
+  if (!file.commit()) Fail(kAccessError, Clause(file.errorString()));
 }
 
 }  // namespace kavr6

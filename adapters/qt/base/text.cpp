@@ -2,6 +2,12 @@
 
 namespace kavr6 {
 
+QString WithoutFullStop(QString text) {
+  text = text.trimmed();
+  while (text.endsWith('.')) text.chop(1);
+  return text;
+}
+
 QString ShownCaption(const QString& caption) {
   QString shown;
   shown.reserve(caption.size());

@@ -9,6 +9,9 @@ namespace kavr6 {
 inline QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 inline std::string FromQt(const QString& text) { return text.toStdString(); }
 
+/// What the system says of an error, to stand within a sentence: some of its texts are sentences themselves.
+QString WithoutFullStop(QString text);
+
 /// A caption as a person reads it: mnemonics gone, a doubled ampersand a single one.
 QString ShownCaption(const QString& caption);
 

@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "adapters/qt/base/text.h"
+#include "platform/path_text.h"
+
 namespace kavr6 {
 
 FolderWatch::FolderWatch(Scheduler& scheduler, std::function<std::vector<std::filesystem::path>()> folders,
@@ -14,7 +17,7 @@ FolderWatch::FolderWatch(Scheduler& scheduler, std::function<std::vector<std::fi
 void FolderWatch::LookAtFolders() {
   QStringList missing;
   for (const std::filesystem::path& folder : folders_()) {
-    const QString name = QString::fromStdString(folder.string());
+    const QString name = ToQt(PathText(folder));
     if (!name.isEmpty() && !watcher_.directories().contains(name)) missing << name;
   }
   if (!missing.isEmpty()) watcher_.addPaths(missing);

@@ -2,6 +2,8 @@
 
 #include <QFileInfo>
 
+#include "adapters/qt/base/text.h"
+
 namespace kavr6 {
 
 std::string NoPermissionText(const std::string& device, const std::string& group) {
@@ -31,7 +33,8 @@ RuntimeError OpenFailure(const std::string& device, const QSerialPort& port) {
     case QSerialPort::ResourceError:
       return {57, "The device " + device + " has been disconnected"};
     default:
-      return {57, device + " cannot be opened as a serial port: " + port.errorString().toStdString()};
+      return {57,
+              device + " cannot be opened as a serial port: " + FromQt(WithoutFullStop(port.errorString()))};
   }
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <optional>
 #include <thread>
 #include <utility>
 
@@ -16,6 +17,9 @@
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <termios.h>
+#endif
+#ifdef Q_OS_WIN
+#include <windows.h>
 #endif
 
 namespace kavr6 {
@@ -50,17 +54,37 @@ void ShareIfPseudoTerminal([[maybe_unused]] QSerialPort& port, [[maybe_unused]] 
 #endif
 }
 
-/// Closing puts back the bit rate that the device had before, which would spoil what is still on its way out.
-/// Some devices never send it: they are not waited for.
-void LetBytesLeave([[maybe_unused]] const QSerialPort& port) {
-#ifdef Q_OS_UNIX
-  constexpr int kMostMs = 200;
+#ifdef Q_OS_WIN
+/// Asks the device itself, which an adapter that has been pulled out does not answer.
+std::optional<COMSTAT> StateOf(const QSerialPort& port) {
+  COMSTAT state{};
+  if (!ClearCommError(port.handle(), nullptr, &state)) return std::nullopt;
+  return state;
+}
+#endif
+
+/// Bytes that the device has not sent yet; 0 also where it cannot be asked.
+int BytesToLeave(const QSerialPort& port) {
+#ifdef Q_OS_WIN
+  const auto state = StateOf(port);
+  return state ? static_cast<int>(state->cbOutQue) : 0;
+#else
   int left = 0;
-  for (int waited = 0; waited < kMostMs; ++waited) {
-    if (ioctl(port.handle(), TIOCOUTQ, &left) != 0 || left == 0) break;
+  return ioctl(port.handle(), TIOCOUTQ, &left) == 0 ? left : 0;
+#endif
+}
+
+/// Closing loses what is still on its way out, or spoils it by the bit rate that the device had before. Some
+/// devices never send it: they are not waited for.
+void LetBytesLeave(QSerialPort& port) {
+  constexpr int kMostMs = 200;
+  port.flush();
+  if (port.bytesToWrite() > 0) port.waitForBytesWritten(kMostMs);
+  int waited = 0;
+  for (; waited < kMostMs && BytesToLeave(port) > 0; ++waited)
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  }
-  if (left == 0) tcdrain(port.handle());  // the last few are in the device
+#ifdef Q_OS_UNIX
+  if (waited < kMostMs) tcdrain(port.handle());  // the last few are in the device
 #endif
 }
 
@@ -78,11 +102,6 @@ SerialComm::SerialComm(Scheduler& scheduler, std::filesystem::path links)
 
 void SerialComm::Release() {
   port_.disconnect();
-  scheduler_.Cancel(std::exchange(rest_, 0));
-  if (port_.isOpen()) {
-    port_.flush();
-    LetBytesLeave(port_);
-  }
   CloseDevice();
 }
 
@@ -136,7 +155,7 @@ void SerialComm::CloseDevice() {
   EndRest();
   if (port_.isOpen()) {
     const QSignalBlocker unheard(port_);  // whether the line is dead matters no more
-    port_.flush();
+    LetBytesLeave(port_);
     port_.close();
   }
 }
@@ -212,7 +231,7 @@ bool SerialComm::HungUp() const {
   pollfd device{port_.handle(), 0, 0};
   return poll(&device, 1, 0) > 0 && (device.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
 #else
-  return port_.error() == QSerialPort::ResourceError;
+  return !StateOf(port_);
 #endif
 }
 

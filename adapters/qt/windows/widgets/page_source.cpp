@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 #include <QXmlStreamReader>
 
+#include "adapters/qt/base/text.h"
+
 namespace kavr6::widgets {
 namespace {
 
@@ -46,7 +48,7 @@ QString PageSource(const QString& path, const QString& fragment) {
   if (!info.isFile()) return Message("This page is missing:", path, kAdvice);
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly))
-    return Message("This page cannot be read:", path, file.errorString() + ".");
+    return Message("This page cannot be read:", path, WithoutFullStop(file.errorString()) + ".");
   const QByteArray bytes = file.readAll();
   QString html = QString::fromUtf8(bytes);
   if (const QString damage = DamageOf(bytes); !damage.isEmpty())

@@ -1,0 +1,25 @@
+#include "platform/path_text.h"
+
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+namespace kavr6 {
+namespace {
+
+TEST(PathText, IsUtf8WithOneKindOfStrokeAndLeadsToTheSameFile) {
+  const std::string folder = testing::TempDir() + "Gr\u00f6\u00dfe \u4e09";
+  const std::string file = folder + "/Achse \u00fc.cnf";
+  std::filesystem::create_directories(PathOf(folder));
+  std::ofstream(PathOf(file)) << "there";
+  std::string found;
+  for (const auto& entry : std::filesystem::directory_iterator(PathOf(folder)))
+    found = PathText(entry.path());
+  EXPECT_TRUE(found.ends_with("Gr\u00f6\u00dfe \u4e09/Achse \u00fc.cnf")) << found;
+  EXPECT_EQ(FileNameOf(found), "Achse \u00fc.cnf");
+  EXPECT_EQ(PathOf(FolderOf(found)), PathOf(folder));
+  std::filesystem::remove_all(PathOf(folder));
+}
+
+}  // namespace
+}  // namespace kavr6
