@@ -88,7 +88,7 @@ void AddInputs(Rows& rows) {
   constexpr std::string_view kAnalog = "Analog input";
   rows.insert(rows.end(),
               {{.section = kAnalog, .name = "Range", .member = &S::AnalogRange, .words = RangeOf},
-               {kAnalog, "Speed at +10 V", &S::CmdScale, kSpeedUnit},
+               {kAnalog, "Speed at the top of the range", &S::CmdScale, kSpeedUnit},
                {kAnalog, "Offset", &S::CmdOffset, "mV"},
                {kAnalog, "Deadband", &S::AnalogDeadband, "mV"},
                {kAnalog, "Filter", &S::AnalogFilter, "Hz"},
@@ -145,7 +145,7 @@ void AddHostAndTuning(Rows& rows) {
         .name = "Control mode at power-up",
         .member = &S::PowerUpMode,
         .stored = Stored::NotInImage,
-        .words = ControlModeOf},
+        .words = PowerUpModeOf},
        {kHost, "RS-485 address", &S::RS485Addr},
        {kHost, "Transmit delay", &S::TxDelay, "ms"},
        {.section = kHost, .name = "Bit rate", .member = &S::BitRateCode, .words = BitRateOf},

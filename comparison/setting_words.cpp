@@ -30,6 +30,12 @@ std::string OperatingModeOf(Long code) {
 }
 
 std::string ControlModeOf(Long code) {
+  if (code == kControlTorque) return "Analog torque";
+  // The options beside it tell which kind.
+  return code == kControlVelocity ? "Velocity" : PowerUpModeOf(code);
+}
+
+std::string PowerUpModeOf(Long code) {
   const ControlModeWords* const mode = RowOfCode(kPowerUpModes, code);
   return mode == nullptr ? Unknown(code) : std::string(mode->words);
 }

@@ -11,6 +11,7 @@ namespace kavr6::setting_words {
 
 std::string OperatingModeOf(Long code);
 std::string ControlModeOf(Long code);
+std::string PowerUpModeOf(Long code);
 std::string PulseKindOf(Long code);
 std::string RangeOf(Long code);
 std::string BitRateOf(Long code);

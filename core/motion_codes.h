@@ -30,7 +30,8 @@ inline constexpr auto kOperatingModes = std::to_array<OperatingMode>({
     {kOpWyProgram, "Wy Program", "Wy Programmer mode, RS-485 address = "},
 });
 
-// Control modes (ControlMode, PowerUpMode) that decide something here.
+// Control modes (ControlMode, PowerUpMode) that mean something here.
+inline constexpr Long kControlTorque = 2;
 inline constexpr Long kControlPulse = 7;
 inline constexpr Long kControlVelocity = 11;  ///< in the image packed with the options that follow
 inline constexpr Long kControlPointToPoint = 21;

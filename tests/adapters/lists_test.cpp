@@ -1,6 +1,7 @@
 // Lists with notes: the port list while it is open, and the motor list with its search.
 #include <QTest>
 #include <QtWidgets>
+#include <set>
 
 #include <gtest/gtest.h>
 
@@ -140,6 +141,14 @@ TEST_F(SceneTest, ChoosingTheRowOfALostPortOnceMoreOpensIt) {
   EXPECT_EQ(scene.comm.Written(), "0");
 }
 
+std::set<QRgb> SolidColours(const QImage& image) {
+  std::set<QRgb> colours;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (qAlpha(image.pixel(x, y)) == 255) colours.insert(image.pixel(x, y));
+  return colours;
+}
+
 TEST(DataTable, TellsARowAsAWholeAndCutsWhatDoesNotFit) {
   widgets::DataTable table;
   table.resize(400, 200);
@@ -152,6 +161,16 @@ TEST(DataTable, TellsARowAsAWholeAndCutsWhatDoesNotFit) {
             "Motor, Idle current, On screen 50 %, In the drive 40 %, differs\nHost, Protocols, On screen " +
                 std::string(99, 'x') + ", In the drive -, same\n");
   EXPECT_NE(table.item(0, 0)->icon().pixmap(16).toImage(), table.item(1, 0)->icon().pixmap(16).toImage());
+  const auto picked = [&](QIcon::Mode mode) {
+    return SolidColours(table.item(0, 0)->icon().pixmap(16, mode).toImage());
+  };
+  EXPECT_EQ(picked(QIcon::Selected), picked(QIcon::Normal));
+  table.activateWindow();
+  table.setFocus();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(picked(QIcon::Selected), std::set{table.palette().color(QPalette::HighlightedText).rgb()});
+  table.clearFocus();
+  EXPECT_EQ(picked(QIcon::Selected), picked(QIcon::Normal));
   EXPECT_FALSE(table.horizontalScrollBar()->isVisible());
   EXPECT_EQ(table.item(1, 2)->toolTip().size(), 99);
   table.setContent({"Section"}, {});

@@ -93,6 +93,25 @@ std::map<std::string, std::string> NamesOfPlaces() {
   return names;
 }
 
+/// Of those that share their words: in a table of all rows they could stand for each other.
+TEST(Comparison, CallsEachFlagByItsOwnName) {
+  const std::map<std::string, bool Settings::*> flags{
+      {"Motor: Waveform smoothing", &Settings::SmoothingOn},
+      {"Motor: Electronic damping", &Settings::DampingOn},
+      {"Motion: X1 is run/stop", &Settings::RunStop},
+      {"Motion: X5 changes the speed", &Settings::TwoSpeeds},
+      {"Motion: Speed follows the analog input", &Settings::AnalogVelocity},
+      {"Analog input: Type flag", &Settings::AnalogTypeFlag},
+      {"Encoder: Stall detection", &Settings::StallDetect},
+      {"Encoder: Stall prevention", &Settings::StallPrevent},
+      {"Encoder: Fault after a stall", &Settings::StallFaultOn}};
+  for (const auto& [name, flag] : flags) {
+    ComparedSide changed;
+    changed.held.settings.*flag = true;
+    EXPECT_EQ(Differing({}, changed), Names{name});
+  }
+}
+
 TEST(Comparison, FindsExactlyWhatWasChangedInAHundredPairs) {
   const std::vector<Place> places = AllPlaces();
   std::map<std::string, std::string> names = NamesOfPlaces();
@@ -275,6 +294,19 @@ TEST(Comparison, KeepsApartWhatReadsAlike) {
   EXPECT_EQ(row("Motion: Deceleration"), "100 rev/s/s | 100.0001 rev/s/s | differs");
   EXPECT_EQ(row("Custom motor: Holding torque"), "118 oz in | 118 lb in | same number");
   EXPECT_EQ(row("Custom motor: Unit of torque"), "oz in | lb in | differs");
+}
+
+TEST(Comparison, WordsTheControlMode) {
+  const auto row = [](Long one, Long other) {
+    ComparedSide left;
+    ComparedSide right;
+    left.held.settings.ControlMode = left.held.settings.PowerUpMode = one;
+    right.held.settings.ControlMode = right.held.settings.PowerUpMode = other;
+    return RowNamed("Motion: Control mode", left, right) + "; " +
+           RowNamed("Host commands: Control mode at power-up", left, right);
+  };
+  EXPECT_EQ(row(11, 15), "Velocity | Fixed Velocity | differs; Analog Velocity | Fixed Velocity | differs");
+  EXPECT_EQ(row(2, 3), "Analog torque | code 3 | differs; code 2 | code 3 | differs");
 }
 
 TEST(Comparison, FindsNothingBetweenTheScreenAndTheFileOfIt) {

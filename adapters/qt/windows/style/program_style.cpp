@@ -227,6 +227,8 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
   switch (metric) {
     case PM_DefaultFrameWidth:
       return HasFrameOfField(widget) ? static_cast<int>(kRingWidth) : usual;
+    case PM_HeaderMargin:  // as items have it, so that titles stand above their columns
+      return pixelMetric(PM_FocusFrameHMargin, option, widget) + 1;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
     case PM_ExclusiveIndicatorWidth:

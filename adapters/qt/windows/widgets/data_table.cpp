@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QFocusEvent>
 #include <QHeaderView>
+#include <QPainter>
 #include <algorithm>
 #include <numeric>
 
@@ -12,8 +13,16 @@ namespace kavr6::widgets {
 namespace {
 
 constexpr int kRowsWanted = 6;
-constexpr int kLettersWanted = 80;
+constexpr int kLettersWanted = 110;
 constexpr int kPictureRole = Qt::UserRole;
+
+/// For the strong colour of a picked row, on which those of a sign are hard to see.
+QPixmap InOneInk(QPixmap sign, const QColor& ink) {
+  QPainter painter(&sign);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+  painter.fillRect(sign.rect(), ink);
+  return sign;
+}
 
 }  // namespace
 
@@ -66,22 +75,29 @@ void DataTable::TellRow(int row) {
   item(row, 0)->setData(Qt::AccessibleTextRole, words.join(", "));
 }
 
-// The widest column gives way first, down to a fair share.
-void DataTable::Fit() {
+void DataTable::DrawSigns() {
   const int height = fontMetrics().height();
   const QColor ink = palette().color(QPalette::Text);
-  setIconSize({height, height});
-  verticalHeader()->setDefaultSectionSize(height * 3 / 2);
   for (int row = 0; row < rowCount(); ++row) {
     const QString picture = item(row, 0)->data(kPictureRole).toString();
     QIcon icon;
     if (!picture.isEmpty()) {
       const QPixmap sign = ArtworkPixmap(picture, {height, height}, devicePixelRatioF(), ink);
       icon.addPixmap(sign);
-      icon.addPixmap(sign, QIcon::Selected);  // else its colour would drown in that of the picked row
+      // Without the keys a picked row is grey, and its sign as those of the others.
+      icon.addPixmap(hasFocus() ? InOneInk(sign, palette().color(QPalette::HighlightedText)) : sign,
+                     QIcon::Selected);
     }
     item(row, 0)->setIcon(icon);
   }
+}
+
+// The widest column gives way first, down to a fair share.
+void DataTable::Fit() {
+  const int height = fontMetrics().height();
+  setIconSize({height, height});
+  verticalHeader()->setDefaultSectionSize(height * 3 / 2);
+  DrawSigns();
   if (columnCount() == 0) return;
   std::vector<int> widths;
   widths.reserve(static_cast<std::size_t>(columnCount()));
@@ -112,6 +128,12 @@ void DataTable::focusInEvent(QFocusEvent* event) {
   QTableWidget::focusInEvent(event);
   if (event->reason() != Qt::MouseFocusReason && selectedItems().isEmpty() && rowCount() > 0)
     selectRow(std::max(0, currentRow()));
+  DrawSigns();
+}
+
+void DataTable::focusOutEvent(QFocusEvent* event) {
+  QTableWidget::focusOutEvent(event);
+  DrawSigns();
 }
 
 void DataTable::resizeEvent(QResizeEvent* event) {

@@ -25,12 +25,14 @@ class DataTable : public QTableWidget {
 
  protected:
   void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   void FillCell(int row, int column, const Cell& cell);
   void TellRow(int row);
+  void DrawSigns();
   void Fit();
 };
 
