@@ -1,4 +1,5 @@
 #include "adapters/qt/base/file_store.h"
+
 #include <QTemporaryDir>
 #include <csignal>
 #include <filesystem>
@@ -10,7 +11,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "adapters/qt/base/text.h"
 #include "adapters/qt/base/text.h"
 #include "platform/runtime_error.h"
 

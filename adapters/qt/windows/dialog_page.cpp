@@ -167,8 +167,7 @@ void DialogPage::FollowContents() {
   QSize wanted = dialog_.layout()->totalSizeHint().expandedTo(designed_);
   // Texts in several lines need the more height the narrower they are.
   if (dialog_.layout()->hasHeightForWidth())
-    wanted.setHeight(
-        std::max(designed_.height(), dialog_.layout()->totalHeightForWidth(wanted.width())));
+    wanted.setHeight(std::max(designed_.height(), dialog_.layout()->totalHeightForWidth(wanted.width())));
   if (wanted == wanted_) return;
   const QSize before = std::exchange(wanted_, wanted);
   const QSize now = dialog_.size();  // a most size that is smaller changes it

@@ -90,9 +90,7 @@ TwipSize QtDesktop::ScreenSize() const {
   return {ToTwips(size.width()), ToTwips(size.height())};
 }
 
-std::filesystem::path QtDesktop::ProgramDirectory() const {
-  return FindProgramFolders().data;
-}
+std::filesystem::path QtDesktop::ProgramDirectory() const { return FindProgramFolders().data; }
 
 ProgramVersion QtDesktop::Version() const {
   const QVersionNumber version = QVersionNumber::fromString(QCoreApplication::applicationVersion());
