@@ -30,9 +30,9 @@ CompareWindow::CompareWindow(const CompareParts& parts)
   Table.SetTitle(4, "Comparison");
   chkShowEqual.Clicked.Set([this] { FillTable(); });
   Copy.Clicked.Set([this] { Desk().CopyText(Text()); });
-  TakeFromDrive.Clicked.Set([this] { Transfer(&Transfers::UploadClick); });
+  TakeFromDrive.Clicked.Set([this] { Transfer([this] { p_.transfers.UploadClick(); }); });
   TakeFromFile.Clicked.Set([this] { OpenTheFile(); });
-  Download.Clicked.Set([this] { Transfer(&Transfers::DownloadClick); });
+  Download.Clicked.Set([this] { Transfer([this] { p_.transfers.DownloadClick(); }); });
   OK.Clicked.Set([this] { Hide(); });
 }
 
@@ -120,9 +120,9 @@ void CompareWindow::OpenWith(bool drive) {
   ShowModal();
 }
 
-void CompareWindow::Transfer(TransferEnd (Transfers::*road)()) {
+void CompareWindow::Transfer(const std::function<void()>& road) {
   Once([&] {
-    (p_.transfers.*road)();
+    road();
     if (!Visible()) return;
     const auto held = p_.line.state.Drive.Held();
     other_.reset();

@@ -60,7 +60,7 @@ class CompareWindow : public Form {
   bool ReadFile(const std::string& name);
   void TakeFile(const std::string& name, const std::string& content);
   void OpenWith(bool drive);
-  void Transfer(TransferEnd (Transfers::*road)());
+  void Transfer(const std::function<void()>& road);
   void OpenTheFile();
   ComparedSide Screen() const;
   std::string OtherName() const;
