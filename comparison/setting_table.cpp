@@ -192,7 +192,7 @@ double Rounded(double value) {
   const auto end =
       std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, kFewDigits)
           .ptr;
-  std::from_chars(text.data(), end, value);
+  RealFromChars(text.data(), end, value);
   return value;
 }
 
