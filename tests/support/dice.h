@@ -1,6 +1,7 @@
 // Random settings.
 #pragma once
 
+#include <cstdint>
 #include <random>
 #include <string>
 
@@ -11,7 +12,15 @@ namespace kavr6 {
 /// Values that the digits of a file hold.
 struct Dice {
   std::mt19937 random{25};
-  int Roll(int least, int most) { return std::uniform_int_distribution(least, most)(random); }
+  /// Not the library's distribution: each library has its own, and a test is to see the same values
+  /// everywhere.
+  int Roll(int least, int most) {
+    const auto sides = static_cast<std::uint32_t>(most - least) + 1;
+    std::uint64_t product = 0;
+    do product = std::uint64_t{random()} * sides;
+    while (static_cast<std::uint32_t>(product) < (0U - sides) % sides);
+    return least + static_cast<int>(product >> 32);
+  }
   std::string Digits(int count, int exponent) {
     std::string text = Roll(0, 1) != 0 ? "-0." : "0.";
     while (count-- > 0) text += static_cast<char>('0' + Roll(0, 9));
