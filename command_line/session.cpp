@@ -151,13 +151,7 @@ ExitCode DriveSession::WriteFile(const std::string& name) {
   return ExitCode::Done;
 }
 
-ParameterImage DriveSession::BuildImage() const {
-  ParameterImage image{};
-  Settings copy = settings;  // an image in pulse mode changes what it is made from
-  DownloadString(image, copy, motorTable.Row());
-  StoreChecksum(image);
-  return image;
-}
+ParameterImage DriveSession::BuildImage() const { return WholeImage(settings, motorTable.Row()); }
 
 std::optional<Bytes> DriveSession::FetchImage() {
   LineHold hold(line, 0);

@@ -5,6 +5,7 @@
 #include "config_file/settings_file.h"
 #include "core/motion_codes.h"
 #include "core/numbers.h"
+#include "image/field_kinds.h"
 #include "motor/motor_calculations.h"
 #include "platform/runtime_error.h"
 
@@ -15,7 +16,6 @@ namespace {
 constexpr std::size_t kControlMode = 44;
 constexpr std::size_t kCustomLeadAngle = 106;
 constexpr std::size_t kStandardLeadAngle = 142;
-constexpr double kSpeedSteps = 240;
 
 Settings InRecord(const MotorRecord& motor) {
   Settings record;
@@ -25,9 +25,8 @@ Settings InRecord(const MotorRecord& motor) {
 
 /// A word of the speed, and one of degrees behind it.
 void ReadLeadAngle(const ParameterImage& image, std::size_t place, MotorRecord& motor) {
-  const auto word = [&](std::size_t at) { return image[at] * 256 + image[at + 1]; };
-  motor.LeadAngleRps = ToLong(word(place) / kSpeedSteps);
-  motor.LeadAngleDeg = word(place + 2);
+  motor.LeadAngleRps = ToLong(field_kinds::ToSpeed(WordAt(image, place)));
+  motor.LeadAngleDeg = WordAt(image, place + 2);
 }
 
 }  // namespace
@@ -85,11 +84,7 @@ std::optional<ParameterImage> ImageOf(const ComparedSide& side) {
   if (side.image) return side.image;
   if (!side.row) return std::nullopt;
   try {
-    ParameterImage image{};
-    Settings copy = side.held.settings;  // building the image changes what it is built from
-    DownloadString(image, copy, *side.row);
-    StoreChecksum(image);
-    return image;
+    return WholeImage(side.held.settings, *side.row);
   } catch (const RuntimeError&) {
     return std::nullopt;
   }

@@ -32,6 +32,10 @@ ComparedSide SideOfFile(const std::string& content, const Settings& base);
 /// An image whose sum has been tested. RuntimeError where it cannot be read.
 ComparedSide SideOfDrive(std::span<const Byte> image);
 
+/// The two bytes from that place on, as one number.
+inline Long WordAt(const ParameterImage& image, std::size_t place) {
+  return image[place] * 256 + image[place + 1];
+}
 /// All that an image says, in the words of the one who writes images: the lead angles too, which a reader of
 /// images takes for something else. `base` counts for what it does not hold.
 HeldSettings HeldInImage(const ParameterImage& image, const Settings& base);

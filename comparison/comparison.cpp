@@ -58,8 +58,6 @@ bool SameMotors(const HeldSettings& one, const HeldSettings& other) {
          motor(one.settings) == motor(other.settings) && motor(one.standard) == motor(other.standard);
 }
 
-Long WordAt(const ParameterImage& image, std::size_t place) { return image[place] * 256 + image[place + 1]; }
-
 /// The load inertia travels as a frequency that hangs on the motor. It is the same where it makes the very
 /// frequency that the drive holds.
 void TakeLoadInertia(const Part& from, Part& drive) {

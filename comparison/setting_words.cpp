@@ -9,9 +9,6 @@
 namespace kavr6::setting_words {
 namespace {
 
-constexpr Long kTorqueUnits = 5;
-constexpr Long kInertiaUnits = 4;
-
 std::string Unknown(Long code) { return "code " + std::to_string(code); }
 
 /// The row at `index` of a table, by one of its texts.
@@ -19,6 +16,12 @@ template <class Table, class Text>
 std::string At(const Table& table, Long index, Text text) {
   if (index < 0 || index >= static_cast<Long>(table.size())) return Unknown(index);
   return std::string(text(table[static_cast<std::size_t>(index)]));
+}
+
+/// Beyond its last unit `name` repeats itself.
+std::string UnitOf(std::string (*name)(int), Long index) {
+  const bool known = index == 0 || (index > 0 && name(index) != name(index - 1));
+  return known ? name(index) : Unknown(index);
 }
 
 }  // namespace
@@ -65,13 +68,9 @@ std::string ProtocolOf(Long flags) {
   return words.empty() ? "none" : words;
 }
 
-std::string TorqueUnitOf(Long index) {
-  return index >= 0 && index < kTorqueUnits ? TorqueUnitName(index) : Unknown(index);
-}
+std::string TorqueUnitOf(Long index) { return UnitOf(TorqueUnitName, index); }
 
-std::string InertiaUnitOf(Long index) {
-  return index >= 0 && index < kInertiaUnits ? InertiaUnitName(index) : Unknown(index);
-}
+std::string InertiaUnitOf(Long index) { return UnitOf(InertiaUnitName, index); }
 
 std::string ModelOf(Long row) {
   if (row == -1) return "none";

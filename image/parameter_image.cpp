@@ -22,6 +22,13 @@ void StoreChecksum(ParameterImage& image) {
   image[kImageSize - 1] = static_cast<Byte>(sum % 256);
 }
 
+ParameterImage WholeImage(Settings settings, const MotorRow& row) {
+  ParameterImage image{};
+  DownloadString(image, settings, row);
+  StoreChecksum(image);
+  return image;
+}
+
 bool ChecksumHolds(std::span<const Byte> buffer) {
   if (buffer.size() < kChecksumSize) RaiseSubscript();
   const Long stored = buffer[buffer.size() - 2] * 256 + buffer[buffer.size() - 1];

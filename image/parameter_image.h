@@ -19,6 +19,9 @@ using ParameterImage = std::array<Byte, kImageSize>;
 void DownloadString(ParameterImage& image, Settings& settings, const MotorRow& row);
 /// Writes ByteSum into positions 159 and 160.
 void StoreChecksum(ParameterImage& image);
+/// What a download of these settings sends, with its sum; they stay as they are. RuntimeError as
+/// DownloadString.
+ParameterImage WholeImage(Settings settings, const MotorRow& row);
 /// The last two bytes of the buffer, whatever its length, hold the sum of those before them.
 bool ChecksumHolds(std::span<const Byte> buffer);
 

@@ -66,6 +66,14 @@ const MotorRow& MotorTable::Row() const {
   return current_.emplace(std::move(row));
 }
 
+std::optional<MotorRow> MotorTable::RowIfAny() const {
+  try {
+    return Row();
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
+}
+
 std::vector<MotorRow> MotorTable::Overview() {
   std::vector<MotorRow> rows;
   const auto number = [this](std::string_view column) -> std::optional<double> {

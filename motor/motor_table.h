@@ -37,6 +37,8 @@ class MotorTable {
   bool Seek(std::string_view partNumber);
   /// The selected motor. RuntimeError without a current row and for a text in a column of numbers.
   const MotorRow& Row() const;
+  /// The same, and nothing where that is a RuntimeError.
+  std::optional<MotorRow> RowIfAny() const;
 
   /// All rows in the order of "PartNoX", with part number, current and torque alone; a text where a number
   /// belongs counts as empty. The cursor then stands on no row.

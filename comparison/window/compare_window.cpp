@@ -150,13 +150,7 @@ void CompareWindow::OpenTheFile() {
 
 ComparedSide CompareWindow::Screen() const {
   const DriveState& state = p_.line.state;
-  std::optional<MotorRow> row;
-  try {
-    row = p_.motorTable.Row();
-  } catch (const RuntimeError&) {
-    // No motor is selected.
-  }
-  return SideOfScreen(p_.settings, row, state.ModelIndex, state.CommIndex);
+  return SideOfScreen(p_.settings, p_.motorTable.RowIfAny(), state.ModelIndex, state.CommIndex);
 }
 
 std::string CompareWindow::OtherName() const {

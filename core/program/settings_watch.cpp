@@ -21,18 +21,10 @@ bool Moves(T& held, const T& now) {
 
 }  // namespace
 
-std::optional<MotorRow> SettingsWatch::Motor() const {
-  try {
-    return p_.motorTable.Row();
-  } catch (const RuntimeError&) {
-    return std::nullopt;  // between two rows, or before there is a table
-  }
-}
-
 // Each is brought up to date, whatever the others say.
 bool SettingsWatch::Moved() {
   bool moved = Moves(ground_.settings, p_.settings);
-  moved |= Moves(ground_.motor, Motor());
+  moved |= Moves(ground_.motor, p_.motorTable.RowIfAny());
   moved |= Moves(ground_.model, p_.state.ModelIndex.Get());
   moved |= Moves(ground_.port, p_.state.CommIndex.Get());
   moved |= Moves(ground_.file, p_.state.FileName);
@@ -69,11 +61,8 @@ InDrive SettingsWatch::CompareImages() const {
   const auto& held = p_.state.Drive.Held();
   if (!held) return InDrive::Unknown;
   try {
-    Settings copy = p_.settings;  // building the image changes what it is built from
-    ParameterImage image{};
-    DownloadString(image, copy, p_.motorTable.Row());
-    StoreChecksum(image);
-    return std::ranges::equal(image, *held) ? InDrive::Yes : InDrive::No;
+    return std::ranges::equal(WholeImage(p_.settings, p_.motorTable.Row()), *held) ? InDrive::Yes
+                                                                                   : InDrive::No;
   } catch (const RuntimeError&) {
     return InDrive::No;  // no drive can hold what cannot be sent
   }

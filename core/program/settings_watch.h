@@ -62,7 +62,6 @@ class SettingsWatch {
     bool operator==(const Ground&) const = default;
   };
   bool Moved();
-  std::optional<MotorRow> Motor() const;
   void Compare();
   InDrive CompareImages() const;
 
