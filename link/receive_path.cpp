@@ -10,8 +10,6 @@
 namespace kavr6 {
 namespace {
 
-constexpr std::uint8_t kFirstHeader = 128;
-
 /// Where a freshly started drive is given time.
 enum class Pause { BeforeModel, AfterModel, None };
 constexpr double kPowerUpPause = 0.1;
@@ -122,8 +120,8 @@ void ReceivePath::ScanForPacket() {
 void ReceivePath::HandleMsg(std::uint8_t header, std::uint8_t b2, std::uint8_t b3) {
   switch (static_cast<MessageHeader>(header)) {
     case MessageHeader::Alarm:
-      state_.Drive.Alarm(b2 * 128 + b3);
-      if (ServoError152 && !state_.AlarmPopupOff) ServoError152(b2 * 128 + b3);
+      state_.Drive.Alarm(AlarmWord(b2, b3));
+      if (ServoError152 && !state_.AlarmPopupOff) ServoError152(AlarmWord(b2, b3));
       return;
     case MessageHeader::IgnoredF4:
     case MessageHeader::IgnoredF7:

@@ -1,5 +1,7 @@
 #include "link/rx_ring.h"
 
+#include "link/wire.h"
+
 namespace kavr6 {
 namespace {
 
@@ -30,7 +32,7 @@ void RxRing::RingPush(std::span<const std::uint8_t> bytes) {
 
 bool RxRing::RingHasHigh() const {
   for (int i = 1; i <= RingCount(); ++i)
-    if (RingPeek(i) >= 128) return true;
+    if (RingPeek(i) >= kFirstHeader) return true;
   return false;
 }
 

@@ -22,7 +22,7 @@ class RxRing {
   /// The i-th waiting byte, from 1, without taking it. Does not look at RingCount.
   std::uint8_t RingPeek(int i) const;
   void RingPush(std::span<const std::uint8_t> bytes);
-  /// Any waiting byte is 128 or more.
+  /// Any waiting byte is kFirstHeader or more.
   bool RingHasHigh() const;
 
  private:

@@ -28,6 +28,10 @@ inline constexpr std::string_view kRestoreFactory = "i4071";  ///< the drive act
 
 /// Bytes of a message of the drive; the first one is its MessageHeader.
 inline constexpr int kMessageSize = 3;
+/// A byte from here on begins a message; the other two of it, and all text, are below.
+inline constexpr int kFirstHeader = 128;
+/// The alarm word of a message: seven bits in each of its bytes.
+constexpr int AlarmWord(int second, int third) { return second * kFirstHeader + third; }
 /// Ends a line of the text language.
 inline constexpr char kReturn = '\r';
 
@@ -76,7 +80,7 @@ constexpr double ReplyLimit(std::string_view bytes, int argument = -1) {
   return 0;
 }
 
-/// Messages that a drive sends unasked: a header of 128 or more and two bytes below 128.
+/// Messages that a drive sends unasked: a header and two bytes below kFirstHeader.
 enum class MessageHeader : std::uint8_t {
   ZuFirmware = 0xEF,
   DspReflash = 0xF0,

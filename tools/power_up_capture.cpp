@@ -8,7 +8,6 @@ namespace {
 
 constexpr std::uint8_t kAnnouncement = static_cast<std::uint8_t>(MessageHeader::PowerUp);
 constexpr int kFirstSilentModel = 100;
-constexpr int kSevenBits = 128;
 
 }  // namespace
 
@@ -22,7 +21,7 @@ bool PowerUpCapture::Take(std::uint8_t byte) {
 }
 
 void TellRestart(DriveRecord& drive, std::uint8_t revision, std::uint8_t model) {
-  if (revision < kSevenBits && model < kSevenBits) drive.Restarted(RevisionOf(revision), model);
+  if (revision < kFirstHeader && model < kFirstHeader) drive.Restarted(RevisionOf(revision), model);
 }
 
 void AnswerPowerUp(const DriveLine& line, std::uint8_t revision, std::uint8_t model) {
