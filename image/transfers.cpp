@@ -203,8 +203,7 @@ TransferEnd Transfers::Fetch(LineHold& hold, Bytes& image) {
   if (inTime) return TakeImage(hold, image);
   // What has come may have been the word of a drive that starts.
   State().Drive.ForgetImage();
-  State().Drive.Doubt();
-  if (count == 0) hold.TellNoAnswer();
+  hold.TellNoAnswer();
   Ask({.text = "We are having trouble uploading tuning data from the drive. Is it connected to the "
                "right port and turned on?  If you are using your PC for anything processor intensive, "
                "such as opening a large file in another application, this can interfere with drive "

@@ -49,8 +49,10 @@ LineHold::~LineHold() {
 }
 
 void LineHold::TellNoAnswer() const {
+  DriveRecord& drive = line_.state.Drive;
   const bool couldCome = line_.comm.PortOpen() && !Broken() && !line_.state.LiveToolActive;
-  if (couldCome && line_.state.Drive.Words() == words_) line_.state.Drive.NoAnswer();
+  const bool silent = couldCome && line_.comm.InBufferCount() == 0 && drive.Words() == words_;
+  silent ? drive.NoAnswer() : drive.Doubt();
 }
 
 bool LineHold::Await(int count, double limit, const std::function<void(int)>& onNews) {

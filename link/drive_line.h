@@ -65,7 +65,7 @@ class LineHold {
   /// The port has been opened anew since the hold began. What is left of a block that was under way means
   /// something else to whoever listens now, and what comes from there is no answer to it.
   bool Broken() const { return line_.comm.Openings() != openings_; }
-  /// As Asked, for what the owner has asked for.
+  /// As Asked, for what the owner has asked for. A part of an answer is no silence.
   void TellNoAnswer() const;
   /// Takes all that waits.
   Bytes Read() { return line_.comm.Input(); }
