@@ -6,8 +6,10 @@
 #include <QHeaderView>
 #include <QTreeView>
 
+#include "adapters/qt/base/program_folders.h"
 #include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/help_key.h"
+#include "platform/path_text.h"
 
 namespace kavr6 {
 namespace {
@@ -28,11 +30,10 @@ class PlainIcons : public QFileIconProvider {
   QString type(const QFileInfo& /*info*/) const override { return {}; }
 };
 
-/// Nobody saves where an installed program lies.
-QString FolderFor(const FileDialog& dialog) {
-  const QString folder = ToQt(dialog.folder);
-  const bool saves = dialog.purpose == FileDialog::Purpose::Save;
-  return saves && !QFileInfo(folder).isWritable() ? QDir::homePath() : folder;
+/// Nobody keeps his files where an installed program has its own.
+QString UsersFolder(const std::string& folder) {
+  const ProgramFolders program = FindProgramFolders();
+  return program.installed && PathOf(folder) == program.data ? QDir::homePath() : ToQt(folder);
 }
 
 /// Room for whole names and dates.
@@ -51,7 +52,7 @@ void WidenColumns(QFileDialog& window) {
 std::string ChooseFile(const FileDialog& dialog, QWidget* parent, const std::function<void()>& help) {
   const bool saves = dialog.purpose == FileDialog::Purpose::Save;
   PlainIcons icons;
-  QFileDialog window(parent, saves ? "Save As" : "Open", FolderFor(dialog), FilterOf(dialog.filter));
+  QFileDialog window(parent, saves ? "Save As" : "Open", UsersFolder(dialog.folder), FilterOf(dialog.filter));
   const HelpKey key(window, help);
   // Not every system's own dialog asks about the name with its extension before a file is overwritten, or
   // lets a box that opens meanwhile be used.
