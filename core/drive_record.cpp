@@ -188,13 +188,13 @@ void DriveRecord::PortOpened(int port) {
   Changed.Raise();
 }
 
-void DriveRecord::PortClosed(bool lost) {
-  closedPort_ = lost ? 0 : port_;
+void DriveRecord::PortClosed(bool unwanted) {
+  closedPort_ = unwanted ? 0 : port_;
   if (port_ == 0) return;
   DropImage();
   alarm_.reset();
   if (presence_ != Presence::NeverHeard) Move(Presence::LineLost);
-  if (lost) {
+  if (unwanted) {
     lostPort_ = port_;
     news_.Tell(NameOfPort(port_) + " lost");
   }

@@ -63,8 +63,9 @@ class DriveRecord {
   void TextSessionBegins();
   void TextSessionEnds();
   void PortOpened(int port);
-  /// `lost`: by itself, and not because somebody wanted another port.
-  void PortClosed(bool lost);
+  /// `unwanted`: the port has been lost, or one that was to be opened has refused; else somebody has closed
+  /// it, to open one at once.
+  void PortClosed(bool unwanted);
   /// What the drive holds may have been changed, or has not been stored as it should.
   void ForgetImage();
   /// The drive has been told to take its factory values.

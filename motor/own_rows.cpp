@@ -40,15 +40,14 @@ void OwnRows::OpenOwnIfThere() {
 
 void OwnRows::Seek(std::string_view key) {
   OpenOwnIfThere();
-  TableAccess* found = nullptr;
-  for (TableAccess* table : {&common_, ownIsOpen_ ? &own_.table : nullptr}) {
-    if (table == nullptr || found != nullptr) continue;
-    table->Seek(key);
-    if (!table->NoMatch()) found = table;
-  }
-  noMatch_ = found == nullptr;
+  const auto finds = [key](TableAccess& table) {
+    table.Seek(key);
+    return !table.NoMatch();
+  };
+  const bool inCommon = finds(common_);
+  noMatch_ = !inCommon && !(ownIsOpen_ && finds(own_.table));
   if (noMatch_) return;
-  current_ = found;
+  current_ = inCommon ? &common_ : &own_.table;
   inStep_ = false;
 }
 

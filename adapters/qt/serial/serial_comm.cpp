@@ -1,5 +1,6 @@
 #include "adapters/qt/serial/serial_comm.h"
 
+#include <QDeadlineTimer>
 #include <QFileInfo>
 #include <algorithm>
 #include <chrono>
@@ -78,13 +79,13 @@ int BytesToLeave(const QSerialPort& port) {
 /// devices never send it: they are not waited for.
 void LetBytesLeave(QSerialPort& port) {
   constexpr int kMostMs = 200;
+  const QDeadlineTimer end(kMostMs);
   port.flush();
   if (port.bytesToWrite() > 0) port.waitForBytesWritten(kMostMs);
-  int waited = 0;
-  for (; waited < kMostMs && BytesToLeave(port) > 0; ++waited)
+  while (!end.hasExpired() && BytesToLeave(port) > 0)
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
 #ifdef Q_OS_UNIX
-  if (waited < kMostMs) tcdrain(port.handle());  // the last few are in the device
+  if (!end.hasExpired()) tcdrain(port.handle());  // the last few are in the device
 #endif
 }
 
