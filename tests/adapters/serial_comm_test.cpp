@@ -3,7 +3,6 @@
 
 #include <QTemporaryDir>
 #include <algorithm>
-#include <ctime>
 #include <fstream>
 #include <memory>
 #include <thread>
@@ -18,6 +17,7 @@
 #include "adapters/qt/base/qt_event_pump.h"
 #include "apps/drive_simulator/pseudo_port.h"
 #include "platform/runtime_error.h"
+#include "tests/adapters/processor_time.h"
 
 namespace kavr6 {
 namespace {
@@ -63,9 +63,9 @@ class SerialCommTest : public testing::Test {
     ExpectCalm([this] { Delay(pump_, 0.3); });
   }
   static void ExpectCalm(const Scheduler::Task& wait) {
-    const std::clock_t start = std::clock();
+    const double start = ProcessorSeconds();
     wait();
-    EXPECT_LT(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC, 0.05);
+    EXPECT_LT(ProcessorSeconds() - start, 0.05);
   }
 
   QTemporaryDir directory_;
