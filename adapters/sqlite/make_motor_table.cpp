@@ -21,9 +21,10 @@ int main(int argc, char** argv) {
     // Motors that files and drives have brought along live in the database only: the file before is kept.
     const std::filesystem::path database = argv[2];
     if (std::filesystem::exists(database)) {
-      std::filesystem::copy_file(database, database.string() + ".before",
-                                 std::filesystem::copy_options::overwrite_existing);
-      std::cout << "the motor database before is kept as " << database.string() << ".before\n";
+      std::filesystem::path before = database;
+      before += ".before";
+      std::filesystem::copy_file(database, before, std::filesystem::copy_options::overwrite_existing);
+      std::cout << "the motor database before is kept as " << argv[2] << ".before\n";
     }
     kavr6::WriteMotorFile(rows, database);
   } catch (const kavr6::CatalogueError& error) {

@@ -7,8 +7,12 @@
 #include <iostream>
 #include <span>
 
+#ifdef Q_OS_WIN
+#include <windows.h>
+#else
 #include <fcntl.h>
 #include <unistd.h>
+#endif
 
 #include "adapters/qt/base/end_signals.h"
 #include "adapters/qt/base/file_store.h"
@@ -17,6 +21,7 @@
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/sqlite/motor_tables.h"
 #include "command_line/commands.h"
+#include "platform/path_text.h"
 
 namespace kavr6 {
 namespace {
@@ -35,8 +40,9 @@ namespace {
 bool IsDevice(const std::string& path) {
   namespace fs = std::filesystem;
   std::error_code error;
-  const fs::path target = fs::is_symlink(path, error) ? fs::read_symlink(path, error) : fs::path(path);
-  return fs::is_character_file(path, error) || target.string().starts_with("/dev/");
+  const fs::path file = PathOf(path);
+  const fs::path target = fs::is_symlink(file, error) ? fs::read_symlink(file, error) : file;
+  return fs::is_character_file(file, error) || PathText(target).starts_with("/dev/");
 }
 
 int Run(const CommandOptions& options, const ProgramFolders& folders) {
@@ -81,6 +87,8 @@ int main(int argc, char** argv) {
 #ifdef Q_OS_UNIX
   HoldStandardStreams();
   std::signal(SIGPIPE, SIG_IGN);  // an output that has been closed is told as an error
+#else
+  SetConsoleOutputCP(CP_UTF8);  // as all texts are
 #endif
   const std::vector<std::string> words(argv + 1, argv + argc);
   CommandOptions options;

@@ -9,7 +9,7 @@ namespace kavr6 {
 
 FolderWatch::FolderWatch(Scheduler& scheduler, std::function<std::vector<std::filesystem::path>()> folders,
                          std::function<void()> told)
-    : scheduler_(scheduler), folders_(std::move(folders)), told_(std::move(told)) {
+    : folders_(std::move(folders)), news_(scheduler, std::move(told)) {
   QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, [this] { Noticed(); });
   LookAtFolders();
 }
@@ -26,12 +26,7 @@ void FolderWatch::LookAtFolders() {
 void FolderWatch::Noticed() {
   // A folder that is new is watched before anybody looks whether something is in it.
   LookAtFolders();
-  if (news_ != 0) return;
-  news_ = scheduler_.Post([this] {
-    news_ = 0;
-    const std::function<void()> tell = told_;  // which may be the end of this object
-    tell();
-  });
+  news_.Tell();
 }
 
 }  // namespace kavr6

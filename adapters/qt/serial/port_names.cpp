@@ -8,9 +8,9 @@
 #include <optional>
 #include <set>
 
-#ifdef Q_OS_UNIX
 #include <sys/stat.h>
-#endif
+
+#include "platform/path_text.h"
 
 namespace kavr6 {
 namespace {
@@ -35,10 +35,9 @@ std::optional<std::string> PinnedTo(int number, const LinkFolders& links) {
   if (link.empty()) return {};
   std::error_code error;
   const fs::path target = fs::read_symlink(link, error);
-  return (error ? link : (link.parent_path() / target).lexically_normal()).string();
+  return PathText(error ? link : (link.parent_path() / target).lexically_normal());
 }
 
-#ifndef Q_OS_WIN
 /// The folder, or the nearest one around it that is there.
 fs::path ExistingFolder(fs::path folder) {
   std::error_code error;
@@ -53,17 +52,11 @@ bool HasHardware(const QSerialPortInfo& port) {
   std::ifstream("/sys/class/tty/" + port.portName().toStdString() + "/type") >> type;
   return type != 0;
 }
-#endif
 
 std::vector<std::string> ListSystemPorts() {
   std::vector<std::string> names;
-  for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts()) {
-#ifdef Q_OS_WIN
-    names.push_back(port.portName().toStdString());
-#else
+  for (const QSerialPortInfo& port : QSerialPortInfo::availablePorts())
     if (HasHardware(port)) names.push_back(port.systemLocation().toStdString());
-#endif
-  }
   std::sort(names.begin(), names.end(), NaturalLess);
   return names;
 }
@@ -86,14 +79,14 @@ std::string DeviceForPort(int number, const LinkFolders& links, const std::vecto
   for (int other = 1; other <= kPorts; ++other) {
     std::error_code error;
     if (const auto pinned = PinnedTo(other, links)) {
-      taken.insert(fs::canonical(*pinned, error));
+      taken.insert(fs::canonical(PathOf(*pinned), error));
     } else if (other < number) {
       ++unpinnedBefore;
     }
   }
   for (const std::string& port : systemPorts) {
     std::error_code error;
-    const fs::path device = fs::canonical(port, error);
+    const fs::path device = fs::canonical(PathOf(port), error);
     if (!error && taken.count(device) != 0) continue;
     if (unpinnedBefore-- == 0) return port;
   }
@@ -102,42 +95,30 @@ std::string DeviceForPort(int number, const LinkFolders& links, const std::vecto
 
 std::string PortNames::Device(int number) const {
   if (number == chosen_.first) return chosen_.second;
-#ifdef Q_OS_WIN
-  const auto& ports = SystemPorts();
-  return std::find(ports.begin(), ports.end(), ComName(number)) != ports.end() ? ComName(number) : "";
-#else
   // Listing the system's ports costs milliseconds; the port of the first start on a bench is often pinned.
   if (const auto pinned = PinnedTo(number, links_)) return *pinned;
   return DeviceForPort(number, links_, SystemPorts());
-#endif
 }
 
 bool PortNames::Pinned(int number) const {
   return number == chosen_.first || PinnedTo(number, links_).has_value();
 }
 
-std::string PortNames::LinkMark([[maybe_unused]] int number) const {
-#ifdef Q_OS_UNIX
+std::string PortNames::LinkMark(int number) const {
   struct stat link {};
-  if (lstat(LinkOf(number, links_).c_str(), &link) == 0)
-    return std::to_string(link.st_ino) + " " + std::to_string(link.st_ctim.tv_sec) + " " +
-           std::to_string(link.st_ctim.tv_nsec);
-#endif
-  return {};
+  if (lstat(LinkOf(number, links_).c_str(), &link) != 0) return {};
+  return std::to_string(link.st_ino) + " " + std::to_string(link.st_ctim.tv_sec) + " " +
+         std::to_string(link.st_ctim.tv_nsec);
 }
 
 std::vector<fs::path> PortNames::Folders() const {
-#ifdef Q_OS_WIN
-  return {};
-#else
   std::set<fs::path> folders{"/dev"};
   for (const fs::path& folder : links_) folders.insert(ExistingFolder(folder));
-  if (chosen_.first != 0) folders.insert(ExistingFolder(fs::path(chosen_.second).parent_path()));
+  if (chosen_.first != 0) folders.insert(ExistingFolder(PathOf(chosen_.second).parent_path()));
   for (int number = 1; number <= kPorts; ++number)
     if (const auto pinned = PinnedTo(number, links_))
-      folders.insert(ExistingFolder(fs::path(*pinned).parent_path()));
+      folders.insert(ExistingFolder(PathOf(*pinned).parent_path()));
   return {folders.begin(), folders.end()};
-#endif
 }
 
 const std::vector<std::string>& PortNames::SystemPorts() const {

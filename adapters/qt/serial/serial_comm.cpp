@@ -10,17 +10,19 @@
 #include <utility>
 
 #include "adapters/qt/serial/device_locks.h"
-#include "adapters/qt/serial/folder_watch.h"
 #include "adapters/qt/serial/line_settings.h"
 #include "adapters/qt/serial/open_failure.h"
 
-#ifdef Q_OS_UNIX
+#ifdef Q_OS_WIN
+#include <windows.h>
+
+#include "adapters/qt/serial/device_notices.h"
+#else
 #include <poll.h>
 #include <sys/ioctl.h>
 #include <termios.h>
-#endif
-#ifdef Q_OS_WIN
-#include <windows.h>
+
+#include "adapters/qt/serial/folder_watch.h"
 #endif
 
 namespace kavr6 {
@@ -39,11 +41,15 @@ constexpr int kGoesOnBytes = 24;  // behind a rest
 
 constexpr const char* kPseudoTerminals = "/dev/pts/";
 
-/// The lock that keeps a device from being opened twice goes by the name, so links are resolved first.
+/// The lock that keeps a device from being opened twice goes by the name, so links are resolved first. On
+/// Windows it is no file.
 QString WithoutLinks(const std::string& device) {
-  const QString name = QString::fromStdString(device);
+  QString name = QString::fromStdString(device);
+#ifdef Q_OS_UNIX
   const QString real = QFileInfo(name).canonicalFilePath();
-  return real.isEmpty() ? name : real;
+  if (!real.isEmpty()) name = real;
+#endif
+  return name;
 }
 
 /// A pseudo-terminal that is opened for exclusive use keeps that mark when its user is killed, and then
@@ -143,6 +149,11 @@ bool SerialComm::DeviceBack(int number) const {
   return names_.Pinned(number) || name == opened_;
 }
 
+#ifdef Q_OS_WIN
+std::unique_ptr<DeviceWatch> SerialComm::WatchDevices(DeviceNews /*news*/, std::function<void()> told) {
+  return std::make_unique<DeviceNotices>(scheduler_, std::move(told));
+}
+#else
 std::unique_ptr<DeviceWatch> SerialComm::WatchDevices(DeviceNews news, std::function<void()> told) {
   const auto folders = [this, news] {
     std::vector<std::filesystem::path> all = names_.Folders();
@@ -151,6 +162,7 @@ std::unique_ptr<DeviceWatch> SerialComm::WatchDevices(DeviceNews news, std::func
   };
   return std::make_unique<FolderWatch>(scheduler_, folders, std::move(told));
 }
+#endif
 
 void SerialComm::CloseDevice() {
   EndRest();
