@@ -23,6 +23,15 @@ install_missing() {
     fail "installing failed"
 }
 
+# wine_in FOLDER: from here on programs for Windows run in that folder of their own. Their server outlives the gaps
+# between two tests: a program that starts while it ends would fail.
+wine_in() {
+  export WINEPREFIX=$1 WINEDEBUG=-all
+  mkdir -p "$1"
+  wineserver -p60 2> /dev/null || true  # one may still be there
+  wineboot --init > /dev/null 2>&1 || fail "Wine does not start"
+}
+
 # build PRESET [TARGET...]
 build() {
   local preset=$1

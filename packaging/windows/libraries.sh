@@ -9,9 +9,9 @@ module() {
   shift 2
   say "building $name for Windows, which takes a while (see $work/$name.log)"
   {
-    cmake -G Ninja -S "$folder" -B "$work/$name" -D CMAKE_BUILD_TYPE=Release -D CMAKE_INSTALL_PREFIX="$prefix" \
+    cmake -G Ninja -S "$folder" -B "$work/build/$name" -D CMAKE_BUILD_TYPE=Release -D CMAKE_INSTALL_PREFIX="$prefix" \
       -D QT_BUILD_EXAMPLES=OFF -D QT_BUILD_TESTS=OFF "$@" &&
-      cmake --build "$work/$name" -j "$(nproc)" && cmake --install "$work/$name" --strip
+      cmake --build "$work/build/$name" -j "$(nproc)" && cmake --install "$work/build/$name" --strip
   } > "$work/$name.log" 2>&1 || { tail -20 "$work/$name.log"; fail "$name cannot be built"; }
   touch "$(done_mark "$name")"
 }
@@ -19,7 +19,7 @@ module() {
 # What the program needs and no more: no library of the host, no drawing by the graphics card.
 build_qt6-base() {
   local feature off=() host
-  for feature in network sql dbus xml concurrent vulkan icu glib zstd \
+  for feature in network sql dbus xml concurrent vulkan icu glib zstd pkg_config \
     system_{zlib,pcre2,doubleconversion,freetype,harfbuzz,png,jpeg}; do off+=(-D "FEATURE_$feature=OFF"); done
   # The tablets' headers are not in the sources. The older drawing library stays: without it two others do not link.
   off+=(-D FEATURE_tabletevent=OFF -D FEATURE_direct2d1_1=OFF)
@@ -34,8 +34,8 @@ build_qt6-svg() { module qt6-svg "$1" -D CMAKE_TOOLCHAIN_FILE="$toolchain"; }
 # One source file, which its own tools put together here; the same goes into every program that needs it.
 build_sqlite3() {
   say "building sqlite3 for Windows"
-  mkdir -p "$work/sqlite3" "$prefix/include" "$prefix/lib"
-  (cd "$work/sqlite3" && sh "$1/configure" --disable-readline && make sqlite3.c sqlite3.h &&
+  mkdir -p "$work/build/sqlite3" "$prefix/include" "$prefix/lib"
+  (cd "$work/build/sqlite3" && sh "$1/configure" --disable-readline && make sqlite3.c sqlite3.h &&
     "$compiler-gcc-posix" -O2 -D SQLITE_OMIT_LOAD_EXTENSION -c sqlite3.c -o sqlite3.o &&
     "$compiler-ar" rcs "$prefix/lib/libsqlite3.a" sqlite3.o && cp sqlite3.h "$prefix/include") \
     > "$work/sqlite3.log" 2>&1 || { tail -20 "$work/sqlite3.log"; fail "sqlite3 cannot be built"; }
