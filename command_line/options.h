@@ -26,6 +26,7 @@ struct CommandOptions {
   std::vector<std::string> files;
   std::string port = "COM1";  ///< "COM1" to "COM8" in any case, or the path of a device
   std::string motors;         ///< file with the motor table; empty: the one beside the program
+  std::string pdf;            ///< file for the report; empty: it is printed as text
   bool json = false;
   bool verify = true;
   bool acceptUnsetInertia = false;
@@ -39,8 +40,8 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// `words` without the program's name. UsageError for an unknown command or option, a value that is missing
-/// and a wrong number of files.
+/// `words` without the program's name. UsageError for an unknown command or option, an option that the
+/// command has no use for, a value that is missing and a wrong number of files.
 CommandOptions ParseCommandLine(std::span<const std::string> words);
 
 /// What --help prints.

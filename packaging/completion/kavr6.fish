@@ -6,3 +6,4 @@ for option in (kavr6 --help | sed -n '/^Options/,/^$/s/^  --\([^ ]*\) .*/\1/p')
 end
 complete -c kavr6 -l port -x -a "(kavr6 ports 2>/dev/null | cut -d ' ' -f 1; __fish_complete_path)"
 complete -c kavr6 -l motors -r
+complete -c kavr6 -l pdf -r

@@ -8,7 +8,7 @@ case $words[CURRENT-1] in
     _files
     return
     ;;
-  --motors)
+  --motors|--pdf)
     _files
     return
     ;;

@@ -75,6 +75,7 @@ TEST(Completion, OffersWhatTheHelpNames) {
                                                        {{"verify", "--"}, Names(Section("Options"))},
                                                        {{"re"}, "read report"},
                                                        {{"write", "--no"}, "--no-verify"},
+                                                       {{"report", "--pdf", "ma"}, "machine.cnf"},
                                                        {{"write", "m"}, "machine.cnf motors.mdb"},
                                                        {{"write", "--motors", "mo"}, "motors.mdb"},
                                                        {{"write", "--json", "ma"}, "machine.cnf"}};
@@ -89,6 +90,8 @@ TEST(Installed, IsFoundFromWhereverItLies) {
   QFile settings(prefix + "/settings.cnf");
   EXPECT_TRUE(QFile::copy(KAVR6_SOURCE "/tests/windowless/factory.cnf", settings.fileName()));
   EXPECT_TRUE(OutputOf(prefix + "/bin/kavr6", {"report", settings.fileName()}).contains("Run current"));
+  OutputOf(prefix + "/bin/kavr6", {"report", settings.fileName(), "--pdf", prefix + "/sheet.pdf"});
+  EXPECT_TRUE(QFile::exists(prefix + "/sheet.pdf"));
   const ProgramFolders found = FoldersOf((prefix + "/bin").toStdString());
   EXPECT_TRUE(found.installed);
   EXPECT_TRUE(std::filesystem::exists(found.data / "KAVR6 help" / "index.html"));
