@@ -68,12 +68,15 @@ constexpr std::array<std::string_view, 8> kExitWords{
     "a file cannot be read or written",
     "a setting is beyond a limit of the drive"};
 
-constexpr const char* kExamples =
-    "  kavr6 identify --port COM3\n"
-    "  kavr6 read --port /dev/ttyUSB0 machine.cnf\n"
-    "  kavr6 compare yesterday.cnf COM1\n"
-    "  kavr6 report machine.cnf --pdf machine.pdf\n"
-    "  kavr6 write --port COM1 machine.cnf && echo \"next drive, please\"\n";
+constexpr std::array<std::string_view, 8> kExamples{
+    "kavr6 identify --port COM3",
+    "kavr6 read --port /dev/ttyUSB0 machine.cnf",
+    "kavr6 verify --json machine.cnf",
+    "kavr6 compare yesterday.cnf COM1",
+    "kavr6 history --port COM3",
+    "kavr6 ports",
+    "kavr6 report machine.cnf --pdf machine.pdf",
+    "kavr6 write --port COM1 machine.cnf && echo \"next drive, please\""};
 
 std::string Padded(std::string text, std::size_t width) {
   text.resize(std::max(text.size() + 2, width), ' ');
@@ -86,12 +89,18 @@ bool Takes(const Command& command, std::string_view option) {
          std::istream_iterator<std::string>();
 }
 
-/// What an option is good for; before it, where that is one command alone, this one's name.
+/// The commands that take an option.
+std::vector<std::string_view> Takers(const Option& option) {
+  std::vector<std::string_view> names;
+  for (const Command& command : kCommands)
+    if (Takes(command, option.name)) names.push_back(command.name);
+  return names;
+}
+
+/// What an option is good for; before it the command's name, where that is one alone.
 std::string Meaning(const Option& option) {
-  const auto takes = [&option](const Command& command) { return Takes(command, option.name); };
-  const bool one = std::ranges::count_if(kCommands, takes) == 1;
-  return (one ? std::string(std::ranges::find_if(kCommands, takes)->name) + ": " : "") +
-         std::string(option.what);
+  const std::vector<std::string_view> names = Takers(option);
+  return (names.size() == 1 ? std::string(names[0]) + ": " : "") + std::string(option.what);
 }
 
 /// Takes the option at `at` and its value, and returns its name; `at` then stands on the last word taken.
@@ -159,22 +168,29 @@ CommandOptions ParseCommandLine(std::span<const std::string> words) {
   return options;
 }
 
-std::string CommandHelp() {
+std::string CommandHelp(std::string_view about) {
   constexpr std::size_t kColumn = 28;
+  const auto known = std::ranges::find(kCommands, about, &Command::name);
+  const bool all = known == kCommands.end();
   std::ostringstream text;
+  const auto entry = [&text](std::string_view name, std::string_view value, std::string_view what) {
+    text << "  " << Padded(std::string(name) + " " + std::string(value), kColumn) << what << "\n";
+  };
   text << "kavr6: settings of a KAVR6 drive, without a window\n\n  kavr6 COMMAND [OPTION]... "
           "[FILE]\n\nCommands\n";
   for (const Command& command : kCommands)
-    text << "  " << Padded(std::string(command.name) + " " + std::string(command.file), kColumn)
-         << command.what << "\n";
+    if (all || command.name == about) entry(command.name, command.file, command.what);
   text << "\nOptions\n";
   for (const Option& option : Options())
-    text << "  " << Padded(std::string(option.name) + " " + std::string(option.value), kColumn)
-         << Meaning(option) << "\n";
+    if (all || Takes(*known, option.name) || Takers(option).empty())
+      entry(option.name, option.value, Meaning(option));
   text << "\nExit codes\n";
   for (std::size_t code = 0; code < kExitWords.size(); ++code)
     text << "  " << code << "  " << kExitWords[code] << "\n";
-  text << "\nExamples\n" << kExamples;
+  text << "\nExamples\n";
+  for (const std::string_view example : kExamples)
+    if (all || (std::string(example) + " ").starts_with("kavr6 " + std::string(about) + " "))
+      text << "  " << example << "\n";
   return text.str();
 }
 

@@ -44,8 +44,8 @@ class UsageError : public std::runtime_error {
 /// command has no use for, a value that is missing and a wrong number of files.
 CommandOptions ParseCommandLine(std::span<const std::string> words);
 
-/// What --help prints.
-std::string CommandHelp();
+/// What --help prints about that command; about all of them where it is none.
+std::string CommandHelp(std::string_view about);
 
 /// 1 to 8 for "COM1" to "COM8" in any case, otherwise 0: a device.
 int PortNumber(std::string_view port);

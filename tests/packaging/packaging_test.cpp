@@ -71,14 +71,16 @@ TEST(Completion, OffersWhatTheHelpNames) {
     QFile file(folder.filePath(name));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
   }
-  const std::pair<QStringList, std::string> cases[] = {{{""}, Names(Section("Commands"))},
-                                                       {{"verify", "--"}, Names(Section("Options"))},
-                                                       {{"re"}, "read report"},
-                                                       {{"write", "--no"}, "--no-verify"},
-                                                       {{"report", "--pdf", "ma"}, "machine.cnf"},
-                                                       {{"write", "m"}, "machine.cnf motors.mdb"},
-                                                       {{"write", "--motors", "mo"}, "motors.mdb"},
-                                                       {{"write", "--json", "ma"}, "machine.cnf"}};
+  const std::pair<QStringList, std::string> cases[] = {
+      {{""}, Names(Section("Commands"))},
+      {{"--"}, Names(Section("Options"))},
+      {{"verify", "--"}, "--help --json --motors --port --version"},
+      {{"re"}, "read report"},
+      {{"write", "--no"}, "--no-verify"},
+      {{"report", "--pdf", "ma"}, "machine.cnf"},
+      {{"write", "m"}, "machine.cnf motors.mdb"},
+      {{"write", "--motors", "mo"}, "motors.mdb"},
+      {{"write", "--json", "ma"}, "machine.cnf"}};
   for (const auto& [words, offered] : cases)
     EXPECT_EQ(Offered(words, folder.path()), offered) << words.join(' ').toStdString();
 }
