@@ -193,6 +193,36 @@ TEST(MotorTables, OwnMotorsOutliveTheCatalogueThatTheyWereAddedTo) {
       "+The file \"" + (own / kMotorFile).string() + "\" is not a database.: KM16 KM17 KM18 KM20 KM99 ");
 }
 
+std::string ContentOf(const std::filesystem::path& file) {
+  std::ostringstream content;
+  content << std::ifstream(file, std::ios::binary).rdbuf();
+  return content.str();
+}
+
+TEST(MotorTables, OwnFileIsLeftOutWhereAnyOfItIsDamagedAndReadWhereItIsOlder) {
+  Bench bench;
+  bench.Insert("KM17");
+  Bench own;
+  for (int i = 100; i < 400; ++i) own.Insert("OWN-" + std::to_string(i));
+  own.other->Run("ALTER TABLE \"motor params\" DROP COLUMN R");
+  MotorTables older(own.folder, true);
+  MotorTable motors(older.Both());
+  motors.Open(bench.folder);
+  EXPECT_EQ(motors.LeftOut(), "");
+  EXPECT_EQ(motors.Overview().size(), 301U);
+  ASSERT_TRUE(motors.Seek("OWN-399"));
+  EXPECT_EQ(motors.Row().Current, 1.5);
+  EXPECT_EQ(motors.Row().R, std::nullopt);
+
+  std::fstream file(own.file, std::ios::in | std::ios::out | std::ios::binary);
+  file.seekp(3 * 4096);  // the fourth page
+  file << std::string(4096, 'x') << std::flush;
+  const std::string content = ContentOf(own.file);
+  EXPECT_EQ(SeenFrom(bench.folder, own.folder, true, "KM99"),
+            "+The file \"" + own.file.string() + "\" is damaged.: KM17 KM99 ");
+  EXPECT_EQ(ContentOf(own.file), content);
+}
+
 TEST(MotorCatalogue, BadLineIsNamedWithItsReason) {
   std::string names = "part number";
   for (std::size_t i = 1; i < kMotorColumns.size(); ++i) names += "," + std::string(kMotorColumns[i].name);
