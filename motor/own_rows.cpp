@@ -117,7 +117,11 @@ std::filesystem::path OwnRows::Update() {
     if (error.Number() != kTableReadOnly && error.Number() != kTableUnreachable) throw;
   }
   own_.Make(own_.file);
+  const bool onOwn = ownIsOpen_ && current_ == &own_.table && !own_.table.EndOfTable();
+  const std::string key = onOwn ? Key(own_.table) : "";
+  ownIsOpen_ = false;  // the one that is open may have been removed
   OpenOwn();
+  if (onOwn) own_.table.Seek(key);
   Append(own_.table, row);
   return own_.file;
 }

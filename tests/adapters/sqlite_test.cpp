@@ -187,10 +187,14 @@ TEST(MotorTables, OwnMotorsOutliveTheCatalogueThatTheyWereAddedTo) {
   bench.Open();
   EXPECT_EQ(bench.Order(), "KM16 KM17 KM18 KM20 ");
 
-  std::ofstream(own / kMotorFile) << std::string(5000, 'x');
+  EXPECT_EQ(SeenFrom(bench.folder, bench.folder, true, "KM30"), "+KM30: KM16 KM17 KM18 KM20 KM30 ");
+  bench.Open();
+  EXPECT_EQ(bench.Order(), "KM16 KM17 KM18 KM20 ") << "the user's folder is that of the program";
+
+  std::ofstream(own / kOwnMotorFile) << std::string(5000, 'x');
   EXPECT_EQ(
       SeenFrom(bench.folder, own, true, "KM99"),
-      "+The file \"" + (own / kMotorFile).string() + "\" is not a database.: KM16 KM17 KM18 KM20 KM99 ");
+      "+The file \"" + (own / kOwnMotorFile).string() + "\" is not a database.: KM16 KM17 KM18 KM20 KM99 ");
 }
 
 std::string ContentOf(const std::filesystem::path& file) {
@@ -205,6 +209,8 @@ TEST(MotorTables, OwnFileIsLeftOutWhereAnyOfItIsDamagedAndReadWhereItIsOlder) {
   Bench own;
   for (int i = 100; i < 400; ++i) own.Insert("OWN-" + std::to_string(i));
   own.other->Run("ALTER TABLE \"motor params\" DROP COLUMN R");
+  std::filesystem::rename(own.file, own.folder / kOwnMotorFile);
+  own.file = own.folder / kOwnMotorFile;
   MotorTables older(own.folder, true);
   MotorTable motors(older.Both());
   motors.Open(bench.folder);
@@ -221,6 +227,10 @@ TEST(MotorTables, OwnFileIsLeftOutWhereAnyOfItIsDamagedAndReadWhereItIsOlder) {
   EXPECT_EQ(SeenFrom(bench.folder, own.folder, true, "KM99"),
             "+The file \"" + own.file.string() + "\" is damaged.: KM17 KM99 ");
   EXPECT_EQ(ContentOf(own.file), content);
+
+  std::filesystem::remove(own.file);  // while the program has it open
+  EXPECT_EQ(motors.Append({.MotorName = "KM98"}).elsewhere, own.file);
+  EXPECT_EQ(SeenFrom(bench.folder, own.folder, true, ""), "KM17 KM98 ");
 }
 
 TEST(MotorCatalogue, BadLineIsNamedWithItsReason) {
