@@ -30,7 +30,8 @@ std::string Text(const QJsonObject& object, const char* name) {
 PrintedDocument DocumentOf(const QJsonObject& object) {
   PrintedDocument document{
       {.title = Text(object, "title"), .file = Text(object, "file"), .remark = Text(object, "remark")}, {}};
-  for (const QJsonValue& value : object["lines"].toArray()) {
+  const QJsonArray lines = object["lines"].toArray();
+  for (const auto& value : lines) {
     const QJsonObject line = value.toObject();
     document.lines.push_back(
         {line["column"].toInt(), LineOf(Text(line, "text")),
