@@ -191,6 +191,13 @@ TEST(MotorTables, OwnMotorsOutliveTheCatalogueThatTheyWereAddedTo) {
   bench.Open();
   EXPECT_EQ(bench.Order(), "KM16 KM17 KM18 KM20 ") << "the user's folder is that of the program";
 
+  bench.other->Run("BEGIN IMMEDIATE");
+  EXPECT_EQ(SeenFrom(bench.folder, own, false, "KM21"),
+            "+The file \"" + bench.file.string() +
+                "\" is in use by another program.: KM16 KM17 KM18 KM20 KM21 KM99 ");
+  bench.other->Run("COMMIT");
+  EXPECT_EQ(SeenFrom(bench.folder, own, false, ""), "KM16 KM17 KM18 KM20 KM99 ") << "added to the own ones";
+
   std::ofstream(own / kOwnMotorFile) << std::string(5000, 'x');
   EXPECT_EQ(
       SeenFrom(bench.folder, own, true, "KM99"),
