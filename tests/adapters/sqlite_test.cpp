@@ -162,9 +162,16 @@ TEST(SqliteTable, ReadOnlyFileIsReadAndOnlyTheAppendFails) {
   bench.Open();
   EXPECT_EQ(bench.Append("KM23"), "The file \"" + bench.file.string() + "\" is read-only.");
   EXPECT_EQ(bench.Order(), "KM17 ");
-  QTemporaryDir home;
+  const QTemporaryDir home;
   EXPECT_EQ(SeenFrom(bench.folder, home.path().toStdString(), false, "KM23"), "+KM23: KM17 KM23 ");
   ASSERT_EQ(seteuid(user), 0);
+  // The file may be written to, and no journal made beside it.
+  std::filesystem::permissions(bench.file, static_cast<perms>(0666));
+  std::filesystem::permissions(bench.folder, static_cast<perms>(0555));
+  ASSERT_EQ(seteuid(user == 0 ? 65534 : user), 0);
+  EXPECT_EQ(SeenFrom(bench.folder, home.path().toStdString(), false, "KM24"), "+KM24: KM17 KM23 KM24 ");
+  ASSERT_EQ(seteuid(user), 0);
+  std::filesystem::permissions(bench.folder, static_cast<perms>(0755));
 }
 
 TEST(MotorTables, OwnMotorsOutliveTheCatalogueThatTheyWereAddedTo) {
