@@ -46,7 +46,7 @@ const std::vector<Option>& Options() {
        [](CommandOptions& o, const std::string&) { o.json = true; }},
       {"--motors", "FILE", "motor table to use; never written to",
        [](CommandOptions& o, const std::string& value) { o.motors = value; }},
-      {"--pdf", "OUT.pdf", "save the sheet that the windows print, instead of telling it",
+      {"--pdf", "OUT.pdf", "save it as a PDF file, as the windows print it",
        [](CommandOptions& o, const std::string& value) { o.pdf = value; }},
       {"--no-verify", "", "do not read the settings back",
        [](CommandOptions& o, const std::string&) { o.verify = false; }},
