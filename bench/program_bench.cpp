@@ -45,9 +45,9 @@ double PeakMemoryMiB() {
 
 struct Program {
   explicit Program(const std::filesystem::path& folder)
-      : desktop(folder),
-        comm(desktop, folder / "ports"),
-        configurator({desktop, comm, table, files, print}) {}
+      : desktop(folder), comm(desktop, folder / "ports"), configurator({desktop, comm, table, files, print}) {
+    desktop.AtEnd([this] { comm.Release(); });
+  }
   BenchDesktop desktop;
   SerialComm comm;
   SqliteTable table;
@@ -56,10 +56,11 @@ struct Program {
   Configurator configurator;
 };
 
-/// Tells how long after `startMs` the first window of this process was painted, then ends it.
+/// Tells how long after `startMs` the window was first painted, then ends the process by `end`.
 class FirstPaint : public QObject {
  public:
-  FirstPaint(double startMs, QString window) : startMs_(startMs), window_(std::move(window)) {
+  FirstPaint(double startMs, QString window, std::function<void()> end)
+      : startMs_(startMs), window_(std::move(window)), end_(std::move(end)) {
     qApp->installEventFilter(this);
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
@@ -67,7 +68,7 @@ class FirstPaint : public QObject {
       QTimer::singleShot(0, this, [this] {
         std::printf("%.2f\n", NowMs() - startMs_);
         std::fflush(stdout);
-        std::_Exit(0);
+        end_();
       });
     }
     return false;
@@ -76,20 +77,21 @@ class FirstPaint : public QObject {
  private:
   double startMs_;
   QString window_;
+  std::function<void()> end_;
 };
 
 int StartEmpty(double startMs) {
   QWidget window;
   window.setObjectName("Empty");
-  FirstPaint paint(startMs, "Empty");
+  const FirstPaint paint(startMs, "Empty", [] { std::_Exit(0); });
   window.resize(800, 600);
   window.show();
   return QApplication::exec();
 }
 
 int StartMain(double startMs, const std::filesystem::path& folder) {
-  FirstPaint paint(startMs, "MainForm");
   Program program(folder);
+  const FirstPaint paint(startMs, "MainForm", [&program] { program.desktop.EndProgram(0); });
   program.configurator.Start();
   return QApplication::exec();
 }
@@ -151,16 +153,14 @@ int Work(const std::filesystem::path& folder) {
   program.desktop.PumpEventsUntil([&] { return !program.comm.PortOpen(); }, 5.0);
   MeasureRest(program, program.comm.PortOpen() ? "(NOT hung up)" : "after a hang-up");
   std::printf("peak memory %.1f MiB\n", PeakMemoryMiB());
-  std::fflush(stdout);
-  std::_Exit(0);
+  program.desktop.EndProgram(0);
 }
 
 int RestWithoutDrive(const std::filesystem::path& folder) {
   Program program(folder);
   program.configurator.Start();
   MeasureRest(program, "without a port");
-  std::fflush(stdout);
-  std::_Exit(0);
+  program.desktop.EndProgram(0);
 }
 
 /// The slowest letter of a search that ends with the last row, each up to the painted list.
@@ -201,8 +201,7 @@ int OpenMotorDialog(const std::filesystem::path& folder) {
       "catalogue of %d motors: start %.1f ms, motor dialog %.1f ms, once more %.1f ms, slowest letter of a "
       "search %.1f ms; what the port list tells %.1f ms\n",
       program.configurator.MotorSetup.MotorList.Count(), started, openings[0], openings[1], letter, ports);
-  std::fflush(stdout);
-  std::_Exit(0);
+  program.desktop.EndProgram(0);
 }
 
 /// From the click to the painted page: the window's first opening, then each page of the program's own
@@ -226,8 +225,7 @@ int OpenHelpPages(const std::filesystem::path& folder) {
   std::sort(times.begin(), times.end());
   std::printf("help: first opening %.1f ms; %zu pages, median %.1f ms, slowest %.1f ms\n", first,
               times.size(), times[times.size() / 2], times.back());
-  std::fflush(stdout);
-  std::_Exit(0);
+  program.desktop.EndProgram(0);
 }
 
 /// A motor database of that many rows, all with the values of the first motor of the program's own.

@@ -76,20 +76,20 @@ bool ConfigFiles::AskToReplace(const std::string& why) {
   return answer == BoxAnswer::Ok;
 }
 
-bool ConfigFiles::MayReplaceUnread() {
-  return p_.state.FileName != unread_ ||
-         AskToReplace("This file could not be read to its end when it was opened");
-}
-
-bool ConfigFiles::MayReplaceForeign() {
-  if (!known_) return true;
+// One question, for the reason that weighs most.
+bool ConfigFiles::MayReplaceFile() {
+  std::optional<std::string> content;
   try {
-    if (p_.files.Read(p_.state.FileName) == known_) return true;
+    content = p_.files.Read(p_.state.FileName);
   } catch (const RuntimeError& error) {
     if (error.Number() == FileStore::kNoFile || error.Number() == FileStore::kNoFolder) return true;
-    return AskToReplace("This file cannot be read any more, and another program may have changed it");
   }
-  return AskToReplace("Another program has changed this file since it was opened or saved here");
+  if (!content)
+    return AskToReplace("This file cannot be read any more, and another program may have changed it");
+  if (known_ && content != known_)
+    return AskToReplace("Another program has changed this file since it was opened or saved here");
+  return p_.state.FileName != unread_ ||
+         AskToReplace("This file could not be read to its end when it was opened");
 }
 
 void ConfigFiles::Saved(const std::string& name) {
@@ -107,7 +107,7 @@ void ConfigFiles::NotSaved(const std::string& name, const std::string& error) {
 }
 
 void ConfigFiles::DoSave() {
-  if (!MayReplaceForeign() || !MayReplaceUnread()) return;
+  if (!MayReplaceFile()) return;
   const std::string name = p_.state.FileName;
   const auto error = WriteFile(name);
   error ? NotSaved(name, *error) : Saved(name);

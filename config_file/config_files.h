@@ -81,10 +81,9 @@ class ConfigFiles {
  private:
   void DoSave();
   void DoSaveAs();
-  bool MayReplaceUnread();
   bool MayReplaceChanges();
   void OpenFile(const std::string& name);
-  bool MayReplaceForeign();
+  bool MayReplaceFile();
   bool AskToReplace(const std::string& why);
   void Saved(const std::string& name);
   void NotSaved(const std::string& name, const std::string& error);

@@ -99,6 +99,7 @@ void CommPorts::Select(int row) {
 void CommPorts::ChangePort(int port) {
   StopAwaiting();
   const int old = state_.CommNumber;
+  const bool oldWasOpen = line_.comm.PortOpen();
   state_.CommNumber = port;
   const bool closed = !ErrorOf([&] {
     if (line_.comm.PortOpen()) line_.comm.SetPortOpen(false);
@@ -108,7 +109,10 @@ void CommPorts::ChangePort(int port) {
   if (closed && opened) return;
   TellUnavailable();
   state_.CommNumber = old;
-  if (!OpenPort(old)) AwaitDevice();  // without a word: it stays closed as long as its device stands there
+  if (!OpenPort(old)) {
+    if (oldWasOpen) state_.Happened.Tell("COM" + std::to_string(old) + " did not open again");
+    AwaitDevice();  // without a box: it stays closed as long as its device stands there
+  }
   Select(old - 1);
 }
 

@@ -63,6 +63,9 @@ class Desktop : public EventPump, public Boxes {
   /// to hear before the port is let go. None of them waits, and what one throws does not stop the others.
   void AtEnd(Task task) { atEnd_.push_back(std::move(task)); }
 
+  /// The form is about to be shown: whatever that needs may be made ready while the program waits for
+  /// something else meanwhile.
+  virtual void Expect(Form& /*form*/) {}
   /// Shows a form that is not shown, or brings a shown one to the front. Used by Form.
   void ShowForm(Form& form, bool modal);
   /// Hides a form; the front goes to the form shown before it. Used by Form.

@@ -82,6 +82,26 @@ class QtDesktopTest : public testing::Test {
   EndingDesktop desktop;
 };
 
+TEST_F(QtDesktopTest, ExpectedFormIsBuiltInTheNextWaitAndTakesWhatItsControlsHoldByThen) {
+  TestForm form(desktop);
+  auto gone = std::make_unique<TestForm>(desktop);
+  desktop.Expect(form);
+  desktop.Expect(*gone);
+  gone.reset();
+  EXPECT_EQ(desktop.WindowOf(form), nullptr);
+  desktop.PumpEvents();
+  QWidget* const window = desktop.WindowOf(form);
+  ASSERT_NE(window, nullptr);
+  EXPECT_FALSE(window->isVisible());
+  EXPECT_EQ(form.log, "");
+  form.field.SetText("later");
+  form.Resize(9000, 6000);  // 15 twips to a pixel
+  form.Show();
+  EXPECT_EQ(desktop.WindowOf(form), window);
+  EXPECT_EQ(window->size(), QSize(600, 400));
+  EXPECT_EQ(window->findChild<QLineEdit*>("field")->text(), "later");
+}
+
 TEST_F(QtDesktopTest, BoxShowsItsTextAsItStandsAndAnswersByKeyOrByClosing) {
   constexpr Qt::Key closed{};  // by its frame
   constexpr auto kText = "a  <b>&c";

@@ -67,14 +67,9 @@ QPoint Origin() { return QGuiApplication::primaryScreen()->geometry().topLeft();
 }  // namespace
 
 FormWindow::FormWindow(Form& form, std::unique_ptr<QWidget> window, std::function<void()> activated)
-    : form_(form), activated_(std::move(activated)) {
-  binder_ = std::make_unique<Binder>(form, *window);
-  window_ = window.release();
+    : form_(form), window_(window.release()), activated_(std::move(activated)) {
   window_->setAcceptDrops(true);
   window_->winId();  // makes the window's handle, where typed characters pass first
-  SettleFirstPlace();
-  ShowPlace();
-  form_.SetView([this] { ShowPlace(); });
   window_->installEventFilter(this);
   window_->windowHandle()->installEventFilter(this);
 }
@@ -86,7 +81,17 @@ FormWindow::~FormWindow() {
   delete window_;
 }
 
+// Not before the form is shown: until then it may still fill its controls and choose its place.
+void FormWindow::Settle() {
+  if (binder_ != nullptr) return;
+  binder_ = std::make_unique<Binder>(form_, *window_);
+  SettleFirstPlace();
+  ShowPlace();
+  form_.SetView([this] { ShowPlace(); });
+}
+
 void FormWindow::Open(bool modal) {
+  Settle();
   const Qt::WindowModality modality = modal ? Qt::ApplicationModal : Qt::NonModal;
   // The toolkit takes notice of modality, and of its order, only when a window is shown.
   if (modal && window_->isVisible() && QApplication::activeModalWidget() != window_) window_->hide();

@@ -18,12 +18,13 @@ namespace kavr6 {
 /// request, and the keys that belong to the window as a whole. The form outlives it, or is not used again.
 class FormWindow : public QObject {
  public:
-  /// BindError when window and form do not fit. `activated`: the window has become the active one.
+  /// `activated`: the window has become the active one.
   FormWindow(Form& form, std::unique_ptr<QWidget> window, std::function<void()> activated);
   ~FormWindow() override;
 
   QWidget& Window() const { return *window_; }
   /// Shows the window or brings it to the front. Modal: no other window of the program takes input meanwhile.
+  /// The first time BindError when window and form do not fit.
   void Open(bool modal);
   /// Lets the other windows take input again while this one stays.
   void EndModality();
@@ -37,6 +38,7 @@ class FormWindow : public QObject {
     bool operator==(const Place&) const = default;
   };
   Place PlaceOfForm() const;
+  void Settle();
   void SettleFirstPlace();
   int HeightOfContents(int width, int usual) const;
   void ShowPlace();
@@ -51,7 +53,7 @@ class FormWindow : public QObject {
   std::function<void()> activated_;
   Place shown_{};
   bool showing_ = false;
-  std::unique_ptr<Binder> binder_;
+  std::unique_ptr<Binder> binder_;  // from the first opening on
 };
 
 }  // namespace kavr6

@@ -128,7 +128,16 @@ QWidget* QtDesktop::BoxParent() const {
   return front == ShownForms().rend() ? nullptr : WindowOf(**front);
 }
 
+void QtDesktop::Expect(Form& form) {
+  expected_[&form] = Post([this, &form] { Built(form); });
+}
+
+void QtDesktop::NoLongerExpected(const Form& form) {
+  if (const auto expected = expected_.extract(&form)) Cancel(expected.mapped());
+}
+
 FormWindow& QtDesktop::Built(Form& form) {
+  NoLongerExpected(form);
   if (const auto found = windows_.find(&form); found != windows_.end()) return *found->second;
   std::unique_ptr<QWidget> window = build_(form.Name());
   if (window == nullptr) throw std::logic_error("The window " + form.Name() + " has no design.");
@@ -170,6 +179,7 @@ void QtDesktop::CloseWindow(Form& form) {
 }
 
 void QtDesktop::DropWindow(Form& form) {
+  NoLongerExpected(form);
   const QWidget* const window = WindowOf(form);
   if (window == nullptr) return;
   const QScopedValueRollback arranging(arranging_, true);

@@ -18,8 +18,8 @@ class FormWindow;
 /// Windows, boxes and time by means of the toolkit. Needs a QApplication, whose name titles the boxes and
 /// whose version (as in "1.2.3") is the program's.
 ///
-/// A form's window is built when it is first shown. One that has no design is a fault of the program; so is
-/// one that does not fit its form (see Binder).
+/// A form's window is built when it is first shown, or while something is waited for before that. One that
+/// has no design is a fault of the program; so is one that does not fit its form (see Binder).
 class QtDesktop : public Desktop {
  public:
   /// Makes the hidden window of the form of that name; null without a design.
@@ -43,7 +43,8 @@ class QtDesktop : public Desktop {
   TwipSize ScreenSize() const override;
   std::filesystem::path ProgramDirectory() const override;
   ProgramVersion Version() const override;
-  /// The window of a form; null before it has first been shown.
+  void Expect(Form& form) override;
+  /// The window of a form; null before it has been built.
   QWidget* WindowOf(const Form& form) const;
   /// The window that a box or a dialog opens above; null without any.
   QWidget* BoxParent() const;
@@ -63,6 +64,7 @@ class QtDesktop : public Desktop {
 
  private:
   static void ProcessExits();
+  void NoLongerExpected(const Form& form);
   FormWindow& Built(Form& form);
   void UserActivated(Form& form);
   QWidget* FrontWindow() const;
@@ -75,6 +77,7 @@ class QtDesktop : public Desktop {
   std::map<const Form*, std::unique_ptr<FormWindow>> windows_;
   std::vector<FormWindow*> lifted_;  // modal only until what would have blocked them has gone
   QWidget* mainWindow_ = nullptr;
+  std::map<const Form*, TaskId> expected_;  // to be built as soon as the program waits
   bool arranging_ = false;
   const Form* awaited_ = nullptr;  // its window is still to become the active one, by the program's wish
   double awaitedUntil_ = 0.0;

@@ -213,6 +213,18 @@ QRect ProgramStyle::subElementRect(SubElement element, const QStyleOption* optio
   }
 }
 
+QRect ProgramStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                   const QWidget* widget) const {
+  QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+  const auto* const group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+  if (group != nullptr && part == SC_GroupBoxContents && group->features.testFlag(QStyleOptionFrame::Flat)) {
+    // No frame: what is inside begins below the first letter of the title.
+    rect.setLeft(option->rect.left());
+    rect.setRight(option->rect.right());
+  }
+  return rect;
+}
+
 QSize ProgramStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                      const QWidget* widget) const {
   const QSize usual = QProxyStyle::sizeFromContents(type, option, size, widget);
