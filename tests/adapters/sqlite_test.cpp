@@ -245,6 +245,9 @@ TEST(MotorTables, OwnFileIsLeftOutWhereAnyOfItIsDamagedAndReadWhereItIsOlder) {
   std::filesystem::remove(own.file);  // while the program has it open
   EXPECT_EQ(motors.Append({.MotorName = "KM98"}).elsewhere, own.file);
   EXPECT_EQ(SeenFrom(bench.folder, own.folder, true, ""), "KM17 KM98 ");
+
+  bench.other->Run("ALTER TABLE \"motor params\" DROP COLUMN R");
+  ExpectProblem("3265: ", [&] { SeenFrom(bench.folder, own.folder, true, ""); });
 }
 
 TEST(MotorCatalogue, BadLineIsNamedWithItsReason) {
