@@ -116,6 +116,7 @@ class World {
   }
   void Interrupt(int afterMs) {
     EXPECT_FALSE(begun_.waitForFinished(afterMs));
+    ASSERT_GT(begun_.processId(), 0);  // to nobody is to everybody
     kill(static_cast<pid_t>(begun_.processId()), SIGINT);
   }
 
