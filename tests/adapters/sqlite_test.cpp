@@ -162,9 +162,16 @@ TEST(SqliteTable, ReadOnlyFileIsReadAndOnlyTheAppendFails) {
   bench.Open();
   EXPECT_EQ(bench.Append("KM23"), "The file \"" + bench.file.string() + "\" is read-only.");
   EXPECT_EQ(bench.Order(), "KM17 ");
-  QTemporaryDir home;
+  const QTemporaryDir home;
   EXPECT_EQ(SeenFrom(bench.folder, home.path().toStdString(), false, "KM23"), "+KM23: KM17 KM23 ");
   ASSERT_EQ(seteuid(user), 0);
+  // The file may be written to, and no journal made beside it.
+  std::filesystem::permissions(bench.file, static_cast<perms>(0666));
+  std::filesystem::permissions(bench.folder, static_cast<perms>(0555));
+  ASSERT_EQ(seteuid(user == 0 ? 65534 : user), 0);
+  EXPECT_EQ(SeenFrom(bench.folder, home.path().toStdString(), false, "KM24"), "+KM24: KM17 KM23 KM24 ");
+  ASSERT_EQ(seteuid(user), 0);
+  std::filesystem::permissions(bench.folder, static_cast<perms>(0755));
 }
 
 TEST(MotorTables, OwnMotorsOutliveTheCatalogueThatTheyWereAddedTo) {
@@ -187,10 +194,60 @@ TEST(MotorTables, OwnMotorsOutliveTheCatalogueThatTheyWereAddedTo) {
   bench.Open();
   EXPECT_EQ(bench.Order(), "KM16 KM17 KM18 KM20 ");
 
-  std::ofstream(own / kMotorFile) << std::string(5000, 'x');
+  EXPECT_EQ(SeenFrom(bench.folder, bench.folder, true, "KM30"), "+KM30: KM16 KM17 KM18 KM20 KM30 ");
+  bench.Open();
+  EXPECT_EQ(bench.Order(), "KM16 KM17 KM18 KM20 ") << "the user's folder is that of the program";
+
+  bench.other->Run("BEGIN IMMEDIATE");
+  EXPECT_EQ(SeenFrom(bench.folder, own, false, "KM21"),
+            "+The file \"" + bench.file.string() +
+                "\" is in use by another program.: KM16 KM17 KM18 KM20 KM21 KM99 ");
+  bench.other->Run("COMMIT");
+  EXPECT_EQ(SeenFrom(bench.folder, own, false, ""), "KM16 KM17 KM18 KM20 KM99 ") << "added to the own ones";
+
+  std::ofstream(own / kOwnMotorFile) << std::string(5000, 'x');
   EXPECT_EQ(
       SeenFrom(bench.folder, own, true, "KM99"),
-      "+The file \"" + (own / kMotorFile).string() + "\" is not a database.: KM16 KM17 KM18 KM20 KM99 ");
+      "+The file \"" + (own / kOwnMotorFile).string() + "\" is not a database.: KM16 KM17 KM18 KM20 KM99 ");
+}
+
+std::string ContentOf(const std::filesystem::path& file) {
+  std::ostringstream content;
+  content << std::ifstream(file, std::ios::binary).rdbuf();
+  return content.str();
+}
+
+TEST(MotorTables, OwnFileIsLeftOutWhereAnyOfItIsDamagedAndReadWhereItIsOlder) {
+  Bench bench;
+  bench.Insert("KM17");
+  Bench own;
+  for (int i = 100; i < 400; ++i) own.Insert("OWN-" + std::to_string(i));
+  own.other->Run("ALTER TABLE \"motor params\" DROP COLUMN R");
+  std::filesystem::rename(own.file, own.folder / kOwnMotorFile);
+  own.file = own.folder / kOwnMotorFile;
+  MotorTables older(own.folder, true);
+  MotorTable motors(older.Both());
+  motors.Open(bench.folder);
+  EXPECT_EQ(motors.LeftOut(), "");
+  EXPECT_EQ(motors.Overview().size(), 301U);
+  ASSERT_TRUE(motors.Seek("OWN-399"));
+  EXPECT_EQ(motors.Row().Current, 1.5);
+  EXPECT_EQ(motors.Row().R, std::nullopt);
+
+  std::fstream file(own.file, std::ios::in | std::ios::out | std::ios::binary);
+  file.seekp(3 * 4096);  // the fourth page
+  file << std::string(4096, 'x') << std::flush;
+  const std::string content = ContentOf(own.file);
+  EXPECT_EQ(SeenFrom(bench.folder, own.folder, true, "KM99"),
+            "+The file \"" + own.file.string() + "\" is damaged.: KM17 KM99 ");
+  EXPECT_EQ(ContentOf(own.file), content);
+
+  std::filesystem::remove(own.file);  // while the program has it open
+  EXPECT_EQ(motors.Append({.MotorName = "KM98"}).elsewhere, own.file);
+  EXPECT_EQ(SeenFrom(bench.folder, own.folder, true, ""), "KM17 KM98 ");
+
+  bench.other->Run("ALTER TABLE \"motor params\" DROP COLUMN R");
+  ExpectProblem("3265: ", [&] { SeenFrom(bench.folder, own.folder, true, ""); });
 }
 
 TEST(MotorCatalogue, BadLineIsNamedWithItsReason) {
