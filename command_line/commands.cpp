@@ -5,11 +5,10 @@
 
 #include "command_line/compare_command.h"
 #include "command_line/json.h"
-#include "command_line/text_print.h"
+#include "command_line/report_command.h"
 #include "core/alarms.h"
 #include "image/image_layout.h"
 #include "platform/runtime_error.h"
-#include "reports/report_lines.h"
 #include "tools/alarm_history.h"
 
 namespace kavr6 {
@@ -158,20 +157,7 @@ ExitCode Compare(const Task& task) {
   return CompareCommand(task.machine, task.options, task.session);
 }
 
-ExitCode Report(const Task& task) {
-  if (const ExitCode code = task.session.ReadFile(task.options.files[0]); code != ExitCode::Done) return code;
-  TextPrint lines;
-  const DriveSession& session = task.session;
-  ReportLines({session.state, session.settings, session.motorTable}, lines).Print();
-  if (!task.options.json) {
-    for (const std::string& line : lines.Lines()) task.machine.out << line << "\n";
-    return ExitCode::Done;
-  }
-  std::vector<std::string> texts;
-  std::ranges::transform(lines.Lines(), std::back_inserter(texts), JsonText);
-  task.machine.out << JsonObject({{"result", JsonText("report")}, {"lines", JsonList(texts)}}) << "\n";
-  return ExitCode::Done;
-}
+ExitCode Report(const Task& task) { return ReportCommand(task.machine, task.options, task.session); }
 
 ExitCode History(const Task& task) {
   const std::optional<Bytes> data = GetAlarmHistory(task.session.line);

@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 #include <functional>
+#include <iterator>
 #include <sstream>
 
 #include "core/drive_state.h"
@@ -13,18 +14,21 @@ namespace {
 
 struct Command {
   std::string_view name;
-  std::string_view file;  ///< what its file is called, or its two are; empty: it takes none
+  std::string_view file;     ///< what its file is called, or its two are; empty: it takes none
+  std::string_view options;  ///< those that mean something to it
   std::string_view what;
 };
 constexpr std::array kCommands{
-    Command{"identify", "", "model and firmware of the drive"},
-    Command{"read", "OUT.cnf", "read the drive and save its settings"},
-    Command{"write", "IN.cnf", "send the settings to the drive and read them back"},
-    Command{"verify", "IN.cnf", "tell whether the drive holds these settings"},
-    Command{"compare", "A B", "the settings in which A and B differ, each a file or a port"},
-    Command{"report", "IN.cnf", "the settings in words"},
-    Command{"history", "", "the last eight alarms of the drive"},
-    Command{"ports", "", "the serial ports of this computer"},
+    Command{"identify", "", "--port --json", "model and firmware of the drive"},
+    Command{"read", "OUT.cnf", "--port --json --motors", "read the drive and save its settings"},
+    Command{"write", "IN.cnf", "--port --json --motors --no-verify --accept-unset-inertia",
+            "send the settings to the drive and read them back"},
+    Command{"verify", "IN.cnf", "--port --json --motors", "tell whether the drive holds these settings"},
+    Command{"compare", "A B", "--json --motors",
+            "the settings in which A and B differ, each a file or a port"},
+    Command{"report", "IN.cnf", "--json --motors --pdf", "the settings in words"},
+    Command{"history", "", "--port --json", "the last eight alarms of the drive"},
+    Command{"ports", "", "--json", "the serial ports of this computer"},
 };
 
 struct Option {
@@ -42,9 +46,11 @@ const std::vector<Option>& Options() {
        [](CommandOptions& o, const std::string&) { o.json = true; }},
       {"--motors", "FILE", "motor table to use; never written to",
        [](CommandOptions& o, const std::string& value) { o.motors = value; }},
-      {"--no-verify", "", "write: do not read the settings back",
+      {"--pdf", "OUT.pdf", "save it as a PDF file, as the windows print it",
+       [](CommandOptions& o, const std::string& value) { o.pdf = value; }},
+      {"--no-verify", "", "do not read the settings back",
        [](CommandOptions& o, const std::string&) { o.verify = false; }},
-      {"--accept-unset-inertia", "", "write: send the load inertia of every start, 1 : 1",
+      {"--accept-unset-inertia", "", "send the load inertia of every start, 1 : 1",
        [](CommandOptions& o, const std::string&) { o.acceptUnsetInertia = true; }},
       {"--help", "", "print this", [](CommandOptions& o, const std::string&) { o.help = true; }},
       {"--version", "", "print the version", [](CommandOptions& o, const std::string&) { o.version = true; }},
@@ -62,19 +68,43 @@ constexpr std::array<std::string_view, 8> kExitWords{
     "a file cannot be read or written",
     "a setting is beyond a limit of the drive"};
 
-constexpr const char* kExamples =
-    "  kavr6 identify --port COM3\n"
-    "  kavr6 read --port /dev/ttyUSB0 machine.cnf\n"
-    "  kavr6 compare yesterday.cnf COM1\n"
-    "  kavr6 write --port COM1 machine.cnf && echo \"next drive, please\"\n";
+constexpr std::array<std::string_view, 8> kExamples{
+    "kavr6 identify --port COM3",
+    "kavr6 read --port /dev/ttyUSB0 machine.cnf",
+    "kavr6 verify --json machine.cnf",
+    "kavr6 compare yesterday.cnf COM1",
+    "kavr6 history --port COM3",
+    "kavr6 ports",
+    "kavr6 report machine.cnf --pdf machine.pdf",
+    "kavr6 write --port COM1 machine.cnf && echo \"next drive, please\""};
 
 std::string Padded(std::string text, std::size_t width) {
   text.resize(std::max(text.size() + 2, width), ' ');
   return text;
 }
 
-/// Takes the option at `at` and its value; `at` then stands on the last word taken.
-void TakeOption(CommandOptions& options, std::span<const std::string> words, std::size_t& at) {
+bool Takes(const Command& command, std::string_view option) {
+  std::istringstream names{std::string(command.options)};
+  return std::find(std::istream_iterator<std::string>(names), {}, option) !=
+         std::istream_iterator<std::string>();
+}
+
+/// The commands that take an option.
+std::vector<std::string_view> Takers(const Option& option) {
+  std::vector<std::string_view> names;
+  for (const Command& command : kCommands)
+    if (Takes(command, option.name)) names.push_back(command.name);
+  return names;
+}
+
+/// What an option is good for; before it the command's name, where that is one alone.
+std::string Meaning(const Option& option) {
+  const std::vector<std::string_view> names = Takers(option);
+  return (names.size() == 1 ? std::string(names[0]) + ": " : "") + std::string(option.what);
+}
+
+/// Takes the option at `at` and its value, and returns its name; `at` then stands on the last word taken.
+std::string_view TakeOption(CommandOptions& options, std::span<const std::string> words, std::size_t& at) {
   const std::string& word = words[at];
   const std::size_t equals = word.find('=');
   const std::string name = word.substr(0, equals);
@@ -88,6 +118,7 @@ void TakeOption(CommandOptions& options, std::span<const std::string> words, std
     if (value.empty()) throw UsageError(name + " needs a value");
   }
   found->take(options, value);
+  return found->name;
 }
 
 void CheckPort(const std::string& port) {
@@ -96,12 +127,16 @@ void CheckPort(const std::string& port) {
     throw UsageError("the ports are COM1 to COM8, and not " + port);
 }
 
-void CheckCommand(const CommandOptions& options) {
+void CheckCommand(const CommandOptions& options, std::span<const std::string_view> given) {
   if (options.help || options.version) return;
   CheckPort(options.port);
   if (options.command.empty()) throw UsageError("a command is missing");
   const auto found = std::ranges::find(kCommands, options.command, &Command::name);
   if (found == kCommands.end()) throw UsageError("there is no command " + options.command);
+  for (const std::string_view option : given)
+    if (!Takes(*found, option))
+      throw UsageError(options.command + " takes no " + std::string(option) + ": it takes " +
+                       std::string(found->options));
   const bool two = found->file.find(' ') != std::string_view::npos;
   const std::size_t files = found->file.empty() ? 0 : two ? 2 : 1;
   if (options.files.size() < files)
@@ -116,38 +151,46 @@ void CheckCommand(const CommandOptions& options) {
 
 CommandOptions ParseCommandLine(std::span<const std::string> words) {
   CommandOptions options;
+  std::vector<std::string_view> given;
   bool onlyFiles = false;
   for (std::size_t i = 0; i < words.size(); ++i) {
     if (!onlyFiles && words[i] == "--") {
       onlyFiles = true;
     } else if (!onlyFiles && words[i].starts_with("-") && words[i] != "-") {
-      TakeOption(options, words, i);
+      given.push_back(TakeOption(options, words, i));
     } else if (options.command.empty()) {
       options.command = words[i];
     } else {
       options.files.push_back(words[i]);
     }
   }
-  CheckCommand(options);
+  CheckCommand(options, given);
   return options;
 }
 
-std::string CommandHelp() {
+std::string CommandHelp(std::string_view about) {
   constexpr std::size_t kColumn = 28;
+  const auto known = std::ranges::find(kCommands, about, &Command::name);
+  const bool all = known == kCommands.end();
   std::ostringstream text;
+  const auto entry = [&text](std::string_view name, std::string_view value, std::string_view what) {
+    text << "  " << Padded(std::string(name) + " " + std::string(value), kColumn) << what << "\n";
+  };
   text << "kavr6: settings of a KAVR6 drive, without a window\n\n  kavr6 COMMAND [OPTION]... "
           "[FILE]\n\nCommands\n";
   for (const Command& command : kCommands)
-    text << "  " << Padded(std::string(command.name) + " " + std::string(command.file), kColumn)
-         << command.what << "\n";
+    if (all || command.name == about) entry(command.name, command.file, command.what);
   text << "\nOptions\n";
   for (const Option& option : Options())
-    text << "  " << Padded(std::string(option.name) + " " + std::string(option.value), kColumn) << option.what
-         << "\n";
+    if (all || Takes(*known, option.name) || Takers(option).empty())
+      entry(option.name, option.value, Meaning(option));
   text << "\nExit codes\n";
   for (std::size_t code = 0; code < kExitWords.size(); ++code)
     text << "  " << code << "  " << kExitWords[code] << "\n";
-  text << "\nExamples\n" << kExamples;
+  text << "\nExamples\n";
+  for (const std::string_view example : kExamples)
+    if (all || (std::string(example) + " ").starts_with("kavr6 " + std::string(about) + " "))
+      text << "  " << example << "\n";
   return text.str();
 }
 

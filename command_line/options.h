@@ -26,6 +26,7 @@ struct CommandOptions {
   std::vector<std::string> files;
   std::string port = "COM1";  ///< "COM1" to "COM8" in any case, or the path of a device
   std::string motors;         ///< file with the motor table; empty: the one beside the program
+  std::string pdf;            ///< file for the report; empty: it is printed as text
   bool json = false;
   bool verify = true;
   bool acceptUnsetInertia = false;
@@ -39,12 +40,12 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// `words` without the program's name. UsageError for an unknown command or option, a value that is missing
-/// and a wrong number of files.
+/// `words` without the program's name. UsageError for an unknown command or option, an option that the
+/// command has no use for, a value that is missing and a wrong number of files.
 CommandOptions ParseCommandLine(std::span<const std::string> words);
 
-/// What --help prints.
-std::string CommandHelp();
+/// What --help prints about that command; about all of them where it is none.
+std::string CommandHelp(std::string_view about);
 
 /// 1 to 8 for "COM1" to "COM8" in any case, otherwise 0: a device.
 int PortNumber(std::string_view port);

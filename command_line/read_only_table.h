@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <utility>
 
 #include "platform/runtime_error.h"
@@ -23,6 +24,7 @@ class ReadOnlyTable : public TableAccess {
   bool NoMatch() const override { return table_.NoMatch(); }
   void MoveFirst() override { table_.MoveFirst(); }
   void MoveNext() override { table_.MoveNext(); }
+  std::string LeftOut() const override { return table_.LeftOut(); }
   bool EndOfTable() const override { return table_.EndOfTable(); }
   Variant Read(std::string_view column) const override { return table_.Read(column); }
   void AddNew() override { throw RuntimeError(kTableReadOnly, "The motor table is not written to"); }

@@ -39,6 +39,8 @@ DriveSession::DriveSession(const CommandMachine& machine, const CommandOptions& 
   InitVars(settings);
   motorTable.Open(machine.directory);
   motorTable.MoveFirst();
+  if (const std::string why = motorTable.LeftOut(); !why.empty())
+    boxes.Tell(std::string(kOwnMotorsLeftOut) + ": " + why);
   transfers.AddMotorIfMissing = [this](const MotorRecord& motor) { TakeMotor(motor); };
   receive.ServoError152 = [this](int word) { TellAlarms(word); };
   // What the main screen does when a model is selected.

@@ -36,6 +36,10 @@ struct CommandMachine {
   std::function<void(int number, const std::string& device)> UseDevice;
   /// Whether that path is one of a device, or was, and not of a file.
   std::function<bool(const std::string& path)> IsDevice;
+  /// The PDF file of a document, which is one JSON object: "title", "file" and "remark" stand in the margins,
+  /// and each of "lines" has "column", "text", "font", "points" and "bold". RuntimeError where the part that
+  /// prints is not installed, or fails.
+  std::function<std::string(const std::string& document)> MakePdf;
 };
 
 /// The parts below the windows, as the program with windows uses them. Start values in the settings; the

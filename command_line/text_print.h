@@ -8,23 +8,30 @@
 
 namespace kavr6 {
 
-/// Collects what is printed, without fonts and margins.
+struct TextLine {
+  int column = 0;
+  std::string text;  ///< empty for a blank line
+  PrintFont font;
+};
+
+/// Collects what is printed.
 class TextPrint : public PrintJob {
  public:
-  const std::vector<std::string>& Lines() const { return lines_; }
+  const PageMargins& Margins() const { return margins_; }
+  const std::vector<TextLine>& Lines() const { return lines_; }
 
-  void SetMargins(const PageMargins& /*margins*/) override {}
+  void SetMargins(const PageMargins& margins) override { margins_ = margins; }
   bool AskForPrinter(int /*flags*/) override { return true; }
-  void SetFont(const PrintFont& /*font*/) override {}
-  void PrintLine(int column, const std::string& text) override {
-    lines_.push_back(std::string(static_cast<std::size_t>(column), ' ') + text);
-  }
-  void BlankLine() override { lines_.emplace_back(); }
+  void SetFont(const PrintFont& font) override { font_ = font; }
+  void PrintLine(int column, const std::string& text) override { lines_.push_back({column, text, font_}); }
+  void BlankLine() override { lines_.push_back({0, {}, font_}); }
   void EndDoc() override {}
   void ShowPreview(int /*flags*/) override {}
 
  private:
-  std::vector<std::string> lines_;
+  PageMargins margins_;
+  PrintFont font_;
+  std::vector<TextLine> lines_;
 };
 
 }  // namespace kavr6

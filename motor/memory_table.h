@@ -25,6 +25,7 @@ class MemoryTable : public TableAccess {
   bool FailOpen = false;  ///< Open raises an error
   std::function<void(const Row&)> Added;
   std::filesystem::path TakenBy;  ///< where new rows are said to have gone
+  std::string Missing;            ///< why rows are said to be left out
   bool FailUpdate = false;        ///< Update raises an error, as with a read-only file
 
   /// Adds a whole row, whatever the cursor does.
@@ -50,6 +51,7 @@ class MemoryTable : public TableAccess {
     if (!noMatch_) MoveTo(found);
   }
   bool NoMatch() const override { return noMatch_; }
+  std::string LeftOut() const override { return Missing; }
   void MoveFirst() override { MoveTo(rows_.begin()); }
   void MoveNext() override { MoveTo(rows_.upper_bound(current_)); }
   bool EndOfTable() const override { return !onRow_; }
@@ -74,7 +76,7 @@ class MemoryTable : public TableAccess {
     const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
     for (std::size_t i = 0; i < kMotorColumns.size(); ++i)
       if (std::ranges::equal(std::string_view(kMotorColumns[i].name), name, {}, lower, lower)) return i;
-    throw RuntimeError(3265, "Item not found in this collection.");
+    throw RuntimeError(kNoColumn, "Item not found in this collection.");
   }
   void MoveTo(Rows::const_iterator row) {
     onRow_ = row != rows_.end();

@@ -15,6 +15,9 @@ namespace kavr6 {
 inline constexpr const char* kMotorFile = "kavr6 motors.mdb";
 inline constexpr const char* kMotorTableName = "motor params";
 
+/// Said where the user's own motors are left out, with the reason behind it.
+inline constexpr const char* kOwnMotorsLeftOut = "Your own motors are left out";
+
 /// What has become of a motor that was to be appended.
 struct AppendedMotor {
   std::optional<std::string> refusal;  ///< why the table could not be written
@@ -33,6 +36,8 @@ class MotorTable {
   /// transfer.
   void Open(const std::filesystem::path& directory);
   void MoveFirst();
+  /// Why the user's own motors are left out of the table, as a sentence; empty where they are in it.
+  std::string LeftOut() const { return access_.LeftOut(); }
   /// Moves to the row with exactly this "PartNoX"; false, and no move, when there is none.
   bool Seek(std::string_view partNumber);
   /// The selected motor. RuntimeError without a current row and for a text in a column of numbers.

@@ -23,18 +23,20 @@ void OwnRows::OpenOwn() {
   if (ownIsOpen_) return;
   own_.table.Open(own_.file, table_);
   own_.table.SetIndex(index_);
+  for (own_.table.MoveFirst(); !own_.table.EndOfTable(); own_.table.MoveNext()) continue;
   ownIsOpen_ = true;
   inStep_ = false;
+  leftOut_.clear();
 }
 
 void OwnRows::OpenOwnIfThere() {
   // Another program may have made it by now.
-  std::error_code error;
-  if (ownIsOpen_ || !std::filesystem::exists(own_.file, error)) return;
+  std::error_code unknown;
+  if (ownIsOpen_ || !std::filesystem::exists(own_.file, unknown)) return;
   try {
     OpenOwn();
-  } catch (const RuntimeError&) {
-    // The catalogue works without it; whoever adds a row is told.
+  } catch (const RuntimeError& error) {
+    leftOut_ = error.what();  // the catalogue works without it
   }
 }
 
@@ -89,7 +91,13 @@ std::string OwnRows::Key(const TableAccess& table) const {
 
 Variant OwnRows::Read(std::string_view column) const {
   if (current_ == nullptr) RaiseNoRecord();
-  return current_->Read(column);
+  try {
+    return current_->Read(column);
+  } catch (const RuntimeError& error) {
+    // An older program has made the file, which knew less of a motor.
+    if (current_ == &common_ || error.Number() != kNoColumn) throw;
+    return {};
+  }
 }
 
 void OwnRows::Assign(std::string_view column, const Variant& value) {
@@ -109,7 +117,11 @@ std::filesystem::path OwnRows::Update() {
     if (error.Number() != kTableReadOnly && error.Number() != kTableUnreachable) throw;
   }
   own_.Make(own_.file);
+  const bool onOwn = ownIsOpen_ && current_ == &own_.table && !own_.table.EndOfTable();
+  const std::string key = onOwn ? Key(own_.table) : "";
+  ownIsOpen_ = false;  // the one that is open may have been removed
   OpenOwn();
+  if (onOwn) own_.table.Seek(key);
   Append(own_.table, row);
   return own_.file;
 }

@@ -24,8 +24,8 @@ struct OwnRowsPlace {
 /// Both as one table in one order. A row that stands in both is the common one's, as if it had stood there
 /// before the user's was added: a newer catalogue knows more of a motor than the file that brought it. The
 /// user's rows are never changed by that. A new row goes into the common file, and into the user's where that
-/// one takes none; which is made then. A user's file that cannot be read is left out, and the next new row is
-/// refused for it.
+/// one takes none; which is made then. A user's file that cannot be read to its end is left out as a whole,
+/// and new rows for it are refused: nobody writes into what may be damaged. A column that it lacks is empty.
 class OwnRows : public TableAccess {
  public:
   OwnRows(TableAccess& common, OwnRowsPlace own) : common_(common), own_(std::move(own)) {}
@@ -38,6 +38,7 @@ class OwnRows : public TableAccess {
   void MoveNext() override;
   bool EndOfTable() const override { return current_ != nullptr && current_->EndOfTable(); }
   Variant Read(std::string_view column) const override;
+  std::string LeftOut() const override { return leftOut_; }
   void AddNew() override { row_.emplace(); }
   void Assign(std::string_view column, const Variant& value) override;
   std::filesystem::path Update() override;
@@ -61,6 +62,7 @@ class OwnRows : public TableAccess {
   bool inStep_ = false;             // the other cursor stands on the next row of its table
   TableAccess* current_ = nullptr;  // the one whose row is current
   bool noMatch_ = false;
+  std::string leftOut_;
   std::optional<Row> row_;
 };
 

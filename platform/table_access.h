@@ -15,6 +15,8 @@ using Variant = std::variant<std::monostate, std::int64_t, double, std::string>;
 /// Errors of a table that is read as ever and takes no new rows.
 inline constexpr int kTableReadOnly = 3027;
 inline constexpr int kTableUnreachable = 3051;
+/// A column that the table lacks.
+inline constexpr int kNoColumn = 3265;
 
 /// Access to one table. The cursor stands on a row, or on none: before the first move and past the end.
 /// Failures of the database are RuntimeErrors with a plain sentence as text.
@@ -35,8 +37,10 @@ class TableAccess {
   /// The cursor has passed the last row.
   virtual bool EndOfTable() const = 0;
   /// A column of the current row; its name is compared without regard to case. RuntimeError 3021 without a
-  /// current row, 3265 for an unknown column.
+  /// current row, kNoColumn for an unknown column.
   virtual Variant Read(std::string_view column) const = 0;
+  /// Why rows that belong to the table are left out, as a sentence; empty where all are there.
+  virtual std::string LeftOut() const { return {}; }
   /// Begins a new row; Assign fills it, Update appends it in one transaction. The cursor does not move.
   /// When Update fails the table is as before. It returns the file that the row has gone to, where that is
   /// not the opened one.

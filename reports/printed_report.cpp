@@ -1,16 +1,9 @@
 #include "reports/printed_report.h"
 
-#include "platform/path_text.h"
-
 namespace kavr6 {
 namespace {
 
 constexpr int kFlags = kPrintNoSelection | kPrintNoPageRange | kPrintNoFile;
-
-std::string NameInHead(const DriveState& state) {
-  const std::string name = FileNameOf(state.TitleName.Get());
-  return name.empty() ? "untitled" : name;
-}
 
 }  // namespace
 
@@ -37,10 +30,7 @@ void PrintedReport::MenuPreview() {
 }
 
 void PrintedReport::SetMargins() {
-  const std::string remark = p_.source.state.Modified ? " (changed)" : "";
-  TryToPrint([&] {
-    p_.job.SetMargins({.title = kReportTitle, .file = NameInHead(p_.source.state), .remark = remark});
-  });
+  TryToPrint([this] { p_.job.SetMargins(ReportMargins(p_.source.state)); });
 }
 
 }  // namespace kavr6

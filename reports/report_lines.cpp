@@ -9,6 +9,7 @@
 #include "core/numbers.h"
 #include "core/serial_protocol.h"
 #include "motor/motor_row.h"
+#include "platform/path_text.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
@@ -73,6 +74,13 @@ std::string WithTimes(std::string text, std::initializer_list<Long> times) {
 }
 
 }  // namespace
+
+PageMargins ReportMargins(const DriveState& state) {
+  const std::string name = FileNameOf(state.TitleName.Get());
+  return {.title = kReportTitle,
+          .file = name.empty() ? "untitled" : name,
+          .remark = state.Modified ? " (changed)" : ""};
+}
 
 ReportLines::ReportLines(const ReportSource& source, PrintJob& job)
     : state_(source.state), s_(source.settings), table_(source.table), job_(job) {}

@@ -18,6 +18,9 @@ struct ReportSource {
   const MotorTable& table;
 };
 
+/// What stands in the margins of its pages.
+PageMargins ReportMargins(const DriveState& state);
+
 /// Runs a step of printing, which never tells an error.
 template <class Step>
 void TryToPrint(const Step& step) {

@@ -1,7 +1,6 @@
 #include "adapters/sqlite/motor_tables.h"
 
 #include "adapters/sqlite/motor_catalogue.h"
-#include "motor/motor_table.h"
 #include "platform/path_text.h"
 #include "platform/runtime_error.h"
 
@@ -20,6 +19,6 @@ void MakeOwnFile(const std::filesystem::path& file) {
 }  // namespace
 
 MotorTables::MotorTables(const std::filesystem::path& ownFolder, bool installed)
-    : both_(common_, {own_, ownFolder / kMotorFile, MakeOwnFile, installed}) {}
+    : both_(common_, {own_, ownFolder / kOwnMotorFile, MakeOwnFile, installed}) {}
 
 }  // namespace kavr6

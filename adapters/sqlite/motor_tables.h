@@ -6,6 +6,9 @@
 
 namespace kavr6 {
 
+/// Not the name of a program's own: below one prefix the user's folder can be that of the program.
+inline constexpr const char* kOwnMotorFile = "own motors.mdb";
+
 class MotorTables {
  public:
   /// `ownFolder`: where the user's file is, or is made. `installed`: the file that is opened takes no rows.

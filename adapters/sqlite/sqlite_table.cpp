@@ -8,7 +8,6 @@ namespace kavr6 {
 namespace {
 
 constexpr int kNoTable = 3078;
-constexpr int kNoColumn = 3265;
 
 bool SameName(std::string_view a, std::string_view b) {
   const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };

@@ -20,6 +20,7 @@
 #include "adapters/qt/base/qt_event_pump.h"
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/sqlite/motor_tables.h"
+#include "apps/kavr6/make_pdf.h"
 #include "command_line/commands.h"
 #include "platform/path_text.h"
 
@@ -63,7 +64,8 @@ int Run(const CommandOptions& options, const ProgramFolders& folders) {
       folders.data,
       {version.majorVersion(), version.minorVersion(), version.microVersion()},
       [&comm](int number, const std::string& device) { comm.UseDevice(number, device); },
-      IsDevice};
+      IsDevice,
+      [&](const std::string& document) { return MakePdf(pump, folders.helpers, document); }};
   const ExitCode code = RunCommand(machine, options, [&session](DriveSession* now) { session = now; });
   comm.Release();
   return static_cast<int>(code);
@@ -99,7 +101,7 @@ int main(int argc, char** argv) {
     return static_cast<int>(ExitCode::BadUse);
   }
   if (options.help || options.version) {
-    std::cout << (options.help ? CommandHelp() : std::string("kavr6 ") + KAVR6_VERSION + "\n") << std::flush;
+    std::cout << (options.help ? CommandHelp(options.command) : std::string("kavr6 ") + KAVR6_VERSION + "\n") << std::flush;
     if (std::cout) return 0;
     ConsoleBoxes(std::cerr).Tell("This cannot be printed");
     return static_cast<int>(ExitCode::BadFile);

@@ -100,6 +100,8 @@ void MotorDialog::Load() {
     LoadMotorList();
     if (MotorList.Count() == 0) RaiseNoRecord();  // without a selected motor no setting can be shown or sent
     table_.MoveFirst();
+    if (const std::string why = table_.LeftOut(); !why.empty())
+      state_.Happened.Tell(kOwnMotorsLeftOut, ": " + why);
   } catch (const RuntimeError& error) {
     Desk().Ask({.text = "Error " + std::to_string(error.Number()) + ": " + error.what() +
                         " Can't load motor database.  The KAVR6 Configurator cannot operate without it.  "

@@ -1,7 +1,7 @@
 # Completion of kavr6 for bash. Commands and options are those of its help.
 _kavr6() {
-  local word=$2 before=$3 help candidates=() i
-  help=$("$1" --help 2>/dev/null)
+  local word=$2 before=$3 about=${COMP_WORDS[1]} help candidates=()
+  help=$("$1" "${about##-*}" --help 2>/dev/null)
   if [ "$before" = = ] && [ "$COMP_CWORD" -ge 2 ]; then
     before=${COMP_WORDS[COMP_CWORD - 2]}  # --port=COM3 comes as three words
   elif [ "$word" = = ]; then

@@ -30,6 +30,7 @@ class Suite:
     name: str
     folder: str
     program: Path
+    others: list    # programs that it starts
 
 
 @dataclass
@@ -136,7 +137,7 @@ class Workshop:
                 if self._call(self._build_command(run.suite.name), BUILD_LIMIT) != 0:
                     return Verdict('not compiling')
                 built.add(run.suite.name)
-            if self._untouched(run.suite.program):
+            if all(self._untouched(program) for program in [run.suite.program, *run.suite.others]):
                 continue
             how = self._how_it_failed(run)
             if how:
@@ -182,7 +183,14 @@ class Workshop:
                        if used['id'] in targets}
             return 'adapters' in folders or target['paths']['source'].startswith('tests/adapters')
 
-        return [Suite(target['name'], target['paths']['source'], self.build_folder / target['artifacts'][0]['path'])
+        def program(target):
+            return self.build_folder / target['artifacts'][0]['path']
+
+        def started(target):
+            used = [targets[entry['id']] for entry in target.get('dependencies', ()) if entry['id'] in targets]
+            return [program(other) for other in used if other['type'] == 'EXECUTABLE']
+
+        return [Suite(target['name'], target['paths']['source'], program(target), started(target))
                 for target in targets.values()
                 if target['type'] == 'EXECUTABLE' and target['name'].endswith('_tests') and not adapters(target)]
 

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "adapters/qt/print/page_flow.h"
+#include "adapters/qt/pages/page_flow.h"
 #include "adapters/qt/print/qt_print_job.h"
 #include "platform/runtime_error.h"
 

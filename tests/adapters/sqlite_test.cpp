@@ -51,6 +51,11 @@ struct Bench {
                name + "', 1.5)");
   }
   void Open() { motors.Open(folder); }
+  /// Before the program opens it: some systems keep a file that is open.
+  void RemoveFile() {
+    other.reset();
+    std::filesystem::remove(file);
+  }
   /// What the reason says for a motor that the table does not take.
   std::string Append(const std::string& name) {
     return motors.Append({.MotorName = name}).refusal.value_or("added");
@@ -64,18 +69,18 @@ struct Bench {
 };
 
 TEST(SqliteTable, FileThatIsNoMotorTableIsToldInPlainWords) {
-  Bench bench;
   const std::string create = "CREATE TABLE \"motor params\" ";
   const std::pair<std::string, const char*> cases[] = {
       {create + "(a TEXT)", "\"PartNoX\""},
       {create + "(PartNoX TEXT); INSERT INTO \"motor params\" VALUES ('KM17')", "\"part number\""}};
-  bench.other.reset();  // some systems keep a file that is open
   for (const auto& [sql, words] : cases) {
-    std::filesystem::remove(bench.file);
+    Bench bench;
+    bench.RemoveFile();
     SqliteConnection(bench.file, SqliteConnection::Mode::CreateNew, milliseconds(0)).Run(sql);
     ExpectProblem(words, [&] { bench.Open(); });
   }
-  std::filesystem::remove(bench.file);
+  Bench bench;
+  bench.RemoveFile();
   ExpectProblem("3024: ", [&] { bench.Open(); });
   EXPECT_FALSE(std::filesystem::exists(bench.file)) << "opening has made a file";
   std::ofstream(bench.file) << std::string(5000, 'x');
@@ -154,31 +159,31 @@ std::string SeenFrom(const std::filesystem::path& folder, const std::filesystem:
   return seen;
 }
 
-/// Root may write everywhere, so it works as an ordinary user for a while.
-class OrdinaryUser {
 #ifndef _WIN32
- public:
-  OrdinaryUser() { EXPECT_EQ(seteuid(user_ == 0 ? 65534 : user_), 0); }
-  ~OrdinaryUser() { EXPECT_EQ(seteuid(user_), 0); }
-
- private:
-  const uid_t user_ = geteuid();
-#endif
-};
-
 TEST(SqliteTable, ReadOnlyFileIsReadAndOnlyTheAppendFails) {
   using std::filesystem::perms;
   Bench bench;
   bench.Insert("KM17");
   std::filesystem::permissions(bench.folder, static_cast<perms>(0755));
   std::filesystem::permissions(bench.file, static_cast<perms>(0444));
-  [[maybe_unused]] const OrdinaryUser user{};
+  // Root may write everywhere, so it works as an ordinary user here.
+  const uid_t user = geteuid();
+  ASSERT_EQ(seteuid(user == 0 ? 65534 : user), 0);
   bench.Open();
   EXPECT_EQ(bench.Append("KM23"), "The file \"" + PathText(bench.file) + "\" is read-only.");
   EXPECT_EQ(bench.Order(), "KM17 ");
-  QTemporaryDir home;
+  const QTemporaryDir home;
   EXPECT_EQ(SeenFrom(bench.folder, home.path().toStdString(), false, "KM23"), "+KM23: KM17 KM23 ");
+  ASSERT_EQ(seteuid(user), 0);
+  // The file may be written to, and no journal made beside it.
+  std::filesystem::permissions(bench.file, static_cast<perms>(0666));
+  std::filesystem::permissions(bench.folder, static_cast<perms>(0555));
+  ASSERT_EQ(seteuid(user == 0 ? 65534 : user), 0);
+  EXPECT_EQ(SeenFrom(bench.folder, home.path().toStdString(), false, "KM24"), "+KM24: KM17 KM23 KM24 ");
+  ASSERT_EQ(seteuid(user), 0);
+  std::filesystem::permissions(bench.folder, static_cast<perms>(0755));
 }
+#endif
 
 TEST(MotorTables, OwnMotorsOutliveTheCatalogueThatTheyWereAddedTo) {
   Bench bench;
@@ -188,11 +193,10 @@ TEST(MotorTables, OwnMotorsOutliveTheCatalogueThatTheyWereAddedTo) {
   EXPECT_FALSE(std::filesystem::exists(own)) << "made before there was a need";
   EXPECT_EQ(SeenFrom(bench.folder, own, true, "KM16"), "+KM16: KM16 KM17 ");
   EXPECT_EQ(SeenFrom(bench.folder, own, true, "KM99"), "+KM99: KM16 KM17 KM99 ");
-  bench.Open();
-  EXPECT_EQ(bench.Order(), "KM17 ") << "the installed file has been written to";
+  EXPECT_EQ(SeenFrom(bench.folder, bench.folder / "nobody", true, ""), "KM17 ")
+      << "the installed file has been written to";
 
-  bench.other.reset();
-  std::filesystem::remove(bench.file);  // the next version knows one of them, and one more
+  bench.RemoveFile();  // the next version knows one of them, and one more
   WriteMotorFile({}, bench.file);
   bench.other.emplace(bench.file, SqliteConnection::Mode::Existing, milliseconds(0));
   for (const char* name : {"KM16", "KM17", "KM18"}) bench.Insert(name);
@@ -201,9 +205,60 @@ TEST(MotorTables, OwnMotorsOutliveTheCatalogueThatTheyWereAddedTo) {
   bench.Open();
   EXPECT_EQ(bench.Order(), "KM16 KM17 KM18 KM20 ");
 
-  std::ofstream(own / kMotorFile) << std::string(5000, 'x');
-  EXPECT_EQ(SeenFrom(bench.folder, own, true, "KM99"),
-            "+The file \"" + PathText(own / kMotorFile) + "\" is not a database.: KM16 KM17 KM18 KM20 KM99 ");
+  EXPECT_EQ(SeenFrom(bench.folder, bench.folder, true, "KM30"), "+KM30: KM16 KM17 KM18 KM20 KM30 ");
+  bench.Open();
+  EXPECT_EQ(bench.Order(), "KM16 KM17 KM18 KM20 ") << "the user's folder is that of the program";
+
+  bench.other->Run("BEGIN IMMEDIATE");
+  EXPECT_EQ(SeenFrom(bench.folder, own, false, "KM21"),
+            "+The file \"" + bench.file.string() +
+                "\" is in use by another program.: KM16 KM17 KM18 KM20 KM21 KM99 ");
+  bench.other->Run("COMMIT");
+  EXPECT_EQ(SeenFrom(bench.folder, own, false, ""), "KM16 KM17 KM18 KM20 KM99 ") << "added to the own ones";
+
+  std::ofstream(own / kOwnMotorFile) << std::string(5000, 'x');
+  EXPECT_EQ(
+      SeenFrom(bench.folder, own, true, "KM99"),
+      "+The file \"" + (own / kOwnMotorFile).string() + "\" is not a database.: KM16 KM17 KM18 KM20 KM99 ");
+}
+
+std::string ContentOf(const std::filesystem::path& file) {
+  std::ostringstream content;
+  content << std::ifstream(file, std::ios::binary).rdbuf();
+  return content.str();
+}
+
+TEST(MotorTables, OwnFileIsLeftOutWhereAnyOfItIsDamagedAndReadWhereItIsOlder) {
+  Bench bench;
+  bench.Insert("KM17");
+  Bench own;
+  for (int i = 100; i < 400; ++i) own.Insert("OWN-" + std::to_string(i));
+  own.other->Run("ALTER TABLE \"motor params\" DROP COLUMN R");
+  std::filesystem::rename(own.file, own.folder / kOwnMotorFile);
+  own.file = own.folder / kOwnMotorFile;
+  MotorTables older(own.folder, true);
+  MotorTable motors(older.Both());
+  motors.Open(bench.folder);
+  EXPECT_EQ(motors.LeftOut(), "");
+  EXPECT_EQ(motors.Overview().size(), 301U);
+  ASSERT_TRUE(motors.Seek("OWN-399"));
+  EXPECT_EQ(motors.Row().Current, 1.5);
+  EXPECT_EQ(motors.Row().R, std::nullopt);
+
+  std::fstream file(own.file, std::ios::in | std::ios::out | std::ios::binary);
+  file.seekp(3 * 4096);  // the fourth page
+  file << std::string(4096, 'x') << std::flush;
+  const std::string content = ContentOf(own.file);
+  EXPECT_EQ(SeenFrom(bench.folder, own.folder, true, "KM99"),
+            "+The file \"" + own.file.string() + "\" is damaged.: KM17 KM99 ");
+  EXPECT_EQ(ContentOf(own.file), content);
+
+  std::filesystem::remove(own.file);  // while the program has it open
+  EXPECT_EQ(motors.Append({.MotorName = "KM98"}).elsewhere, own.file);
+  EXPECT_EQ(SeenFrom(bench.folder, own.folder, true, ""), "KM17 KM98 ");
+
+  bench.other->Run("ALTER TABLE \"motor params\" DROP COLUMN R");
+  ExpectProblem("3265: ", [&] { SeenFrom(bench.folder, own.folder, true, ""); });
 }
 
 TEST(MotorCatalogue, BadLineIsNamedWithItsReason) {

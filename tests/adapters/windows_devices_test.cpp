@@ -1,4 +1,6 @@
 // Ports and notices of devices as Windows has them.
+#include <QAbstractEventDispatcher>
+
 #include <gtest/gtest.h>
 #include <windows.h>
 // Needs the one above.
@@ -11,26 +13,36 @@
 namespace kavr6 {
 namespace {
 
+/// As the toolkit hands on what is sent to a window.
+void Send(UINT message, WPARAM what) {
+  MSG notice{};
+  notice.message = message;
+  notice.wParam = what;
+  qintptr result = 0;
+  QAbstractEventDispatcher::instance()->filterNativeEvent("windows_generic_MSG", &notice, &result);
+}
+
 TEST(DeviceNotices, SeveralAtOnceAreToldOnceAndNothingElseIs) {
   QtEventPump pump;
   int told = 0;
-  const auto notice = [&pump](UINT message, WPARAM what) {
-    PostThreadMessageW(GetCurrentThreadId(), message, what, 0);
-    Delay(pump, 0.05);
-  };
   {
     const DeviceNotices notices(pump, [&told] { ++told; });
-    PostThreadMessageW(GetCurrentThreadId(), WM_DEVICECHANGE, DBT_DEVICEARRIVAL, 0);
-    notice(WM_DEVICECHANGE, DBT_DEVNODES_CHANGED);
+    Send(WM_DEVICECHANGE, DBT_DEVICEARRIVAL);
+    Send(WM_DEVICECHANGE, DBT_DEVNODES_CHANGED);
+    EXPECT_EQ(told, 0) << "not from inside the notice";
+    pump.PumpEvents();
     EXPECT_EQ(told, 1);
-    notice(WM_DEVICECHANGE, DBT_QUERYCHANGECONFIG);
-    notice(WM_SETTINGCHANGE, DBT_DEVNODES_CHANGED);
+    Send(WM_DEVICECHANGE, DBT_QUERYCHANGECONFIG);
+    Send(WM_SETTINGCHANGE, DBT_DEVNODES_CHANGED);
+    pump.PumpEvents();
     EXPECT_EQ(told, 1);
-    notice(WM_DEVICECHANGE, DBT_DEVICEREMOVECOMPLETE);
+    Send(WM_DEVICECHANGE, DBT_DEVICEREMOVECOMPLETE);
+    pump.PumpEvents();
     EXPECT_EQ(told, 2);
-    PostThreadMessageW(GetCurrentThreadId(), WM_DEVICECHANGE, DBT_DEVNODES_CHANGED, 0);
+    Send(WM_DEVICECHANGE, DBT_DEVNODES_CHANGED);
   }
-  Delay(pump, 0.05);
+  Send(WM_DEVICECHANGE, DBT_DEVNODES_CHANGED);
+  pump.PumpEvents();
   EXPECT_EQ(told, 2) << "after its end";
 }
 

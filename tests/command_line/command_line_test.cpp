@@ -1,7 +1,8 @@
 // The program without windows, as a shell sees it: the sessions of sessions.txt against the simulated drive's
-// program. A line "# ..." does something to the world, "$ ..." calls kavr6; below it stands what it prints, a
-// message behind "! ", and its exit code in brackets. With KAVR6_WRITE_TRANSCRIPTS set, what has come of the
-// calls is left beside it as sessions.got.
+// program. A line "# ..." does something to the world, "$ ..." calls kavr6, or a copy of it by its path, and
+// "% ..." is a line for the shell; below it stands what it prints, a message behind "! ", and its exit code
+// in brackets. With KAVR6_WRITE_TRANSCRIPTS set, what has come of the calls is left beside it as
+// sessions.got.
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -22,6 +23,7 @@ class World {
   World() {
     simulator_.setProgram(DRIVE_SIMULATOR);
     qputenv("XDG_DATA_HOME", Path("home").toUtf8());
+    qputenv("KAVR6", KAVR6_PROGRAM);
   }
   ~World() { StopDrive(); }
   World(const World&) = delete;
@@ -54,6 +56,11 @@ class World {
     QProcess call;
     Start(call, words);
     return End(call);
+  }
+  QString Shell(const QString& line) {
+    QProcess shell;
+    StartShell(shell, line);
+    return End(shell);
   }
 
  private:
@@ -90,10 +97,14 @@ class World {
   /// `words` may end in a redirection of the shell's.
   void Start(QProcess& call, const QString& words) const {
     QString line = words;
-    if (!line.contains("--port")) line.replace(QRegularExpression("^(\\S+)"), "\\1 --port ports/COM1");
-    call.setWorkingDirectory(folder_.path());
-    call.start("sh", {"-c", QString("exec ") + KAVR6_PROGRAM + " " + line});
-    call.waitForStarted();
+    if (!line.contains("--port"))
+      line.replace(QRegularExpression("^(identify|read|write|verify|history)\\b"), "\\1 --port ports/COM1");
+    StartShell(call, QString("exec ") + (line.startsWith("./") ? "" : "$KAVR6 ") + line);
+  }
+  void StartShell(QProcess& shell, const QString& line) const {
+    shell.setWorkingDirectory(folder_.path());
+    shell.start("sh", {"-c", line});
+    shell.waitForStarted();
   }
   QString End(QProcess& call) const {
     if (!call.waitForFinished(20000)) return "it hangs\n";
@@ -105,6 +116,7 @@ class World {
   }
   void Interrupt(int afterMs) {
     EXPECT_FALSE(begun_.waitForFinished(afterMs));
+    ASSERT_GT(begun_.processId(), 0);  // to nobody is to everybody
     kill(static_cast<pid_t>(begun_.processId()), SIGINT);
   }
 
@@ -133,7 +145,7 @@ QList<Session> Sessions() {
   EXPECT_TRUE(file.open(QIODevice::ReadOnly));
   QList<Session> sessions;
   for (const QString& line : QString::fromUtf8(file.readAll()).split('\n')) {
-    if (line.startsWith("# ") || line.startsWith("$ ")) {
+    if (QRegularExpression("^[#$%] ").match(line).hasMatch()) {
       sessions.append({line, ""});
     } else if (!line.isEmpty() && !sessions.isEmpty()) {
       sessions.last().printed += line + "\n";
@@ -149,6 +161,7 @@ TEST(CommandLine, PrintsAndEndsAsTheSessionsSay) {
     QString told;
     if (heading.startsWith("# ")) world.Do(heading.mid(2));
     if (heading.startsWith("$ ")) told = world.Call(heading.mid(2));
+    if (heading.startsWith("% ")) told = world.Shell(heading.mid(2));
     EXPECT_EQ(told.toStdString(), printed.toStdString()) << heading.toStdString();
     got += heading + "\n" + told + (told.isEmpty() ? "" : "\n");
   }

@@ -1,4 +1,5 @@
 // The facts that the build has filled into the pages.
+#include <QTemporaryDir>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -32,9 +33,8 @@ TEST(HelpFacts, StandInThePages) {
 
 /// Whether the pages are written if one more source says this.
 bool Written(const std::string& page, const std::string& content) {
-  const std::string folder = testing::TempDir() + "help_facts";
-  fs::remove_all(folder);
-  fs::create_directory(folder);
+  const QTemporaryDir temporary;
+  const std::string folder = temporary.path().toStdString();
   fs::copy(KAVR6_SOURCE "/resources/help", folder + "/in");
   std::ofstream(folder + "/in/" + page) << content;
   return std::system((KAVR6_HELP_WRITER " " + folder + "/in " + folder + "/out").c_str()) == 0;

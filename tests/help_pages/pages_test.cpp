@@ -1,5 +1,6 @@
 // Every page of the help: there, whole, tied to the others, and spelled right.
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QUrl>
 #include <algorithm>
 #include <cstdio>
@@ -115,7 +116,8 @@ std::string WordsIn(const QDomNode& node) {
 
 /// The words that neither the speller nor our own list knows.
 Texts Misspelled(const std::string& words) {
-  const std::string text = testing::TempDir() + "help_words.txt";
+  const QTemporaryDir folder;
+  const std::string text = folder.path().toStdString() + "/words.txt";
   // Names with digits are no words.
   std::ofstream(text)
       << QString::fromStdString(words).replace(QRegularExpression(R"(\w*\d\w*)"), " ").toStdString();

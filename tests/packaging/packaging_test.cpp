@@ -71,13 +71,16 @@ TEST(Completion, OffersWhatTheHelpNames) {
     QFile file(folder.filePath(name));
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
   }
-  const std::pair<QStringList, std::string> cases[] = {{{""}, Names(Section("Commands"))},
-                                                       {{"verify", "--"}, Names(Section("Options"))},
-                                                       {{"re"}, "read report"},
-                                                       {{"write", "--no"}, "--no-verify"},
-                                                       {{"write", "m"}, "machine.cnf motors.mdb"},
-                                                       {{"write", "--motors", "mo"}, "motors.mdb"},
-                                                       {{"write", "--json", "ma"}, "machine.cnf"}};
+  const std::pair<QStringList, std::string> cases[] = {
+      {{""}, Names(Section("Commands"))},
+      {{"--"}, Names(Section("Options"))},
+      {{"verify", "--"}, "--help --json --motors --port --version"},
+      {{"re"}, "read report"},
+      {{"write", "--no"}, "--no-verify"},
+      {{"report", "--pdf", "ma"}, "machine.cnf"},
+      {{"write", "m"}, "machine.cnf motors.mdb"},
+      {{"write", "--motors", "mo"}, "motors.mdb"},
+      {{"write", "--json", "ma"}, "machine.cnf"}};
   for (const auto& [words, offered] : cases)
     EXPECT_EQ(Offered(words, folder.path()), offered) << words.join(' ').toStdString();
 }
@@ -89,6 +92,8 @@ TEST(Installed, IsFoundFromWhereverItLies) {
   QFile settings(prefix + "/settings.cnf");
   EXPECT_TRUE(QFile::copy(KAVR6_SOURCE "/tests/windowless/factory.cnf", settings.fileName()));
   EXPECT_TRUE(OutputOf(prefix + "/bin/kavr6", {"report", settings.fileName()}).contains("Run current"));
+  OutputOf(prefix + "/bin/kavr6", {"report", settings.fileName(), "--pdf", prefix + "/sheet.pdf"});
+  EXPECT_TRUE(QFile::exists(prefix + "/sheet.pdf"));
   const ProgramFolders found = FoldersOf((prefix + "/bin").toStdString());
   EXPECT_TRUE(found.installed);
   EXPECT_TRUE(std::filesystem::exists(found.data / "KAVR6 help" / "index.html"));

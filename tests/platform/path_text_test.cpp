@@ -1,6 +1,7 @@
 #include "platform/path_text.h"
 
 #include <fstream>
+#include <random>
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,8 @@ namespace kavr6 {
 namespace {
 
 TEST(PathText, IsUtf8WithOneKindOfStrokeAndLeadsToTheSameFile) {
-  const std::string folder = testing::TempDir() + "Gr\u00f6\u00dfe \u4e09";
+  const std::string folder =
+      testing::TempDir() + std::to_string(std::random_device()()) + "Gr\u00f6\u00dfe \u4e09";
   const std::string file = folder + "/Achse \u00fc.cnf";
   std::filesystem::create_directories(PathOf(folder));
   std::ofstream(PathOf(file)) << "there";

@@ -308,6 +308,7 @@ void Table(S s, W w) {
   if (state == "empty") s.scene.table = MemoryTable();
   s.scene.table.FailOpen = state == "missing";
   s.scene.table.FailUpdate = state == "readonly";
+  s.scene.table.Missing = state == "reduced" ? "The file \"own motors\" is not a database." : "";
   s.scene.table.TakenBy = state == "own" ? "own/kavr6 motors.mdb" : "";
 }
 

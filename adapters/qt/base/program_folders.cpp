@@ -19,10 +19,11 @@ ProgramFolders FindProgramFolders() {
 ProgramFolders FoldersOf(const fs::path& program) {
   const QString home = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
   const fs::path own = fs::path(home.toStdU16String()) / kName;
-  const fs::path shared = program.parent_path() / "share" / kName;
+  const fs::path above = program.parent_path();
+  const fs::path shared = above / "share" / kName;
   std::error_code error;
-  if (fs::is_directory(shared, error)) return {shared, own, true};
-  return {program, own, false};
+  if (fs::is_directory(shared, error)) return {shared, own, above / "libexec" / kName, true};
+  return {program, own, program, false};
 }
 
 }  // namespace kavr6

@@ -5,11 +5,13 @@
 
 namespace kavr6 {
 
-/// The program is installed as bin/ and share/kavr6/ below any one folder, or all of it lies in one folder.
+/// The program is installed as bin/, libexec/kavr6/ and share/kavr6/ below any one folder, or all of it lies
+/// in one folder.
 struct ProgramFolders {
-  std::filesystem::path data;  ///< motor table and help pages
-  std::filesystem::path own;   ///< the user's motors and pinned ports; it need not be there
-  bool installed = false;      ///< the next installation replaces `data`, so nothing is added to it
+  std::filesystem::path data;     ///< motor table and help pages
+  std::filesystem::path own;      ///< the user's motors and pinned ports; it need not be there
+  std::filesystem::path helpers;  ///< programs that it starts
+  bool installed = false;         ///< the next installation replaces `data`, so nothing is added to it
 };
 
 /// Of the running program. Needs an application object.

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "adapters/qt/base/text.h"
-#include "adapters/qt/print/paper.h"
+#include "adapters/qt/pages/paper.h"
 #include "adapters/qt/print/preview_window.h"
 #include "adapters/qt/windows/help_key.h"
 #include "platform/runtime_error.h"
@@ -20,6 +20,7 @@ constexpr int kPrinterError = 482;
 QPrinter& QtPrintJob::Printer() {
   if (printer_ == nullptr) {
     printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer_->setFullPage(true);
     SetUpPage(*printer_, SystemPaper());
   }
   return *printer_;
@@ -45,21 +46,10 @@ bool QtPrintJob::Ask(int flags, QWidget* parent) {
   return window.exec() == QDialog::Accepted;
 }
 
-void QtPrintJob::SetFont(const PrintFont& font) {
-  font_ = QFont(ToQt(font.name), font.points, font.bold ? QFont::Bold : QFont::Normal);
-}
-
-void QtPrintJob::PrintLine(int column, const std::string& text) {
-  QString shown = ToQt(text);
-  // One line stays one line.
-  for (QChar& character : shown)
-    if (!character.isPrint() && !character.isSurrogate()) character = ' ';
-  document_.lines.push_back({column, shown, font_});
-}
-
 void QtPrintJob::EndDoc() {
   const PrintedDocument document = std::exchange(document_, {});
-  if (!PaintDocument(Printer(), document)) throw RuntimeError(kPrinterError, "Printer error");
+  if (!PaintDocument(Printer(), document) || Printer().printerState() == QPrinter::Error)
+    throw RuntimeError(kPrinterError, "Printer error");
 }
 
 void QtPrintJob::ShowPreview(int flags) {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "adapters/qt/print/paint_document.h"
+#include "adapters/qt/pages/paint_document.h"
 
 namespace kavr6 {
 
@@ -22,8 +22,10 @@ class QtPrintJob : public PrintJob {
 
   void SetMargins(const PageMargins& margins) override { document_.margins = margins; }
   bool AskForPrinter(int flags) override;
-  void SetFont(const PrintFont& font) override;
-  void PrintLine(int column, const std::string& text) override;
+  void SetFont(const PrintFont& font) override { font_ = FontOf(font); }
+  void PrintLine(int column, const std::string& text) override {
+    document_.lines.push_back({column, LineOf(text), font_});
+  }
   void BlankLine() override { document_.lines.push_back({0, {}, font_}); }
   /// RuntimeError where nothing can be printed.
   void EndDoc() override;

@@ -1,4 +1,4 @@
-#include "adapters/qt/print/page_flow.h"
+#include "adapters/qt/pages/page_flow.h"
 
 #include <QFontMetricsF>
 #include <QStringList>

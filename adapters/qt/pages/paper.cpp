@@ -1,4 +1,4 @@
-#include "adapters/qt/print/paper.h"
+#include "adapters/qt/pages/paper.h"
 
 #include <algorithm>
 

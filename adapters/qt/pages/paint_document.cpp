@@ -1,4 +1,4 @@
-#include "adapters/qt/print/paint_document.h"
+#include "adapters/qt/pages/paint_document.h"
 
 #include <QFontMetricsF>
 #include <QPageLayout>
@@ -19,15 +19,16 @@ constexpr int kGap = 10;
 constexpr int kPointsPerInch = 72;
 constexpr qreal kMmPerInch = 25.4;
 
-/// The area of the text, in the printer's pixels from the corner of the paper.
-QRectF TextArea(const QPrinter& printer) {
-  const QPageLayout layout = printer.pageLayout();
+/// The area of the text, in the device's pixels from the corner of the paper.
+QRectF TextArea(const QPagedPaintDevice& device) {
+  const QPageLayout layout = device.pageLayout();
+  const int resolution = device.logicalDpiX();
   const QMarginsF set = layout.margins(QPageLayout::Millimeter);
-  const qreal scale = printer.resolution() / kMmPerInch;
+  const qreal scale = resolution / kMmPerInch;
   const QMarginsF margins(
       std::max(set.left(), kLeastMargins.left()), std::max(set.top(), kLeastMargins.top()),
       std::max(set.right(), kLeastMargins.right()), std::max(set.bottom(), kLeastMargins.bottom()));
-  return QRectF(layout.fullRectPixels(printer.resolution())).marginsRemoved(margins * scale);
+  return QRectF(layout.fullRectPixels(resolution)).marginsRemoved(margins * scale);
 }
 
 /// Title and file name above the text, the number of the page below it.
@@ -47,21 +48,31 @@ void PaintMargins(QPainter& painter, const QRectF& area, const PageMargins& marg
 
 }  // namespace
 
-void SetUpPage(QPrinter& printer, const QPageSize& paper) {
-  printer.setFullPage(true);
-  printer.setPageSize(paper);
-  printer.setPageMargins(kMargins, QPageLayout::Millimeter);
+QString LineOf(const std::string& text) {
+  QString line = ToQt(text);
+  for (QChar& character : line)
+    if (!character.isPrint() && !character.isSurrogate()) character = ' ';
+  return line;
 }
 
-bool PaintDocument(QPrinter& printer, const PrintedDocument& document) {
+QFont FontOf(const PrintFont& font) {
+  return {ToQt(font.name), font.points, font.bold ? QFont::Bold : QFont::Normal};
+}
+
+void SetUpPage(QPagedPaintDevice& device, const QPageSize& paper) {
+  device.setPageSize(paper);
+  device.setPageMargins(kMargins, QPageLayout::Millimeter);
+}
+
+bool PaintDocument(QPagedPaintDevice& device, const PrintedDocument& document) {
   QPainter painter;
-  if (!painter.begin(&printer)) return false;
-  const QRectF area = TextArea(printer);
-  const std::vector<PageTexts> pages = FlowPages(document.lines, area, printer);
+  if (!painter.begin(&device)) return false;
+  const QRectF area = TextArea(device);
+  const std::vector<PageTexts> pages = FlowPages(document.lines, area, device);
   QFont marginFont = document.lines.empty() ? painter.font() : document.lines.back().font;
   marginFont.setPointSize(kMarginFont);
   for (std::size_t page = 0; page < pages.size(); ++page) {
-    if (page > 0 && !printer.newPage()) return false;
+    if (page > 0 && !device.newPage()) return false;
     painter.setFont(marginFont);
     PaintMargins(painter, area, document.margins, QString("Page %1 of %2").arg(page + 1).arg(pages.size()));
     for (const PlacedText& placed : pages[page]) {
@@ -69,7 +80,7 @@ bool PaintDocument(QPrinter& printer, const PrintedDocument& document) {
       painter.drawText(placed.baseline, placed.text);
     }
   }
-  return painter.end() && printer.printerState() != QPrinter::Error;
+  return painter.end();
 }
 
 }  // namespace kavr6
