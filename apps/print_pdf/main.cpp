@@ -73,8 +73,9 @@ int main(int argc, char** argv) {
 #ifdef Q_OS_WIN
   _setmode(_fileno(stdin), _O_BINARY);
   _setmode(_fileno(stdout), _O_BINARY);
-#endif
+#else
   qputenv("QT_QPA_PLATFORM", "offscreen");  // fonts as with a display, and none is needed
+#endif
   const QGuiApplication application(argc, argv);
   std::setlocale(LC_NUMERIC, "C");
   return kavr6::Run();
