@@ -10,6 +10,7 @@ void OwnRows::Open(const std::filesystem::path& file, std::string_view table) {
   ownIsOpen_ = false;
   current_ = nullptr;
   noMatch_ = false;
+  leftOut_.clear();
   row_.reset();
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/path_text.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
@@ -28,7 +29,8 @@ void SqliteTable::Open(const std::filesystem::path& file, std::string_view table
     while (names.Step()) columns.push_back(std::get<std::string>(names.Column(0)));
   }
   if (columns.empty())
-    throw RuntimeError(kNoTable, "The file has no table named \"" + std::string(table) + "\".");
+    throw RuntimeError(
+        kNoTable, "The file \"" + PathText(file) + "\" has no table named \"" + std::string(table) + "\".");
   selects_.clear();
   connection_ = std::move(connection);
   table_ = QuotedName(table);

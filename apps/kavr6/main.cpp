@@ -101,7 +101,8 @@ int main(int argc, char** argv) {
     return static_cast<int>(ExitCode::BadUse);
   }
   if (options.help || options.version) {
-    std::cout << (options.help ? CommandHelp(options.command) : std::string("kavr6 ") + KAVR6_VERSION + "\n") << std::flush;
+    std::cout << (options.help ? CommandHelp(options.command) : std::string("kavr6 ") + KAVR6_VERSION + "\n")
+              << std::flush;
     if (std::cout) return 0;
     ConsoleBoxes(std::cerr).Tell("This cannot be printed");
     return static_cast<int>(ExitCode::BadFile);
