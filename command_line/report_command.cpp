@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 #include "command_line/json.h"
 #include "command_line/text_print.h"
@@ -29,9 +30,11 @@ std::string DocumentOf(const TextPrint& print) {
 
 ExitCode SavePdf(const CommandMachine& machine, const CommandOptions& options, DriveSession& session,
                  const TextPrint& print) {
-  std::error_code error;
-  if (std::filesystem::equivalent(PathOf(options.files[0]), PathOf(options.pdf), error)) {
-    session.boxes.Tell(options.pdf + " holds the settings and is not written over");
+  for (const auto& [file, what] :
+       {std::pair{options.files[0], "holds the settings"}, std::pair{options.motors, "is the motor table"}}) {
+    std::error_code error;
+    if (!std::filesystem::equivalent(PathOf(file), PathOf(options.pdf), error)) continue;
+    session.boxes.Tell(options.pdf + " " + what + " and is not written over");
     return ExitCode::BadUse;
   }
   session.Interruption = options.pdf + " has not been written.";

@@ -34,8 +34,11 @@ std::string MakePdf(EventPump& pump, const std::filesystem::path& folder, const 
   process.write(document.data(), static_cast<qint64>(document.size()));
   process.closeWriteChannel();
   const auto ended = [&process] { return process.state() == QProcess::NotRunning; };
-  if (!pump.PumpEventsUntil(ended, kPatience))
+  if (!pump.PumpEventsUntil(ended, kPatience)) {
+    process.kill();
+    process.waitForFinished(1000);
     throw RuntimeError(kPrinterError, std::string(kProgram) + " does not end");
+  }
   const QByteArray pdf = process.readAllStandardOutput();
   if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 && pdf.startsWith("%PDF-"))
     return pdf.toStdString();

@@ -129,6 +129,7 @@ QWidget* QtDesktop::BoxParent() const {
 }
 
 void QtDesktop::Expect(Form& form) {
+  NoLongerExpected(form);
   expected_[&form] = Post([this, &form] { Built(form); });
 }
 
