@@ -113,7 +113,9 @@ std::string_view TakeOption(CommandOptions& options, std::span<const std::string
   std::string value;
   if (found->value.empty() && equals != std::string::npos) throw UsageError(name + " takes no value");
   if (!found->value.empty()) {
-    if (equals == std::string::npos && at + 1 == words.size()) throw UsageError(name + " needs a value");
+    // An option in the place of the value is a value forgotten; one that is meant comes behind "=".
+    const bool none = at + 1 == words.size() || words[at + 1].starts_with("--");
+    if (equals == std::string::npos && none) throw UsageError(name + " needs a value");
     value = equals == std::string::npos ? words[++at] : word.substr(equals + 1);
     if (value.empty()) throw UsageError(name + " needs a value");
   }
