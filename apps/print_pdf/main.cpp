@@ -79,7 +79,8 @@ int Run() {
   const QJsonDocument document = QJsonDocument::fromJson(json);
   if (!document.isObject())
     return Fail("no document has come in; this program is started by kavr6 report --pdf");
-  if (QFontInfo(QFont()).family().isEmpty()) return Fail("there is no font; install one, such as DejaVu Sans");
+  if (QFontInfo(QFont()).family().isEmpty())
+    return Fail("there is no font; install one, such as DejaVu Sans");
   const QByteArray pdf = PdfOf(DocumentOf(document.object()));
   if (pdf.isEmpty()) return Fail("the pages cannot be drawn");
   if (out.write(pdf) == pdf.size() && out.flush()) return EXIT_SUCCESS;
