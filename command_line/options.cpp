@@ -145,7 +145,7 @@ void CheckCommand(const CommandOptions& options, std::span<const std::string_vie
     throw UsageError(options.command + (two ? " needs two files or ports, " : " needs a file, ") +
                      std::string(found->file));
   if (options.files.size() > files)
-    throw UsageError("what is \"" + options.files.back() + "\" to " + options.command + "?");
+    throw UsageError("\"" + options.files.back() + "\" is a word too many for " + options.command);
   if (two) std::ranges::for_each(options.files, CheckPort);
 }
 
@@ -168,6 +168,11 @@ CommandOptions ParseCommandLine(std::span<const std::string> words) {
   }
   CheckCommand(options, given);
   return options;
+}
+
+bool CommandTakes(std::string_view command, std::string_view option) {
+  const auto found = std::ranges::find(kCommands, command, &Command::name);
+  return found != kCommands.end() && Takes(*found, option);
 }
 
 std::string CommandHelp(std::string_view about) {

@@ -44,6 +44,9 @@ class UsageError : public std::runtime_error {
 /// command has no use for, a value that is missing and a wrong number of files.
 CommandOptions ParseCommandLine(std::span<const std::string> words);
 
+/// Whether the option means something to that command.
+bool CommandTakes(std::string_view command, std::string_view option);
+
 /// What --help prints about that command; about all of them where it is none.
 std::string CommandHelp(std::string_view about);
 

@@ -39,7 +39,8 @@ DriveSession::DriveSession(const CommandMachine& machine, const CommandOptions& 
   InitVars(settings);
   motorTable.Open(machine.directory);
   motorTable.MoveFirst();
-  if (const std::string why = motorTable.LeftOut(); !why.empty())
+  const std::string why = motorTable.LeftOut();
+  if (!why.empty() && CommandTakes(options.command, "--motors"))
     boxes.Tell(std::string(kOwnMotorsLeftOut) + ": " + why);
   transfers.AddMotorIfMissing = [this](const MotorRecord& motor) { TakeMotor(motor); };
   receive.ServoError152 = [this](int word) { TellAlarms(word); };

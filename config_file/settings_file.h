@@ -28,8 +28,8 @@ bool FileHolds(const VersionTriple& version, const SettingsField& field);
 /// What a file holds beside the settings.
 struct FileHead {
   std::string version;  ///< of the program that writes; not empty
-  Integer model = 0;    ///< row of ModelList
-  Integer port = 0;     ///< row of CommList
+  Integer model;        ///< row of ModelList
+  Integer port;         ///< row of CommList
 };
 
 /// The whole file: lines ended by CR LF. `row` is the catalogue motor that is selected. RuntimeError for a

@@ -13,7 +13,7 @@ namespace kavr6 {
 namespace {
 
 struct File {
-  FileHead head{.version = "1.0"};
+  FileHead head{.version = "1.0", .model = 0, .port = 0};
   Settings settings;
   MotorRecord row;
 

@@ -1,5 +1,6 @@
 #include "motor/own_rows.h"
 
+#include "platform/path_text.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
@@ -9,6 +10,7 @@ void OwnRows::Open(const std::filesystem::path& file, std::string_view table) {
   table_ = table;
   ownIsOpen_ = false;
   current_ = nullptr;
+  own_.reset();
   noMatch_ = false;
   leftOut_.clear();
   row_.reset();
@@ -17,27 +19,37 @@ void OwnRows::Open(const std::filesystem::path& file, std::string_view table) {
 void OwnRows::SetIndex(std::string_view column) {
   common_.SetIndex(column);
   index_ = column;
-  if (ownIsOpen_) own_.table.SetIndex(column);
+  if (ownIsOpen_) own_->SetIndex(column);
 }
 
 void OwnRows::OpenOwn() {
   if (ownIsOpen_) return;
-  own_.table.Open(own_.file, table_);
-  own_.table.SetIndex(index_);
-  for (own_.table.MoveFirst(); !own_.table.EndOfTable(); own_.table.MoveNext()) continue;
+  std::unique_ptr<TableAccess> fresh = place_.New();
+  fresh->Open(place_.file, table_);
+  fresh->SetIndex(index_);
+  for (fresh->MoveFirst(); !fresh->EndOfTable(); fresh->MoveNext()) continue;
+  if (own_ && current_ == own_.get()) {
+    if (!own_->EndOfTable()) fresh->Seek(Key(*own_));
+    current_ = fresh.get();
+  }
+  own_ = std::move(fresh);
   ownIsOpen_ = true;
   inStep_ = false;
   leftOut_.clear();
 }
 
 void OwnRows::OpenOwnIfThere() {
+  if (ownIsOpen_ || !leftOut_.empty()) return;
   // Another program may have made it by now.
-  std::error_code unknown;
-  if (ownIsOpen_ || !std::filesystem::exists(own_.file, unknown)) return;
+  std::error_code error;
+  const bool there = std::filesystem::exists(place_.file, error);
+  if (error)
+    leftOut_ = "The file \"" + PathText(place_.file) + "\" cannot be reached: " + error.message() + ".";
+  if (!there) return;
   try {
     OpenOwn();
-  } catch (const RuntimeError& error) {
-    leftOut_ = error.what();  // the catalogue works without it
+  } catch (const RuntimeError& failure) {
+    leftOut_ = failure.what();  // the catalogue works without it
   }
 }
 
@@ -48,25 +60,26 @@ void OwnRows::Seek(std::string_view key) {
     return !table.NoMatch();
   };
   const bool inCommon = finds(common_);
-  noMatch_ = !inCommon && !(ownIsOpen_ && finds(own_.table));
+  noMatch_ = !inCommon && !(ownIsOpen_ && finds(*own_));
   if (noMatch_) return;
-  current_ = inCommon ? &common_ : &own_.table;
+  current_ = inCommon ? &common_ : own_.get();
   inStep_ = false;
 }
 
 void OwnRows::MoveFirst() {
   OpenOwnIfThere();
   common_.MoveFirst();
-  if (ownIsOpen_) own_.table.MoveFirst();
+  if (ownIsOpen_) own_->MoveFirst();
   inStep_ = true;
   TakeLower();
 }
 
 void OwnRows::MoveNext() {
   if (current_ == nullptr) RaiseNoRecord();
-  if (ownIsOpen_ && !inStep_) Bring(current_ == &common_ ? own_.table : common_, Key(*current_));
+  const bool left = current_ != &common_ && !ownIsOpen_;  // a row that has been left out since
+  if (left || (ownIsOpen_ && !inStep_)) Bring(current_ == &common_ ? *own_ : common_, Key(*current_));
   inStep_ = true;
-  current_->MoveNext();
+  if (!left) current_->MoveNext();
   TakeLower();
 }
 
@@ -79,9 +92,9 @@ void OwnRows::TakeLower() {
   current_ = &common_;
   if (!ownIsOpen_) return;
   if (!common_.EndOfTable())
-    while (!own_.table.EndOfTable() && Key(own_.table) == Key(common_)) own_.table.MoveNext();
-  if (own_.table.EndOfTable()) return;
-  if (common_.EndOfTable() || Key(own_.table) < Key(common_)) current_ = &own_.table;
+    while (!own_->EndOfTable() && Key(*own_) == Key(common_)) own_->MoveNext();
+  if (own_->EndOfTable()) return;
+  if (common_.EndOfTable() || Key(*own_) < Key(common_)) current_ = own_.get();
 }
 
 std::string OwnRows::Key(const TableAccess& table) const {
@@ -110,21 +123,18 @@ std::filesystem::path OwnRows::Update() {
   if (!row_) RaiseInvalidCall();
   const Row row = *std::exchange(row_, std::nullopt);
   try {
-    if (!own_.always) {
+    if (!place_.always) {
       Append(common_, row);
       return {};
     }
   } catch (const RuntimeError& error) {
     if (error.Number() != kTableReadOnly && error.Number() != kTableUnreachable) throw;
   }
-  own_.Make(own_.file);
-  const bool onOwn = ownIsOpen_ && current_ == &own_.table && !own_.table.EndOfTable();
-  const std::string key = onOwn ? Key(own_.table) : "";
+  place_.Make(place_.file);
   ownIsOpen_ = false;  // the one that is open may have been removed
   OpenOwn();
-  if (onOwn) own_.table.Seek(key);
-  Append(own_.table, row);
-  return own_.file;
+  Append(*own_, row);
+  return place_.file;
 }
 
 void OwnRows::Append(TableAccess& table, const Row& row) {

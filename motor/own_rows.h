@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -12,9 +13,10 @@
 
 namespace kavr6 {
 
-/// A table of the same shape for the user's own rows alone.
+/// Where the user's own rows are, alone in a table of the same shape.
 struct OwnRowsPlace {
-  TableAccess& table;
+  /// A table that is not open yet.
+  std::function<std::unique_ptr<TableAccess>()> New;
   std::filesystem::path file;
   /// Makes `file` with an empty table, and its folder; leaves one that is there. RuntimeError.
   std::function<void(const std::filesystem::path& file)> Make;
@@ -25,10 +27,11 @@ struct OwnRowsPlace {
 /// before the user's was added: a newer catalogue knows more of a motor than the file that brought it. The
 /// user's rows are never changed by that. A new row goes into the common file, and into the user's where that
 /// one takes none; which is made then. A user's file that cannot be read to its end is left out as a whole,
-/// and new rows for it are refused: nobody writes into what may be damaged. A column that it lacks is empty.
+/// until the table is opened anew, and new rows for it are refused: nobody writes into what may be damaged. A
+/// column that it lacks is empty.
 class OwnRows : public TableAccess {
  public:
-  OwnRows(TableAccess& common, OwnRowsPlace own) : common_(common), own_(std::move(own)) {}
+  OwnRows(TableAccess& common, OwnRowsPlace own) : common_(common), place_(std::move(own)) {}
 
   void Open(const std::filesystem::path& file, std::string_view table) override;
   void SetIndex(std::string_view column) override;
@@ -46,6 +49,7 @@ class OwnRows : public TableAccess {
  private:
   using Row = std::vector<std::pair<std::string, Variant>>;
 
+  /// RuntimeError; the cursor stands where it stood, also then.
   void OpenOwn();
   void OpenOwnIfThere();
   std::string Key(const TableAccess& table) const;
@@ -55,7 +59,8 @@ class OwnRows : public TableAccess {
   static void Append(TableAccess& table, const Row& row);
 
   TableAccess& common_;
-  OwnRowsPlace own_;
+  OwnRowsPlace place_;
+  std::unique_ptr<TableAccess> own_;  // the cursor may still stand on it when it is open no more
   std::string table_;
   std::string index_;
   bool ownIsOpen_ = false;

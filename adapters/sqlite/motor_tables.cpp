@@ -19,6 +19,7 @@ void MakeOwnFile(const std::filesystem::path& file) {
 }  // namespace
 
 MotorTables::MotorTables(const std::filesystem::path& ownFolder, bool installed)
-    : both_(common_, {own_, ownFolder / kOwnMotorFile, MakeOwnFile, installed}) {}
+    : both_(common_, {[] { return std::make_unique<SqliteTable>(); }, ownFolder / kOwnMotorFile, MakeOwnFile,
+                      installed}) {}
 
 }  // namespace kavr6

@@ -20,7 +20,6 @@ class MotorTables {
 
  private:
   SqliteTable common_;
-  SqliteTable own_;
   OwnRows both_;
 };
 

@@ -16,6 +16,22 @@ namespace {
 constexpr const char* kProgram = "kavr6-print-pdf";
 constexpr int kPrinterError = 482;
 constexpr double kPatience = 60;  // seconds; a sheet takes tenths of one
+constexpr int kNotLoaded = 127;   // exit code of the system for a program that lacks a library
+
+/// Why there is no PDF file after it has ended.
+std::string WhyNone(QProcess& process) {
+  const bool exited =
+      process.error() != QProcess::FailedToStart && process.exitStatus() == QProcess::NormalExit;
+  const int code = exited ? process.exitCode() : 0;
+  if (exited && code == 0) return " has made no PDF file";
+  QString reason = QString::fromUtf8(process.readAllStandardError()).simplified();
+  const QString itself = QString(kProgram) + ": ";
+  if (reason.startsWith(itself)) reason.remove(0, itself.size());
+  if (reason.isEmpty())
+    reason = exited ? "it ended with code " + QString::number(code) : process.errorString();
+  return (code == kNotLoaded ? " does not start, install what it lacks: " : " has failed: ") +
+         reason.toStdString();
+}
 
 }  // namespace
 
@@ -23,8 +39,9 @@ std::string MakePdf(EventPump& pump, const std::filesystem::path& folder, const 
   const QString program =
       QStandardPaths::findExecutable(kProgram, {QString::fromStdU16String(folder.u16string())});
   if (program.isEmpty())
-    throw RuntimeError(kPrinterError, std::string("the part that prints is not installed: there is no ") +
-                                          kProgram + " in " + PathText(folder));
+    throw RuntimeError(kPrinterError,
+                       std::string("the part that prints is missing, install it: there is no ") + kProgram +
+                           " in " + PathText(folder));
   QProcess process;
 #ifdef Q_OS_UNIX
   // Ctrl+C goes to both; who has started it tells what comes of that.
@@ -42,9 +59,7 @@ std::string MakePdf(EventPump& pump, const std::filesystem::path& folder, const 
   const QByteArray pdf = process.readAllStandardOutput();
   if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0 && pdf.startsWith("%PDF-"))
     return pdf.toStdString();
-  const QString reason = QString::fromUtf8(process.readAllStandardError()).simplified();
-  throw RuntimeError(kPrinterError, kProgram + std::string(" has failed") +
-                                        (reason.isEmpty() ? "" : ": " + reason.toStdString()));
+  throw RuntimeError(kPrinterError, kProgram + WhyNone(process));
 }
 
 }  // namespace kavr6

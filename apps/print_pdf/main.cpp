@@ -4,6 +4,7 @@
 #include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -11,6 +12,8 @@
 #include <QPdfWriter>
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
+#include <iostream>
 
 #ifdef Q_OS_WIN
 #include <fcntl.h>
@@ -41,6 +44,17 @@ PrintedDocument DocumentOf(const QJsonObject& object) {
   return document;
 }
 
+/// What has gone wrong and what to do about it, as one line.
+int Fail(const std::string& why) {
+  std::cerr << "kavr6-print-pdf: " << why << (why.ends_with('.') ? "" : ".") << std::endl;
+  return EXIT_FAILURE;
+}
+
+/// The toolkit gives up where it lacks a part; its other messages are for nobody here.
+void TellFatal(QtMsgType type, const QMessageLogContext&, const QString& text) {
+  if (type == QtFatalMsg) std::_Exit(Fail(text.section('\n', 0, 0).toStdString()));
+}
+
 /// Empty where it cannot be made.
 QByteArray PdfOf(const PrintedDocument& document) {
   QBuffer pdf;
@@ -57,13 +71,20 @@ QByteArray PdfOf(const PrintedDocument& document) {
 int Run() {
   QFile in;
   QFile out;
-  if (!in.open(stdin, QIODevice::ReadOnly) || !out.open(stdout, QIODevice::WriteOnly)) return 1;
+  if (!in.open(stdin, QIODevice::ReadOnly)) return Fail("standard input: " + in.errorString().toStdString());
+  if (!out.open(stdout, QIODevice::WriteOnly))
+    return Fail("standard output: " + out.errorString().toStdString());
   // The file's name may hold bytes that are no text.
   const QByteArray json = QString::fromUtf8(in.readAll()).toUtf8();
   const QJsonDocument document = QJsonDocument::fromJson(json);
-  if (!document.isObject()) return 1;
+  if (!document.isObject())
+    return Fail("no document has come in; this program is started by kavr6 report --pdf");
+  if (QFontInfo(QFont()).family().isEmpty())
+    return Fail("there is no font; install one, such as DejaVu Sans");
   const QByteArray pdf = PdfOf(DocumentOf(document.object()));
-  return !pdf.isEmpty() && out.write(pdf) == pdf.size() && out.flush() ? 0 : 1;
+  if (pdf.isEmpty()) return Fail("the pages cannot be drawn");
+  if (out.write(pdf) == pdf.size() && out.flush()) return EXIT_SUCCESS;
+  return Fail("the PDF file cannot be handed on: " + out.errorString().toStdString());
 }
 
 }  // namespace
@@ -76,6 +97,7 @@ int main(int argc, char** argv) {
 #else
   qputenv("QT_QPA_PLATFORM", "offscreen");  // fonts as with a display, and none is needed
 #endif
+  qInstallMessageHandler(kavr6::TellFatal);
   const QGuiApplication application(argc, argv);
   std::setlocale(LC_NUMERIC, "C");
   return kavr6::Run();

@@ -252,6 +252,8 @@ TEST(MotorTables, OwnFileIsLeftOutWhereAnyOfItIsDamagedAndReadWhereItIsOlder) {
   const std::string content = ContentOf(own.file);
   EXPECT_EQ(SeenFrom(bench.folder, own.folder, true, "KM99"),
             "+The file \"" + PathText(own.file) + "\" is damaged.: KM17 KM99 ");
+  EXPECT_TRUE(motors.Append({.MotorName = "KM98"}).refusal);
+  EXPECT_EQ(std::get<std::string>(older.Both().Read("PartNoX")), "OWN-399");
   EXPECT_EQ(ContentOf(own.file), content);
 
 #ifndef _WIN32  // which keeps what a program has open

@@ -104,7 +104,10 @@ struct TwoTables {
   MemoryTable common;
   MemoryTable own;
   std::string made;
-  OwnRows both{common, {own, "/", [this](const auto& file) { made += file.string(); }}};
+  int read = 0;
+  OwnRows both{common,
+               {[this] { return ++read, std::make_unique<MemoryTable>(own); }, "/",
+                [this](const auto& file) { made += file.string(); }}};
 
   void Fill(const char* commons, const char* owns) {
     for (const char c : std::string(commons)) common.AddMotor({c}, 1, 1, 1);
@@ -152,14 +155,29 @@ TEST(OwnRows, GoOnBehindTheRowThatWasSought) {
 
 TEST(OwnRows, TakeWhatTheTableDoesNot) {
   TwoTables tables;
-  tables.Fill("B", "");
+  tables.Fill("B", "A");
   MotorTable motors(tables.both);
   EXPECT_EQ(motors.Append({.MotorName = "C"}).elsewhere, "");
   tables.common.FailUpdate = true;
+  EXPECT_TRUE(motors.Seek("A"));
   EXPECT_EQ(motors.Append({.MotorName = "D"}).elsewhere, "/");
+  EXPECT_EQ(tables.Rest(), "(A)B(C)(D)");
   EXPECT_EQ(tables.made, "/");
   EXPECT_TRUE(motors.Seek("D") && motors.Seek("C"));
   EXPECT_EQ(tables.common.RowCount(), 2U);
+}
+
+TEST(OwnRows, LeftOutInTheMiddleKeepTheCursorAndAreNotReadAgain) {
+  TwoTables tables;
+  tables.Fill("BD", "AC");
+  tables.both.Seek("C");
+  tables.common.FailUpdate = tables.own.FailOpen = true;
+  EXPECT_TRUE(MotorTable(tables.both).Append({.MotorName = "X"}).refusal);
+  EXPECT_EQ(tables.Rest(), "(C)D");
+  for (const char* key : {"A", "B", "C"}) tables.both.Seek(key);
+  EXPECT_EQ(tables.Rest(), "BD");
+  EXPECT_EQ(tables.read, 3) << "at first, for the new row and for the next look";
+  EXPECT_NE(tables.both.LeftOut(), "");
 }
 
 }  // namespace

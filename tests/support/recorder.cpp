@@ -92,7 +92,9 @@ Properties Recorder::SharedValues() const {
 }
 
 Properties Recorder::RestValues() const {
-  return {{"GlobalBuffer", Quoted(scene_.state.GlobalBuffer)},
+  const TextArea& typed = scene_.program.Terminal.CommandText;
+  return {{"caret of CommandText", typed.SelStart() == typed.Text().size() ? "at the end" : "before the end"},
+          {"GlobalBuffer", Quoted(scene_.state.GlobalBuffer)},
           {"RingCount", std::to_string(scene_.program.receive.Ring().RingCount())},
           {"InBufferCount", std::to_string(scene_.comm.InBufferCount())}};
 }

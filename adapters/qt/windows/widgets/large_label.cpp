@@ -1,6 +1,7 @@
 #include "adapters/qt/windows/widgets/large_label.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 
 namespace kavr6::widgets {
 
@@ -19,6 +20,13 @@ void LargeLabel::setTimes(double times) {
   // Not left to what is around it, which may be in bold letters.
   large.setBold(font().bold());
   setFont(large);
+}
+
+void UnitLabel::setBeside(double times) {
+  beside_ = times;
+  const QFont around = QApplication::font(this);
+  const auto below = [](const QFont& font) { return QFontMetrics(font).descent(); };
+  setContentsMargins(0, 0, 0, below(Enlarged(around, times)) - below(around));
 }
 
 }  // namespace kavr6::widgets

@@ -22,4 +22,19 @@ class LargeLabel : public QLabel {
   double times_ = 1.0;
 };
 
+/// A label on the base line of a LargeLabel beside it, of the same height and so many times its letters; both
+/// stand at the bottom of their row.
+class UnitLabel : public QLabel {
+  Q_OBJECT
+  Q_PROPERTY(double beside READ beside WRITE setBeside)
+
+ public:
+  explicit UnitLabel(QWidget* parent = nullptr) : QLabel(parent) {}
+  double beside() const { return beside_; }
+  void setBeside(double times);
+
+ private:
+  double beside_ = 1.0;
+};
+
 }  // namespace kavr6::widgets
