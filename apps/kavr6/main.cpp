@@ -27,14 +27,19 @@
 namespace kavr6 {
 namespace {
 
-/// Tells how things stand when somebody interrupts the program, lets the port go and dies of the signal, as a
-/// loop of a shell expects it.
+/// Tells how things stand when somebody interrupts the program, lets the port go and ends as an interrupted
+/// program does, which a loop of a shell expects.
 [[noreturn]] void End(SerialComm& comm, DriveSession* session, int signal) {
   if (session != nullptr) session->boxes.Tell("Interrupted.  " + session->Interruption);
   comm.Release();
+#ifdef Q_OS_WIN
+  static_cast<void>(signal);
+  std::exit(static_cast<int>(STATUS_CONTROL_C_EXIT));
+#else
   std::signal(signal, SIG_DFL);
   std::raise(signal);
   std::_Exit(1);
+#endif
 }
 
 /// A link into the devices counts also when its device has gone.
