@@ -47,11 +47,15 @@ namespace {
 
 /// A link into the devices counts also when its device has gone.
 bool IsDevice(const std::string& path) {
+#ifdef Q_OS_WIN
+  return path.starts_with(R"(\\.\)");  // as in \\.\COM12
+#else
   namespace fs = std::filesystem;
   std::error_code error;
   const fs::path file = PathOf(path);
   const fs::path target = fs::is_symlink(file, error) ? fs::read_symlink(file, error) : file;
   return fs::is_character_file(file, error) || PathText(target).starts_with("/dev/");
+#endif
 }
 
 int Run(const CommandOptions& options, const ProgramFolders& folders) {
