@@ -69,8 +69,11 @@ void RequireReplaceable(const QFileInfo& file) {
 
 #ifdef Q_OS_WIN
 constexpr std::array kDiskFullErrors{ERROR_DISK_FULL, ERROR_HANDLE_DISK_FULL};
+/// The folder and the file could be written to by then.
+constexpr const char* kNotReplaced = "; another program may have the file open";
 #else
 constexpr std::array kDiskFullErrors{ENOSPC, EDQUOT};
+constexpr const char* kNotReplaced = "";
 #endif
 
 /// `words`: the system's own. Its number of an error need not outlive their making.
@@ -120,7 +123,7 @@ void DiskFiles::Replace(const std::string& name, std::string_view content) {
                            Clause(file.errorString()) + ")");
   }
   WriteAll(file, content);
-  if (!file.commit()) Fail(kAccessError, Clause(file.errorString()));
+  if (!file.commit()) Fail(kAccessError, Clause(file.errorString()) + kNotReplaced);
 }
 
 }  // namespace kavr6
