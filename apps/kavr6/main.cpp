@@ -3,14 +3,17 @@
 #include <QVersionNumber>
 #include <clocale>
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <span>
 
+#include <fcntl.h>
 #ifdef Q_OS_WIN
+#include <io.h>
 #include <windows.h>
 #else
-#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -27,23 +30,32 @@
 namespace kavr6 {
 namespace {
 
-/// Tells how things stand when somebody interrupts the program, lets the port go and dies of the signal, as a
-/// loop of a shell expects it.
+/// Tells how things stand when somebody interrupts the program, lets the port go and ends as an interrupted
+/// program does, which a loop of a shell expects.
 [[noreturn]] void End(SerialComm& comm, DriveSession* session, int signal) {
   if (session != nullptr) session->boxes.Tell("Interrupted.  " + session->Interruption);
   comm.Release();
+#ifdef Q_OS_WIN
+  static_cast<void>(signal);
+  std::exit(static_cast<int>(STATUS_CONTROL_C_EXIT));
+#else
   std::signal(signal, SIG_DFL);
   std::raise(signal);
   std::_Exit(1);
+#endif
 }
 
 /// A link into the devices counts also when its device has gone.
 bool IsDevice(const std::string& path) {
+#ifdef Q_OS_WIN
+  return path.starts_with(R"(\\.\)");  // as in \\.\COM12
+#else
   namespace fs = std::filesystem;
   std::error_code error;
   const fs::path file = PathOf(path);
   const fs::path target = fs::is_symlink(file, error) ? fs::read_symlink(file, error) : file;
   return fs::is_character_file(file, error) || PathText(target).starts_with("/dev/");
+#endif
 }
 
 int Run(const CommandOptions& options, const ProgramFolders& folders) {
@@ -79,7 +91,33 @@ void HoldStandardStreams() {
     descriptor = open("/dev/null", O_RDONLY | O_CLOEXEC);
   close(descriptor);
 }
+#else
+/// All texts are UTF-8. The console has its own encoding back at the end.
+void SetUpConsole() {
+  static const UINT before = GetConsoleOutputCP();
+  SetConsoleOutputCP(CP_UTF8);
+  std::atexit([] { SetConsoleOutputCP(before); });
+  std::cerr << std::nounitbuf;  // each message ends with a flush
+  for (FILE* const stream : {stdout, stderr}) {
+    // Without a buffer the library writes each byte by itself, and on a console it may take bytes for
+    // letters.
+    std::setvbuf(stream, nullptr, _IOFBF, BUFSIZ);
+    if (_isatty(_fileno(stream)) != 0) _setmode(_fileno(stream), _O_BINARY);
+  }
+}
 #endif
+
+/// What stands behind the program's name, in UTF-8.
+std::vector<std::string> Words([[maybe_unused]] int argc, [[maybe_unused]] char** argv) {
+#ifdef Q_OS_UNIX
+  return {argv + 1, argv + argc};  // bytes that are no text may name a file, too
+#else
+  // What main is handed is in the system's own encoding, where that knows no other for a program.
+  std::vector<std::string> words;
+  for (const QString& word : QCoreApplication::arguments().sliced(1)) words.push_back(word.toStdString());
+  return words;
+#endif
+}
 
 }  // namespace
 }  // namespace kavr6
@@ -90,9 +128,10 @@ int main(int argc, char** argv) {
   HoldStandardStreams();
   std::signal(SIGPIPE, SIG_IGN);  // an output that has been closed is told as an error
 #else
-  SetConsoleOutputCP(CP_UTF8);  // as all texts are
+  SetUpConsole();
 #endif
-  const std::vector<std::string> words(argv + 1, argv + argc);
+  const QCoreApplication application(argc, argv);
+  const std::vector<std::string> words = Words(argc, argv);
   CommandOptions options;
   try {
     options = ParseCommandLine(words);
@@ -107,7 +146,6 @@ int main(int argc, char** argv) {
     ConsoleBoxes(std::cerr).Tell("This cannot be printed");
     return static_cast<int>(ExitCode::BadFile);
   }
-  QCoreApplication application(argc, argv);
   std::setlocale(LC_NUMERIC, "C");
   return Run(options, FindProgramFolders());
 }

@@ -28,10 +28,10 @@ private_apt() {
 fetch() {
   local version log=$work/apt/$1.log folder
   version=$(version_here "$1")
-  if [ ! -e "$work/apt/updated" ]; then
+  if [ -z "${updated:-}" ]; then
     list_sources
     private_apt update > "$work/apt/update.log" 2>&1 || say "not all archives have lists of sources, see $work/apt/update.log"
-    touch "$work/apt/updated"
+    updated=yes
   fi
   rm -rf "$work/download/$1"
   mkdir -p "$work/download/$1"

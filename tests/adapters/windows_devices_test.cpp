@@ -6,6 +6,7 @@
 // Needs the one above.
 #include <dbt.h>
 
+#include "adapters/qt/base/end_signals.h"
 #include "adapters/qt/base/qt_event_pump.h"
 #include "adapters/qt/serial/device_notices.h"
 #include "adapters/qt/serial/port_names.h"
@@ -44,6 +45,15 @@ TEST(DeviceNotices, SeveralAtOnceAreToldOnceAndNothingElseIs) {
   Send(WM_DEVICECHANGE, DBT_DEVNODES_CHANGED);
   pump.PumpEvents();
   EXPECT_EQ(told, 2) << "after its end";
+}
+
+TEST(EndSignals, SessionThatEndsIsToldAndOneThatGoesOnIsNot) {
+  std::string log;
+  const EndSignals endSignals([&log](int) { log += "end "; });
+  Send(WM_ENDSESSION, FALSE);
+  log += "session ";
+  Send(WM_ENDSESSION, TRUE);
+  EXPECT_EQ(log, "session end ");
 }
 
 TEST(PortNames, PortIsFoundWhenItComesAndGoneWhenItGoes) {

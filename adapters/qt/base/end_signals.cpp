@@ -1,20 +1,14 @@
 #include "adapters/qt/base/end_signals.h"
 
-#include <QObject>
-#include <utility>
-
-#ifdef Q_OS_UNIX
+#include <QSocketNotifier>
 #include <cerrno>
 #include <csignal>
+#include <utility>
 
 #include <fcntl.h>
 #include <unistd.h>
-#endif
 
 namespace kavr6 {
-
-#ifdef Q_OS_UNIX
-
 namespace {
 
 // A signal may do next to nothing itself: it writes a byte, which wakes the event loop.
@@ -51,27 +45,21 @@ EndSignals::EndSignals(std::function<void(int signal)> end) {
     fcntl(side, F_SETFD, FD_CLOEXEC);
     fcntl(side, F_SETFL, O_NONBLOCK);
   }
-  notifier_ = std::make_unique<QSocketNotifier>(readEnd, QSocketNotifier::Read);
-  QObject::connect(notifier_.get(), &QSocketNotifier::activated, [work = std::move(end)] {
+  auto notifier = std::make_unique<QSocketNotifier>(readEnd, QSocketNotifier::Read);
+  QObject::connect(notifier.get(), &QSocketNotifier::activated, [work = std::move(end)] {
     char byte = 0;
     if (read(readEnd, &byte, 1) == 1) work(byte);
   });
+  listener_ = std::move(notifier);
   for (const int signal : kSignals) Handle(signal, Tell);
 }
 
 EndSignals::~EndSignals() {
-  if (notifier_ == nullptr) return;
+  if (listener_ == nullptr) return;
   for (const int signal : kSignals) Handle(signal, SIG_DFL);
-  notifier_.reset();
+  listener_.reset();
   close(readEnd);
   close(writeEnd);
 }
-
-#else
-
-EndSignals::EndSignals(std::function<void(int signal)> /*end*/) {}
-EndSignals::~EndSignals() = default;
-
-#endif
 
 }  // namespace kavr6

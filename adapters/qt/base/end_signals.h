@@ -1,7 +1,7 @@
 // The system's wish that the program ends.
 #pragma once
 
-#include <QSocketNotifier>
+#include <QObject>
 #include <functional>
 #include <memory>
 
@@ -9,8 +9,10 @@ namespace kavr6 {
 
 /// Calls `end` with the signal, from the event loop, at whatever depth that runs, when the system, another
 /// program or the terminal asks the program to end: SIGTERM, SIGINT, SIGHUP. A second request of the same
-/// kind ends the process at once; one that was ignored when the program started stays so. One object at a
-/// time; on a system without signals it does nothing.
+/// kind ends the process at once; one that was ignored when the program started stays so. On Windows SIGINT
+/// and SIGTERM stand for what its console asks, where the second request is of any kind, and SIGTERM for the
+/// end of the session, which a program with windows hears of. Needs an application object; one object at a
+/// time.
 class EndSignals {
  public:
   explicit EndSignals(std::function<void(int signal)> end);
@@ -19,7 +21,7 @@ class EndSignals {
   ~EndSignals();
 
  private:
-  std::unique_ptr<QSocketNotifier> notifier_;
+  std::unique_ptr<QObject> listener_;
 };
 
 }  // namespace kavr6

@@ -2,7 +2,6 @@
 
 #include <QFileInfo>
 #include <QSaveFile>
-#include <algorithm>
 #include <array>
 #include <cerrno>
 
@@ -70,27 +69,29 @@ void RequireReplaceable(const QFileInfo& file) {
 
 #ifdef Q_OS_WIN
 constexpr std::array kDiskFullErrors{ERROR_DISK_FULL, ERROR_HANDLE_DISK_FULL};
-int SystemError() { return static_cast<int>(GetLastError()); }
+/// The folder and the file could be written to by then.
+constexpr const char* kNotReplaced = "; another program may have the file open";
 #else
 constexpr std::array kDiskFullErrors{ENOSPC, EDQUOT};
-int SystemError() { return errno; }
+constexpr const char* kNotReplaced = "";
 #endif
 
-[[noreturn]] void FailWriting(int systemError) {
-  if (std::ranges::find(kDiskFullErrors, systemError) != kDiskFullErrors.end())
-    Fail(kDiskFull, "the disk is full");
-  Fail(kDeviceError, Clause(qt_error_string(systemError)));
+/// `words`: the system's own. Its number of an error need not outlive their making.
+[[noreturn]] void FailWriting(const QString& words) {
+  for (const auto error : kDiskFullErrors)
+    if (words == qt_error_string(static_cast<int>(error))) Fail(kDiskFull, "the disk is full");
+  Fail(kDeviceError, Clause(words));
 }
 
 void WriteAll(QSaveFile& file, std::string_view content) {
   while (!content.empty()) {
     const qint64 written = file.write(content.data(), static_cast<qint64>(content.size()));
-    if (written <= 0) FailWriting(SystemError());
+    if (written <= 0) FailWriting(file.errorString());
     content.remove_prefix(static_cast<std::size_t>(written));
   }
 #ifdef Q_OS_UNIX
   // Some disks tell only now that they are full; some cannot be asked.
-  if (::fsync(file.handle()) != 0 && errno != EINVAL && errno != ENOTSUP) FailWriting(errno);
+  if (::fsync(file.handle()) != 0 && errno != EINVAL && errno != ENOTSUP) FailWriting(qt_error_string(errno));
 #endif
 }
 
@@ -122,7 +123,7 @@ void DiskFiles::Replace(const std::string& name, std::string_view content) {
                            Clause(file.errorString()) + ")");
   }
   WriteAll(file, content);
-  if (!file.commit()) Fail(kAccessError, Clause(file.errorString()));
+  if (!file.commit()) Fail(kAccessError, Clause(file.errorString()) + kNotReplaced);
 }
 
 }  // namespace kavr6

@@ -1,5 +1,7 @@
 #include "adapters/qt/print/qt_print_job.h"
 
+#include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QPrintDialog>
 #include <utility>
@@ -14,6 +16,22 @@ namespace kavr6 {
 namespace {
 
 constexpr int kPrinterError = 482;
+
+#ifdef Q_OS_WIN
+/// Without any printer the system has no print dialog; elsewhere the toolkit's own proposes a file then.
+bool AskForFile(QPrinter& printer, QWidget* parent, const std::function<void()>& help) {
+  const QString before = printer.outputFileName();
+  QFileDialog window(parent, "Print to File", QDir::homePath(), "PDF files (*.pdf)");
+  const HelpKey key(window, help);
+  window.setOption(QFileDialog::DontUseNativeDialog);
+  window.setAcceptMode(QFileDialog::AcceptSave);
+  window.setDefaultSuffix("pdf");
+  window.selectFile(before.isEmpty() ? printer.docName() + ".pdf" : before);
+  if (window.exec() != QDialog::Accepted) return false;
+  printer.setOutputFileName(window.selectedFiles().value(0));
+  return true;
+}
+#endif
 
 }  // namespace
 
@@ -39,6 +57,9 @@ bool QtPrintJob::AskForPrinter(int flags) { return Ask(flags, parent_()); }
 
 bool QtPrintJob::Ask(int flags, QWidget* parent) {
   NameDocument(Printer());
+#ifdef Q_OS_WIN
+  if (Printer().outputFormat() == QPrinter::PdfFormat) return AskForFile(Printer(), parent, help_);
+#endif
   QPrintDialog window(&Printer(), parent);
   const HelpKey key(window, help_);
   window.setOption(QAbstractPrintDialog::PrintPageRange, (flags & kPrintNoPageRange) == 0);
