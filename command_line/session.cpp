@@ -5,6 +5,7 @@
 #include "core/drive_models.h"
 #include "core/numbers.h"
 #include "link/wire.h"
+#include "platform/path_text.h"
 #include "platform/runtime_error.h"
 
 namespace kavr6 {
@@ -33,7 +34,7 @@ DriveSession::DriveSession(const CommandMachine& machine, const CommandOptions& 
       transfers({line, settings, identity, motorTable, limits}),
       machine_(machine),
       options_(options),
-      table_(machine.motors, options.motors) {
+      table_(machine.motors, PathOf(options.motors)) {
   if (options.acceptUnsetInertia) boxes.Accept(kInertiaQuestion);
   state.AppVersion = VersionText(machine.version);
   InitVars(settings);

@@ -1,5 +1,5 @@
-// Paths as the texts of the program: always UTF-8, whatever the system's own encoding, with '/' between
-// folders.
+// Paths as the texts of the program: always UTF-8, whatever the system's own encoding, with the system's own
+// stroke between folders, for they are shown to people.
 #pragma once
 
 #include <filesystem>
@@ -9,7 +9,7 @@
 namespace kavr6 {
 
 inline std::string PathText(const std::filesystem::path& path) {
-  const std::u8string text = path.generic_u8string();
+  const std::u8string text = std::filesystem::path(path).make_preferred().u8string();
   return {text.begin(), text.end()};
 }
 

@@ -23,7 +23,8 @@ int main(int argc, char** argv) {
     if (std::filesystem::exists(database)) {
       std::filesystem::path before = database;
       before += ".before";
-      std::filesystem::copy_file(database, before, std::filesystem::copy_options::overwrite_existing);
+      std::filesystem::remove(before);  // copying does not replace it on Windows, asked to or not
+      std::filesystem::copy_file(database, before);
       std::cout << "the motor database before is kept as " << argv[2] << ".before\n";
     }
     kavr6::WriteMotorFile(rows, database);

@@ -5,6 +5,8 @@
 
 #ifdef Q_OS_UNIX
 #include <csignal>
+#else
+#include <windows.h>
 #endif
 
 #include "platform/path_text.h"
@@ -16,21 +18,38 @@ namespace {
 constexpr const char* kProgram = "kavr6-print-pdf";
 constexpr int kPrinterError = 482;
 constexpr double kPatience = 60;  // seconds; a sheet takes tenths of one
-constexpr int kNotLoaded = 127;   // exit code of the system for a program that lacks a library
+/// Exit code of the system for a program that lacks a library.
+#ifdef Q_OS_UNIX
+constexpr int kNotLoaded = 127;
+#else
+constexpr int kNotLoaded = static_cast<int>(0xC0000135);  // taken for a crash by the toolkit
+#endif
+
+/// Ctrl+C goes to both programs; who has started the other tells what comes of that.
+void SpareFromInterrupts(QProcess& process) {
+#ifdef Q_OS_UNIX
+  process.setChildProcessModifier([] { std::signal(SIGINT, SIG_IGN); });
+#else
+  process.setCreateProcessArgumentsModifier(
+      [](QProcess::CreateProcessArguments* arguments) { arguments->flags |= CREATE_NEW_PROCESS_GROUP; });
+  SetErrorMode(SEM_FAILCRITICALERRORS);  // handed on: no box of the system about a missing library
+#endif
+}
 
 /// Why there is no PDF file after it has ended.
 std::string WhyNone(QProcess& process) {
-  const bool exited =
-      process.error() != QProcess::FailedToStart && process.exitStatus() == QProcess::NormalExit;
-  const int code = exited ? process.exitCode() : 0;
+  const bool started = process.error() != QProcess::FailedToStart;
+  const bool exited = started && process.exitStatus() == QProcess::NormalExit;
+  const int code = started ? process.exitCode() : 0;
   if (exited && code == 0) return " has made no PDF file";
+  const bool loaded = code != kNotLoaded;
   QString reason = QString::fromUtf8(process.readAllStandardError()).simplified();
   const QString itself = QString(kProgram) + ": ";
   if (reason.startsWith(itself)) reason.remove(0, itself.size());
+  if (reason.isEmpty() && !loaded) reason = "a library is missing";
   if (reason.isEmpty())
     reason = exited ? "it ended with code " + QString::number(code) : process.errorString();
-  return (code == kNotLoaded ? " does not start, install what it lacks: " : " has failed: ") +
-         reason.toStdString();
+  return (loaded ? " has failed: " : " does not start, install what it lacks: ") + reason.toStdString();
 }
 
 }  // namespace
@@ -43,10 +62,7 @@ std::string MakePdf(EventPump& pump, const std::filesystem::path& folder, const 
                        std::string("the part that prints is missing, install it: there is no ") + kProgram +
                            " in " + PathText(folder));
   QProcess process;
-#ifdef Q_OS_UNIX
-  // Ctrl+C goes to both; who has started it tells what comes of that.
-  process.setChildProcessModifier([] { std::signal(SIGINT, SIG_IGN); });
-#endif
+  SpareFromInterrupts(process);
   process.start(program, QStringList());
   process.write(document.data(), static_cast<qint64>(document.size()));
   process.closeWriteChannel();

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "adapters/qt/base/text.h"
+
 namespace kavr6 {
 namespace {
 
@@ -52,7 +54,7 @@ TEST(ChooseFile, GivesTheFullNameAndAsksBeforeAFileIsReplaced) {
     QTimer::singleShot(0, [&user] { user.Act(); });
     const std::string chosen =
         ChooseFile({purpose, "Words|*.cnf", "cnf", folder.path().toStdString()}, nullptr, [] {});
-    EXPECT_EQ(chosen, expected == nullptr ? "" : folder.filePath(expected).toStdString());
+    EXPECT_EQ(chosen, expected == nullptr ? "" : PathFromQt(folder.filePath(expected)));
     EXPECT_EQ(user.log, log) << typed;
     QCoreApplication::processEvents();  // the user sees that the dialog has gone
   }

@@ -1,6 +1,7 @@
 // Help pages in their widget.
 #include <QTest>
 
+#include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/widgets/find_bar.h"
 #include "tests/adapters/bound_form.h"
 
@@ -9,7 +10,7 @@ namespace {
 
 struct Pages : Bound {
   const QTemporaryDir folder;
-  const std::string base = folder.path().toStdString() + "/";
+  const std::string base = PathFromQt(folder.path() + "/");
 
   void Write(const char* name, const QString& body) {
     WriteAll(name, "<html><body>" + body + "</body></html>");

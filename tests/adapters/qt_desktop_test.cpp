@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/entry.h"
 #include "platform/controls.h"
 #include "platform/form.h"
@@ -41,7 +42,7 @@ struct TestForm : Form {
   bool MayClose() override { return mayClose; }
   void Load() override { log += "load "; }
   bool TakesFiles(const std::vector<std::string>& files) const override {
-    return files == std::vector<std::string>{"/a/b.cnf"};
+    return files == std::vector{PathFromQt("/a/b.cnf")};
   }
   void FilesDropped(const std::vector<std::string>& files) override { log += files[0] + " "; }
   Button OK{*this, "OK", "OK", Button::Role::Default};
@@ -307,7 +308,7 @@ TEST_F(QtDesktopTest, FileThatIsTakenIsCopiedAndHandedOverWhenTheDropIsOver) {
     EXPECT_EQ(drop.isAccepted() && drop.dropAction() == Qt::CopyAction, taken) << address;
     EXPECT_EQ(form.log, "");
     desktop.PumpEvents();
-    EXPECT_EQ(std::exchange(form.log, {}), taken ? "/a/b.cnf " : "");
+    EXPECT_EQ(std::exchange(form.log, {}), taken ? PathFromQt("/a/b.cnf") + " " : "");
   }
 }
 

@@ -1,5 +1,6 @@
 #include "tests/support/scenario.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <set>
@@ -33,6 +34,16 @@ std::vector<std::string> RunsOf(const std::string& text) {
     runs.back() += line + "\n";
   }
   return runs;
+}
+
+/// On Windows paths are shown with its own strokes, two where they stand in quotes.
+std::string WithOneKindOfStroke(std::string text) {
+#ifdef _WIN32
+  std::replace(text.begin(), text.end(), '\\', '/');
+  const auto both = [](char a, char b) { return a == '/' && b == '/'; };
+  text.erase(std::unique(text.begin(), text.end(), both), text.end());
+#endif
+  return text;
 }
 
 std::string WithoutTime(const std::string& line) {
@@ -104,7 +115,7 @@ void Scenario::Play(const std::string& path) {
     if (scenario.failed_) return;
     line = scenario.line_;
   }
-  if (text == expected) return;
+  if (WithOneKindOfStroke(text) == WithOneKindOfStroke(expected)) return;
   if (std::getenv("KAVR6_WRITE_TRANSCRIPTS") != nullptr)
     std::ofstream(path.substr(0, path.rfind('.')) + ".got", std::ios::binary) << text;
   ADD_FAILURE_AT(path.c_str(), 1) << "went otherwise, - expected, + got:\n" << Difference(expected, text);
@@ -128,8 +139,9 @@ std::string Scenario::TranscriptOf(const std::string& text) {
     return before;
   }
   const std::string folder = path_.substr(0, path_.rfind('/') + 1);
-  const std::string known = likeThere_.empty() ? "" : ContentOf(folder + likeThere_ + ".txt");
-  const std::string told = recorder->Text();
+  const std::string known =
+      likeThere_.empty() ? "" : WithOneKindOfStroke(ContentOf(folder + likeThere_ + ".txt"));
+  const std::string told = WithOneKindOfStroke(recorder->Text());
   return before + (told.starts_with('#') ? "\n" : "") + WithoutKnownLines(told, known);
 }
 

@@ -1,6 +1,7 @@
 // Texts between the logic (UTF-8, doubled ampersands) and the widgets.
 #pragma once
 
+#include <QDir>
 #include <QString>
 #include <string>
 
@@ -8,6 +9,8 @@ namespace kavr6 {
 
 inline QString ToQt(const std::string& text) { return QString::fromStdString(text); }
 inline std::string FromQt(const QString& text) { return text.toStdString(); }
+/// A path as the toolkit gives it, in the form of the program's paths: with the system's own strokes.
+inline std::string PathFromQt(const QString& path) { return FromQt(QDir::toNativeSeparators(path)); }
 
 /// What the system says of an error, to stand within a sentence: some of its texts are sentences themselves.
 QString WithoutFullStop(QString text);

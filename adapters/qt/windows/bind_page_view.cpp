@@ -18,7 +18,7 @@ QUrl UrlOf(const PageAddress& address) {
 
 std::string AddressOf(const QUrl& url) {
   const QString fragment = url.fragment(QUrl::FullyDecoded);
-  return FromQt(url.toLocalFile() + (fragment.isEmpty() ? QString() : "#" + fragment));
+  return PathFromQt(url.toLocalFile()) + FromQt(fragment.isEmpty() ? QString() : "#" + fragment);
 }
 
 /// Shows the page of a view, and on the way back where it was left.

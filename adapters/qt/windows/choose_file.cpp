@@ -63,7 +63,7 @@ std::string ChooseFile(const FileDialog& dialog, QWidget* parent, const std::fun
   WidenColumns(window);
   window.setDefaultSuffix(ToQt(dialog.defaultExtension));
   if (window.exec() != QDialog::Accepted) return {};
-  return FromQt(window.selectedFiles().value(0));
+  return PathFromQt(window.selectedFiles().value(0));
 }
 
 }  // namespace kavr6

@@ -14,7 +14,7 @@ namespace {
 
 std::vector<std::string> FilesOf(const QMimeData& dragged) {
   std::vector<std::string> files;
-  for (const QUrl& url : dragged.urls()) files.push_back(FromQt(url.toLocalFile()));
+  for (const QUrl& url : dragged.urls()) files.push_back(PathFromQt(url.toLocalFile()));
   return files;
 }
 

@@ -2,6 +2,7 @@
 
 #include <QHelpEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QStyle>
 #include <QToolTip>
 
@@ -10,12 +11,13 @@ namespace kavr6::widgets {
 // From the longest to the shortest.
 QStringList StatusText::Wordings() const {
   const QString dots = QStringLiteral("\u2026");
+  const QRegularExpression stroke(R"([/\\])");
   QStringList wordings{text()};
   QStringList parts = text().split(", ");
   while (parts.size() > 1) {
     const QString last = parts.takeLast();
     const QString kept = parts.join(", ");
-    for (qsizetype cut = last.indexOf('/', 1); cut > 0; cut = last.indexOf('/', cut + 1))
+    for (qsizetype cut = last.indexOf(stroke, 1); cut > 0; cut = last.indexOf(stroke, cut + 1))
       wordings << kept + ", " + dots + last.mid(cut);
     wordings << kept + " " + dots;
   }
