@@ -86,6 +86,9 @@ class Desktop : public EventPump, public Boxes {
 
   /// Lets the user save what would be lost when the program ends by an error.
   std::function<void()> RescueWork;
+  /// The user's session at the computer is about to end, and the program with it: false keeps the session.
+  /// `mayAsk` gets the system's leave to ask the user; it may wait for that.
+  std::function<bool(const std::function<bool()>& mayAsk)> MaySessionEnd;
   /// Called at the end of each event's work, at whatever depth, and before a box or a modal window stands
   /// open: whatever rests on the screen, nothing of the program has changed that this has not seen. It is
   /// quick, and throws nothing.

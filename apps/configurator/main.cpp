@@ -11,6 +11,7 @@
 #include "adapters/qt/serial/serial_comm.h"
 #include "adapters/qt/windows/forms.h"
 #include "adapters/qt/windows/qt_desktop.h"
+#include "adapters/qt/windows/session_end.h"
 #include "adapters/qt/windows/style/program_style.h"
 #include "adapters/sqlite/motor_tables.h"
 #include "core/program/configurator.h"
@@ -38,5 +39,6 @@ int main(int argc, char** argv) {
   desktop.CallAfter(0.3, [] { QApplication::setWindowIcon(QIcon(":/artwork/kavr6.svg")); });
   desktop.Post([&configurator] { configurator.Start(); });
   const EndSignals endSignals([&desktop](int) { desktop.EndProgram(0); });
+  const SessionEnd sessionEnd(desktop);
   desktop.EndProgram(QApplication::exec());
 }

@@ -55,6 +55,7 @@ Configurator::Configurator(const Machine& machine)
   WireStatus();
   Main.Openers.About = [this] { Credits.Run(); };
   machine.desktop.RescueWork = [this] { Files.RescueSettings(); };
+  machine.desktop.MaySessionEnd = [this](const auto& mayAsk) { return Main.MaySessionEnd(mayAsk); };
 }
 
 // The desktop may live on.
@@ -63,6 +64,7 @@ Configurator::~Configurator() {
   desk.EventDone = nullptr;
   desk.CameBack = nullptr;
   desk.RescueWork = nullptr;
+  desk.MaySessionEnd = nullptr;
   desk.HelpWanted = nullptr;
 }
 

@@ -216,16 +216,24 @@ bool MainForm::MayClose() {
 }
 
 void MainForm::Leave() {
-  if (state_.Modified) {
-    const BoxAnswer answer = Desk().Ask(
-        {.text = "You have made changes without Saving or Downloading.  Do you really want to quit?",
-         .icon = BoxIcon::Question,
-         .title = "Quit",
-         .buttons = BoxButtons::OkCancel,
-         .careful = true});
-    if (answer != BoxAnswer::Ok) return;
-  }
-  Desk().EndProgram(0);
+  if (MayLose()) Desk().EndProgram(0);
+}
+
+bool MainForm::MaySessionEnd(const std::function<bool()>& mayAsk) {
+  if (!state_.Modified) return true;
+  if (!mayAsk() || !Desk().WhatBlocks(*this).empty()) return false;
+  Show();  // it may have been made an icon
+  return MayLose();
+}
+
+bool MainForm::MayLose() {
+  if (!state_.Modified) return true;
+  return Desk().Ask(
+             {.text = "You have made changes without Saving or Downloading.  Do you really want to quit?",
+              .icon = BoxIcon::Question,
+              .title = "Quit",
+              .buttons = BoxButtons::OkCancel,
+              .careful = true}) == BoxAnswer::Ok;
 }
 
 void MainForm::PortChanged() {

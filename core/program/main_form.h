@@ -63,6 +63,9 @@ class MainForm : public MainScreen {
   void ShowLastEvent();
   /// Leaves the program, after the question when there are changes; returns when the user stays.
   void Leave();
+  /// Answers Desktop::MaySessionEnd: the same question. What cannot be asked because there is no leave for
+  /// it, or because the window stands behind a box or a modal one, counts as answered by Cancel.
+  bool MaySessionEnd(const std::function<bool()>& mayAsk);
 
  protected:
   void Load() override;
@@ -73,6 +76,7 @@ class MainForm : public MainScreen {
   void FilesDropped(const std::vector<std::string>& files) override;
 
  private:
+  bool MayLose();
   void StartSharedValues();
   void PlaceWindow();
   void WireButtons();

@@ -1,5 +1,6 @@
 #include "adapters/qt/windows/qt_desktop.h"
 
+#include <QSessionManager>
 #include <QTest>
 #include <QtWidgets>
 
@@ -7,6 +8,7 @@
 
 #include "adapters/qt/base/text.h"
 #include "adapters/qt/windows/entry.h"
+#include "adapters/qt/windows/session_end.h"
 #include "platform/controls.h"
 #include "platform/form.h"
 
@@ -132,6 +134,25 @@ TEST_F(QtDesktopTest, BoxShowsItsTextAsItStandsAndAnswersByKeyOrByClosing) {
     });
     EXPECT_EQ(desktop.Ask(asked), answer);
   }
+}
+
+TEST_F(QtDesktopTest, EndOfTheSessionIsPutToTheLogicAndItsOrderEndsTheProgram) {
+  const SessionEnd session(desktop);
+  auto* const manager = qApp->findChild<QSessionManager*>();
+  ASSERT_NE(manager, nullptr);
+  emit qApp->commitDataRequest(*manager);  // while nobody has anything to lose
+  std::string heard;
+  desktop.MaySessionEnd = [&](const std::function<bool()>& mayAsk) {
+    heard += mayAsk() ? "may ask " : "asked ";  // there is no system here that would give leave
+    return false;
+  };
+  emit qApp->commitDataRequest(*manager);
+  EXPECT_EQ(heard, "asked ");
+  TestForm form(desktop);
+  form.Show();
+  QEvent order(QEvent::Quit);
+  EXPECT_THROW(QCoreApplication::sendEvent(qApp, &order), EndingDesktop::Ended);
+  EXPECT_TRUE(form.Visible());  // its close request was not needed
 }
 
 TEST_F(QtDesktopTest, UnhandledErrorIsReportedAndEndsTheProgram) {

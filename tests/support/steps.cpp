@@ -148,6 +148,13 @@ void Later(S s, W w) {
   });
 }
 
+/// The user logs off; "mute" where the system lets nothing be asked.
+void Logoff(S s, W w) {
+  const bool mute = w.Take("mute");
+  const bool may = s.scene.desktop.MaySessionEnd([mute] { return !mute; });
+  s.recorder->Note(may ? "the session ends" : "the session is kept");
+}
+
 /// What the user cannot do, and why.
 void InVain(S s, W w) {
   try {
@@ -415,6 +422,7 @@ const std::map<std::string, StepDone> kSteps{
     {"encoder", [](S s, W w) { s.scene.drive.SetEncoder(w.Whole()); }},
     {"stall", [](S s, W w) { s.scene.drive.SetStalled(w.YesNo()); }},
     {"sticking", [](S s, W w) { s.scene.drive.SetAlarmSticking(w.YesNo()); }},
+    {"logoff", Logoff},
     {"quit", [](S s, W) { s.scene.desktop.EndProgram(0); }},
     {"screen",
      [](S s, W w) {
