@@ -4,7 +4,7 @@ find_package(Threads REQUIRED)
 
 add_library(kavr6_options INTERFACE)
 target_include_directories(kavr6_options INTERFACE ${CMAKE_SOURCE_DIR})
-target_compile_options(kavr6_options INTERFACE -Wall -Wextra -Wconversion -Wshadow
+target_compile_options(kavr6_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -Woverloaded-virtual
                                                $<$<BOOL:${KAVR6_WARNINGS_ARE_ERRORS}>:-Werror>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # This version sees overlapping copies in every concatenation of a literal and a std::string.

@@ -65,7 +65,7 @@ class Desktop : public EventPump, public Boxes {
 
   /// The form is about to be shown: whatever that needs may be made ready while the program waits for
   /// something else meanwhile.
-  virtual void Expect(Form& /*form*/) {}
+  virtual void BuildAhead(Form& /*form*/) {}
   /// Shows a form that is not shown, or brings a shown one to the front. Used by Form.
   void ShowForm(Form& form, bool modal);
   /// Hides a form; the front goes to the form shown before it. Used by Form.

@@ -5,20 +5,22 @@
 namespace kavr6 {
 namespace {
 
-std::string NoteOf(const PortLook& look) {
+/// `name`: the port's, which on Windows is its device's too.
+std::string NoteOf(const PortLook& look, const std::string& name) {
+  const std::string device = look.device == name ? "" : look.device + ", ";
   switch (look.state) {
     case PortLook::State::NoDevice:
       return "no device";
     case PortLook::State::NotThere:
-      return look.device + ", not there";
+      return device + "not there";
     case PortLook::State::There:
-      return look.device + ", there";
+      return device + "there";
     case PortLook::State::InUse:
-      return look.device + ", in use by another program";
+      return device + "in use by another program";
     case PortLook::State::NotAllowed:
-      return look.device + ", no permission";
+      return device + "no permission";
     case PortLook::State::Open:
-      return look.device + ", open";
+      return device + "open";
   }
   return {};
 }
@@ -34,7 +36,8 @@ PortNotes::PortNotes(ListBox& list, MSComm& comm) : list_(list), comm_(comm) {
 }
 
 void PortNotes::Tell() {
-  for (int row = 0; row < list_.Count(); ++row) list_.SetItemNote(row, NoteOf(comm_.Look(row + 1)));
+  for (int row = 0; row < list_.Count(); ++row)
+    list_.SetItemNote(row, NoteOf(comm_.Look(row + 1), list_.Item(row)));
 }
 
 }  // namespace kavr6

@@ -10,7 +10,7 @@ void StartForm::Load() {
   state_.AppVersion = VersionText(Desk().Version());
   lblVersion.SetCaption("Version " + state_.AppVersion);
   Show();
-  Desk().Expect(mainForm_);  // its window is made while the drive is asked who it is
+  Desk().BuildAhead(mainForm_);  // its window is made while the drive is asked who it is
   mainForm_.EnsureLoaded();
   Hide();
   mainForm_.Show();

@@ -88,8 +88,8 @@ class QtDesktopTest : public testing::Test {
 TEST_F(QtDesktopTest, ExpectedFormIsBuiltInTheNextWaitAndTakesWhatItsControlsHoldByThen) {
   TestForm form(desktop);
   auto gone = std::make_unique<TestForm>(desktop);
-  desktop.Expect(form);
-  desktop.Expect(*gone);
+  desktop.BuildAhead(form);
+  desktop.BuildAhead(*gone);
   gone.reset();
   EXPECT_EQ(desktop.WindowOf(form), nullptr);
   desktop.PumpEvents();

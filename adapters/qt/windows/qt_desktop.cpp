@@ -128,7 +128,7 @@ QWidget* QtDesktop::BoxParent() const {
   return front == ShownForms().rend() ? nullptr : WindowOf(**front);
 }
 
-void QtDesktop::Expect(Form& form) {
+void QtDesktop::BuildAhead(Form& form) {
   NoLongerExpected(form);
   expected_[&form] = Post([this, &form] { Built(form); });
 }

@@ -43,7 +43,7 @@ class QtDesktop : public Desktop {
   TwipSize ScreenSize() const override;
   std::filesystem::path ProgramDirectory() const override;
   ProgramVersion Version() const override;
-  void Expect(Form& form) override;
+  void BuildAhead(Form& form) override;
   /// The window of a form; null before it has been built.
   QWidget* WindowOf(const Form& form) const;
   /// The window that a box or a dialog opens above; null without any.

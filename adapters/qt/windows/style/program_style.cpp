@@ -281,6 +281,11 @@ QIcon ProgramStyle::standardIcon(StandardPixmap icon, const QStyleOption* option
 }
 
 void UseProgramStyle() {
+#ifdef Q_OS_WIN
+  // Else the toolkit darkens no more than the frames of windows on a dark desktop.
+  constexpr const char* kPlatform = "QT_QPA_PLATFORM";
+  if (!qEnvironmentVariableIsSet(kPlatform)) qputenv(kPlatform, "windows:darkmode=2");
+#endif
   if (QCoreApplication::instance() == nullptr ||
       qobject_cast<ProgramStyle*>(QApplication::style()) == nullptr)
     QApplication::setStyle(new ProgramStyle);

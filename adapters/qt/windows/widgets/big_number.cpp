@@ -16,8 +16,8 @@ constexpr double kLeastHeight = 0.6;
 
 double FigureWidth(const QFontMetricsF& metrics) {
   double widest = 0;
-  for (const char16_t figure : u"0123456789-")
-    widest = std::max(widest, metrics.horizontalAdvance(QChar(figure)));
+  for (const QChar figure : QStringLiteral("0123456789-"))
+    widest = std::max(widest, metrics.horizontalAdvance(figure));
   return widest;
 }
 
