@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QThread>
 #include <array>
 #include <cerrno>
 
@@ -71,10 +72,14 @@ void RequireReplaceable(const QFileInfo& file) {
 constexpr std::array kDiskFullErrors{ERROR_DISK_FULL, ERROR_HANDLE_DISK_FULL};
 /// The folder and the file could be written to by then.
 constexpr const char* kNotReplaced = "; another program may have the file open";
+/// A virus scanner or a backup has a file open for a moment, and no file that is open can be replaced.
+constexpr int kTries = 4;
 #else
 constexpr std::array kDiskFullErrors{ENOSPC, EDQUOT};
 constexpr const char* kNotReplaced = "";
+constexpr int kTries = 1;
 #endif
+constexpr unsigned long kMillisecondsBetweenTries = 100;
 
 /// `words`: the system's own. Its number of an error need not outlive their making.
 [[noreturn]] void FailWriting(const QString& words) {
@@ -93,6 +98,19 @@ void WriteAll(QSaveFile& file, std::string_view content) {
   // Some disks tell only now that they are full; some cannot be asked.
   if (::fsync(file.handle()) != 0 && errno != EINVAL && errno != ENOTSUP) FailWriting(qt_error_string(errno));
 #endif
+}
+
+/// Why the target has not been replaced; empty when it has.
+QString ReplaceNow(const QFileInfo& target, std::string_view content) {
+  QSaveFile file(target.filePath());
+  // Without a buffer of the toolkit's an error belongs to the call that meets it.
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+    RequireFolder(target);
+    Fail(kAccessError, "the folder " + target.absolutePath() + " cannot be written to (" +
+                           Clause(file.errorString()) + ")");
+  }
+  WriteAll(file, content);
+  return file.commit() ? QString() : Clause(file.errorString());
 }
 
 }  // namespace
@@ -115,15 +133,12 @@ std::string DiskFiles::Read(const std::string& name) const {
 void DiskFiles::Replace(const std::string& name, std::string_view content) {
   const QFileInfo target = Target(name);
   RequireReplaceable(target);
-  QSaveFile file(target.filePath());
-  // Without a buffer of the toolkit's an error belongs to the call that meets it.
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-    RequireFolder(target);
-    Fail(kAccessError, "the folder " + target.absolutePath() + " cannot be written to (" +
-                           Clause(file.errorString()) + ")");
+  QString cause = ReplaceNow(target, content);
+  for (int tries = 1; !cause.isEmpty() && tries < kTries; ++tries) {
+    QThread::msleep(kMillisecondsBetweenTries);
+    cause = ReplaceNow(target, content);
   }
-  WriteAll(file, content);
-  if (!file.commit()) Fail(kAccessError, Clause(file.errorString()) + kNotReplaced);
+  if (!cause.isEmpty()) Fail(kAccessError, cause + kNotReplaced);
 }
 
 }  // namespace kavr6
